@@ -1,0 +1,25 @@
+#include "figures.h"
+
+namespace gallery {
+
+std::vector<Figure> allFigures()
+{
+    std::vector<Figure> (*const subjects[])() = {
+        constructionFigures,
+    };
+    std::vector<Figure> figures;
+    for (auto const subject : subjects) {
+        std::vector<Figure> const some = subject();
+        figures.insert(figures.end(), some.begin(), some.end());
+    }
+    return figures;
+}
+
+std::string render(Figure const &figure)
+{
+    SvgCanvas canvas(figure.title);
+    figure.draw(canvas);
+    return canvas.svg();
+}
+
+} // namespace gallery

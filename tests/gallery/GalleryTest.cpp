@@ -1,0 +1,151 @@
+#include "figures.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <stdexcept>
+
+namespace {
+
+using gallery::Figure;
+using gallery::Role;
+using gallery::SvgCanvas;
+
+struct Content
+{
+    bool wellFormed = false;
+    int solutions = 0;
+    int shapes = 0;
+};
+
+Content contentOf(QByteArray const &svg)
+{
+    Content content;
+    QXmlStreamReader xml(svg);
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement) {
+            continue;
+        }
+        if (xml.attributes().value(QLatin1String("class")) == QLatin1String("solution")) {
+            ++content.solutions;
+        }
+        if (xml.name() == QLatin1String("path") || xml.name() == QLatin1String("ellipse") ||
+            xml.name() == QLatin1String("circle")) {
+            ++content.shapes;
+        }
+    }
+    content.wellFormed = !xml.hasError();
+    return content;
+}
+
+TEST(Gallery, EveryFigureIsWellFormedAndShowsItsSolutions)
+{
+    for (Figure const &figure : gallery::allFigures()) {
+        SCOPED_TRACE(figure.file);
+        Content const content = contentOf(QByteArray::fromStdString(gallery::render(figure)));
+        EXPECT_TRUE(content.wellFormed);
+        EXPECT_EQ(content.solutions, figure.expectedSolutions);
+        EXPECT_GT(content.shapes, 0);
+    }
+}
+
+TEST(Gallery, NoLabelOverlapsAnotherOrLeavesItsPanel)
+{
+    for (Figure const &figure : gallery::allFigures()) {
+        SvgCanvas canvas(figure.title);
+        figure.draw(canvas);
+        for (std::string const &fault : canvas.labelFaults()) {
+            ADD_FAILURE() << figure.file << ": " << fault;
+        }
+    }
+}
+
+TEST(Gallery, FileNamesAreDistinctAndStandInTheDocumentation)
+{
+    QSet<QString> seen;
+    for (Figure const &figure : gallery::allFigures()) {
+        QString const file = QString::fromStdString(figure.file);
+        EXPECT_FALSE(seen.contains(file)) << figure.file;
+        seen.insert(file);
+        EXPECT_TRUE(QFile::exists(QStringLiteral(ORVEL_SOURCE_DIR "/docs/figures/") + file))
+            << figure.file;
+    }
+}
+
+TEST(GalleryProgram, WritesEveryFigureAndNothingElse)
+{
+    QTemporaryDir const temporary;
+    QString const out = temporary.path() + QStringLiteral("/made/on/the/way");
+    QProcess gallery;
+    gallery.start(QStringLiteral(ORVEL_GALLERY), {QStringLiteral("--out"), out});
+    ASSERT_TRUE(gallery.waitForFinished(60000));
+    ASSERT_EQ(gallery.exitCode(), 0) << gallery.readAllStandardError().toStdString();
+
+    std::vector<Figure> const figures = gallery::allFigures();
+    EXPECT_EQ(QDir(out).entryList(QDir::Files).size(), static_cast<int>(figures.size()));
+    for (Figure const &figure : figures) {
+        QFile file(out + QLatin1Char('/') + QString::fromStdString(figure.file));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << figure.file;
+        EXPECT_EQ(file.readAll().toStdString(), gallery::render(figure)) << figure.file;
+    }
+}
+
+TEST(GalleryProgram, RefusesAFolderThatCannotBeMade)
+{
+    QTemporaryDir const temporary;
+    QString const blocker = temporary.path() + QStringLiteral("/file");
+    QFile file(blocker);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    QProcess gallery;
+    gallery.start(QStringLiteral(ORVEL_GALLERY),
+                  {QStringLiteral("--out"), blocker + QStringLiteral("/below")});
+    ASSERT_TRUE(gallery.waitForFinished(60000));
+    EXPECT_NE(gallery.exitCode(), 0);
+    EXPECT_TRUE(gallery.readAllStandardError().contains("cannot make the folder"));
+}
+
+TEST(GalleryProgram, AsksForItsFolder)
+{
+    QProcess gallery;
+    gallery.start(QStringLiteral(ORVEL_GALLERY), QStringList());
+    ASSERT_TRUE(gallery.waitForFinished(60000));
+    EXPECT_NE(gallery.exitCode(), 0);
+}
+
+TEST(SvgCanvas, RefusesCoordinatesThatAreNotFinite)
+{
+    SvgCanvas canvas("broken");
+    gallery::Panel &panel = canvas.panel("", {{0, 0}, {1, 1}});
+    EXPECT_THROW(panel.line({0, 0}, {std::nan(""), 1}, Role::Given), std::runtime_error);
+    EXPECT_THROW(panel.circle({0, 0}, HUGE_VAL, Role::Given), std::runtime_error);
+}
+
+TEST(SvgCanvas, EscapesTextAndKeepsTheNumbersShort)
+{
+    SvgCanvas canvas("a < b & \"c\"");
+    canvas.layout(1, 100, 100);
+    canvas.panel("caption", {{0, 0}, {1, 1}}).line({0, 0}, {1.0 / 3.0, 1}, Role::Given);
+    std::string const svg = canvas.svg();
+    EXPECT_NE(svg.find("a &lt; b &amp; &quot;c&quot;"), std::string::npos);
+    EXPECT_NE(svg.find("M16 136 L49.33 36"), std::string::npos);
+    EXPECT_TRUE(contentOf(QByteArray::fromStdString(svg)).wellFormed);
+}
+
+TEST(SvgCanvas, NamesLabelsThatFindNoRoom)
+{
+    SvgCanvas canvas("crowd");
+    canvas.layout(1, 60, 30);
+    gallery::Panel &panel = canvas.panel("", {{0, 0}, {1, 1}});
+    panel.label({0.5, 0.5}, "a label too long for it");
+    EXPECT_EQ(canvas.labelFaults().size(), 1U);
+}
+
+} // namespace
