@@ -1,0 +1,32 @@
+include(CMakePackageConfigHelpers)
+
+set(config_dir "${CMAKE_INSTALL_LIBDIR}/cmake/OrvelMath")
+set(installed_targets OrvelMath)
+if(NOT ORVELCORE_ROOT)
+    list(APPEND installed_targets OrvelCore)
+endif()
+
+# One export set, hence one namespace, a library.
+foreach(library IN LISTS installed_targets)
+    install(TARGETS ${library} EXPORT ${library}Targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    install(EXPORT ${library}Targets NAMESPACE ${library}:: DESTINATION ${config_dir})
+endforeach()
+
+# Headers with the suffix _p are the library's own business and stay at home.
+foreach(library IN ITEMS OrvelCore OrvelMath)
+    install(DIRECTORY libs/${library} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
+endforeach()
+
+configure_package_config_file(cmake/OrvelMathConfig.cmake.in OrvelMathConfig.cmake
+    INSTALL_DESTINATION ${config_dir})
+write_basic_package_version_file(OrvelMathConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES
+    "${CMAKE_CURRENT_BINARY_DIR}/OrvelMathConfig.cmake"
+    "${CMAKE_CURRENT_BINARY_DIR}/OrvelMathConfigVersion.cmake"
+    DESTINATION ${config_dir})
+
+configure_file(cmake/OrvelMath.pc.in OrvelMath.pc @ONLY)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/OrvelMath.pc"
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

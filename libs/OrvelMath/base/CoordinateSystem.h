@@ -1,0 +1,21 @@
+#pragma once
+
+#include <OrvelMath/base/Point3D.h>
+#include <OrvelMath/base/classAllocation.h>
+
+#include <QtCore/qglobal.h>
+
+/// Three axes and an origin. A plain value; see Matrix4X4C for the matrix that it stands for.
+struct CoordinateSystem
+{
+    /// Zeroes the four points; `reserved` is left as it is found.
+    CoordinateSystem() {}
+
+    qint64 reserved; ///< neither read nor written by the library; copies carry it along
+    Point3D xAxis;
+    Point3D yAxis;
+    Point3D zAxis;
+    Point3D origin;
+
+    ORVELMATH_CLASS_ALLOCATION
+};

@@ -1,0 +1,167 @@
+#pragma once
+
+#include <OrvelMath/OrvelMathExport.h>
+#include <OrvelMath/base/valueTypes.h>
+
+class Quaternion4D;
+
+// Functions on a bare 4x4 array, row-major: m[row][column]. Points are columns, p' = M p, and the
+// translation stands in the fourth column. All angles are degrees. NaN and infinity pass through
+// the arithmetic.
+
+/// result = a b. The product is formed aside, so `result` may be `a` or `b`.
+ORVELMATH_EXPORT void Math3DMultMatrix(double (*const result)[4], const double (*const a)[4],
+                                       const double (*const b)[4]);
+
+/// m = R m with R = Rz(-c) Ry(b) Rx(-a), written with the right-handed rotations about the axes:
+/// the x and the z angle turn opposite to the y angle.
+///
+/// @param m       read and written
+/// @param a, b, c angles about x, y and z, degrees
+ORVELMATH_EXPORT void Math3DRotateMatrix(double (*const m)[4], double a, double b, double c);
+
+/// m = T m, with (x, y, z) in the fourth column of T.
+ORVELMATH_EXPORT void Math3DTranslateMatrix(double (*const m)[4], double x, double y, double z);
+
+/// m = S m, with S = diag(x, y, z, 1).
+ORVELMATH_EXPORT void Math3DScaleMatrix(double (*const m)[4], double x, double y, double z);
+
+/// Overwrites `m` with the rotation about a line, counter-clockwise seen against `direction`.
+///
+/// @param point     a point on the line
+/// @param direction of any length; a zero direction yields NaN
+/// @param m         written
+/// @param angle     degrees
+ORVELMATH_EXPORT void Math3DGetRotateAxisMatrix(const Point3D &point, const Point3D &direction,
+                                                double (*const m)[4], double angle);
+
+/// Inverts in place by Gauss-Jordan elimination without a search for large pivots; a pivot of
+/// exactly 0 is repaired by adding a row.
+///
+/// Every element that a step writes is set to 0 when its size is below 1e-9, so that small elements
+/// of an inverse vanish: diag(1e10, 1, 1, 1) gives 0 in the corner. Returns false for a singular
+/// matrix; `m` is then left half reduced.
+ORVELMATH_EXPORT bool Math3DInvertMatrix(double (*const m)[4]);
+
+/// Sets elements of the top-left 3x3 part whose size is below 1e-9 to 0.
+ORVELMATH_EXPORT void Math3DCorrectMatrix(double (*const m)[4]);
+
+/// Sets elements of the top-left 3x3 part that differ from 1 or -1 by less than 1e-9 to 1 or -1.
+ORVELMATH_EXPORT void Math3DCorrectMatrixOne(double (*const m)[4]);
+
+/// Transposes all four rows and columns in place.
+ORVELMATH_EXPORT void Math3DTransponateMatrix(double (*const m)[4]);
+
+/// Makes the three axis columns orthonormal: the first keeps its direction, the third is rebuilt
+/// from the first two and never read. Axes of length exactly 0 stay 0. Translation and fourth row
+/// stay.
+ORVELMATH_EXPORT void Math3DRefresh(double (&m)[4][4]);
+
+/// True when all 16 elements differ by less than `tolerance`, strictly: with 0 no matrix equals
+/// itself. NaN compares unequal.
+ORVELMATH_EXPORT bool Math3DCompareMatrix(const double (*const a)[4], const double (*const b)[4],
+                                          double tolerance);
+
+/// True when the length of each of the three axis columns differs from 1 by no more than 1e-9. Not
+/// a test of orthogonality; a mirror passes, and so does NaN.
+ORVELMATH_EXPORT bool Math3DCheckMatrix(const double (*const m)[4]);
+
+/// The homogeneous transformation of the library: 16 doubles, row-major. A plain value.
+///
+/// `Rotate`, `Translate` and `Scale` act after what the matrix does already. Angles are degrees.
+class ORVELMATH_EXPORT Matrix4X4C
+{
+public:
+    /// The identity.
+    Matrix4X4C();
+    Matrix4X4C(const Matrix4X4C &) = default;
+    Matrix4X4C(const double (&values)[4][4]);
+    /// From the column-major image of the same mathematical matrix.
+    Matrix4X4C(const matrixC4x4<double> &m);
+    Matrix4X4C &operator=(const Matrix4X4C &) = default;
+
+    void fromMatrixC4x4Dbl(const matrixC4x4<double> &m);
+    /// The column-major image of the same mathematical matrix.
+    operator matrixC4x4<double>() const;
+
+    /// Sets the identity.
+    void Init();
+
+    void SetMatrixRef(const double (&values)[4][4]);
+    void GetMatrixCopy(double (&values)[4][4]) const;
+    /// The array itself, to be written through also where the matrix is const.
+    double (&GetMatrixRef() const)[4][4];
+    const double (&GetConstMatrixRef() const)[4][4];
+    /// The 16 values row by row.
+    void SetFromDouble(double m00, double m01, double m02, double m03, double m10, double m11,
+                       double m12, double m13, double m20, double m21, double m22, double m23,
+                       double m30, double m31, double m32, double m33);
+
+    /// Columns from the axes and the origin; the fourth row becomes (0, 0, 0, 1).
+    void SetFromCoordSystem(const CoordinateSystem &system);
+    /// Axes and origin from the top three rows; the leading member is left as it is found.
+    CoordinateSystem GetCoordinateSystem() const;
+
+    /// From the transposed textbook matrix of a rotation, see Quaternion4D::GetMatrix.
+    void SetFromQuaternion(Quaternion4D &q);
+    /// See Quaternion4D::SetMatrix.
+    Quaternion4D GetQuaternion() const;
+
+    /// From 16 values in column-major order.
+    void SetFromOpenGL(double *const values);
+    void SetFromOpenGL(float *const values);
+    /// Writes 16 values in column-major order; the float form narrows.
+    void GetOpenGL(double *const values) const;
+    void GetOpenGL(float *const values) const;
+
+    /// Top three elements of the columns: axes and translation.
+    void SetMatX(const Point3D &axis);
+    void SetMatY(const Point3D &axis);
+    void SetMatZ(const Point3D &axis);
+    void SetMatT(const Point3D &translation);
+    Point3D GetMatX() const;
+    Point3D GetMatY() const;
+    Point3D GetMatZ() const;
+    Point3D GetMatT() const;
+
+    /// See Math3DRotateMatrix, with its signs; degrees.
+    void Rotate(double a, double b, double c);
+    void Translate(double x, double y, double z);
+    void Scale(double x, double y, double z);
+    /// Overwrites the object, see Math3DGetRotateAxisMatrix; degrees.
+    void CalcRotateAxisMatrix(const Point3D &point, const Point3D &direction, double angle);
+
+    /// See Math3DInvertMatrix; false leaves the object half reduced.
+    bool Invert();
+    /// Inverse of a rotation with translation: transposes the 3x3 part and turns the translation
+    /// back. The fourth row is left alone, and nothing checks that the axes are orthonormal.
+    void InvertOrthogonal();
+    void Correct();
+    void CorrectOne();
+    /// See Math3DRefresh.
+    void AlignAxis();
+    void Transponate();
+    bool CheckMatrix() const;
+    /// True when the sums of the first three rows are finite. The fourth row is not looked at.
+    bool IsValidMatrix() const;
+
+    /// All elements differ by less than 1e-4.
+    bool operator==(const Matrix4X4C &o) const;
+    bool operator!=(const Matrix4X4C &o) const;
+    Matrix4X4C operator*(const Matrix4X4C &o) const;
+    /// this = this times `o`.
+    Matrix4X4C &operator*=(const Matrix4X4C &o);
+    /// All 16 signs flipped, those of the fourth row as well.
+    Matrix4X4C operator-() const;
+
+    /// Image of a point; no division by the homogeneous component.
+    Point3D MultMatrixVector(const Point3D &p) const;
+    /// Image of a point, multiplied by the reciprocal of its homogeneous component, which is not
+    /// guarded against 0.
+    Point3D MultMatrixVectorRespectW(const Point3D &p) const;
+
+    ORVELMATH_CLASS_ALLOCATION
+
+private:
+    double m_m[4][4];
+};

@@ -1,0 +1,29 @@
+#include <OrvelMath/base/Point2D.h>
+
+Point2D VecWin(double angle)
+{
+    double const radians = angle * 3.141592653589793 / 180.0;
+    return {std::cos(radians), std::sin(radians)};
+}
+
+double WinVec(double x, double y)
+{
+    if (x == 0.0) {
+        return 0.0 > y ? 270.0 : 90.0;
+    }
+    double const angle = std::atan(y / x) / 0.017453292519943295;
+    if (x > 0.0) {
+        return y > 0.0 ? angle : angle + 360.0;
+    }
+    return angle + 180.0;
+}
+
+double WinVec(const Point2D &v)
+{
+    return WinVec(v.x(), v.y());
+}
+
+double MatUtil::getSquareOfLength(const Point2D &v)
+{
+    return v.Length2();
+}

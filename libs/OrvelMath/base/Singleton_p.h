@@ -1,0 +1,65 @@
+#pragma once
+
+#include <OrvelCore/runtime/ProcessServices.h>
+
+#include <typeinfo>
+
+/// The one instance of T in this module, built at the first access and torn down by the core's
+/// global clean-up; an access after that builds it anew.
+///
+/// All changes of state go through one compare-and-exchange word. A thread that meets the instance
+/// while another builds or destroys it sleeps 50 milliseconds at a time until it is settled.
+template <typename T>
+class Singleton
+{
+public:
+    /// The instance. What its construction throws comes through, and the state is then as before.
+    static T *instance()
+    {
+        for (;;) {
+            int const state = __atomic_load_n(&s_state, __ATOMIC_ACQUIRE);
+            if (state == Ready) {
+                return s_instance;
+            }
+            if (state == Absent && mzThreadSafeExchangeInt(&s_state, Absent, BeingBuilt)) {
+                return build();
+            }
+            mzSleep(50);
+        }
+    }
+
+    /// Destroys the instance; does nothing unless it is ready.
+    static void cleanUp()
+    {
+        if (!mzThreadSafeExchangeInt(&s_state, Ready, BeingDestroyed)) {
+            return;
+        }
+        baselog_singleton_changed(typeid(T).name(), cleanUp, 0, 1);
+        delete s_instance;
+        s_instance = nullptr;
+        mzThreadSafeExchangeInt(&s_state, BeingDestroyed, Absent);
+        baselog_singleton_changed(typeid(T).name(), cleanUp, 0, 2);
+    }
+
+private:
+    enum State { Absent = 0, BeingBuilt = 1, Ready = 2, BeingDestroyed = 3 };
+
+    static T *build()
+    {
+        baselog_singleton_changed(typeid(T).name(), cleanUp, 0, 0);
+        T *built = nullptr;
+        try {
+            built = new T;
+        } catch (...) {
+            mzThreadSafeExchangeInt(&s_state, BeingBuilt, Absent);
+            throw;
+        }
+        s_instance = built;
+        mzRegisterGlobalCleanup(cleanUp, 0);
+        mzThreadSafeExchangeInt(&s_state, BeingBuilt, Ready);
+        return built;
+    }
+
+    static inline int s_state = Absent;
+    static inline T *s_instance = nullptr;
+};
