@@ -2,6 +2,7 @@
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/valueTypes.h>
+#include <OrvelMath/geom3d/TriangleCuboidIntersector.h>
 
 /// Vector geometry on the second generation of value types.
 ///
