@@ -1,0 +1,101 @@
+#include <OrvelMath/geom2d/Math2D.h>
+
+#include <cmath>
+
+namespace {
+
+struct Vector
+{
+    Vector(Point2D const &from, Point2D const &to)
+        : x(to.x() - from.x())
+        , y(to.y() - from.y())
+    {
+    }
+
+    double length() const { return std::sqrt(x * x + y * y); }
+
+    double x;
+    double y;
+};
+
+/// Whether a place along a segment is within tol of one of its ends.
+bool isAtEnd(double place, double length, double tol)
+{
+    return tol > place || place > length - tol;
+}
+
+/// Crossing and class of the segments p0 + t d and p2 + s e, whose cross product is given.
+IntersectionType cross(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &p3,
+                       Vector const &d, Vector const &e, double crossProduct, Point2D &out,
+                       double tol)
+{
+    double const t = ((p2.x() - p0.x()) * e.y - (p2.y() - p0.y()) * e.x) / crossProduct;
+    if (t < 0 || t > 1)
+        return NoIntersection;
+    // Along the second segment from p3 back to p2.
+    double const u =
+        ((p1.y() - p3.y()) * (p0.x() - p1.x()) - (p1.x() - p3.x()) * (p0.y() - p1.y())) /
+        crossProduct;
+    if (u < 0 || u > 1)
+        return NoIntersection;
+    out = Point2D(p0.x() + t * d.x, p0.y() + t * d.y);
+
+    double const firstLength = d.length();
+    double const secondLength = e.length();
+    bool const atEndOfFirst = isAtEnd(firstLength * t, firstLength, tol);
+    bool const atEndOfSecond = isAtEnd(secondLength * u, secondLength, tol);
+    if (atEndOfFirst && atEndOfSecond)
+        return EndToEnd;
+    return atEndOfFirst || atEndOfSecond ? EndOnSegment : ProperCrossing;
+}
+
+} // namespace
+
+int Math2DComparePoints(Point2D const &a, Point2D const &b, double tol)
+{
+    if (a.x() > b.x() + tol)
+        return 1;
+    if (b.x() - tol > a.x())
+        return -1;
+    if (a.y() > b.y() + tol)
+        return 1;
+    return b.y() - tol > a.y() ? -1 : 0;
+}
+
+IntersectionType Math2DIntersect2Lines(Point2D const &p0, Point2D const &p1, Point2D const &p2,
+                                       Point2D const &p3, Point2D &out, double tol)
+{
+    for (Point2D const *end : {&p0, &p1}) {
+        if (Math2DComparePoints(*end, p3, tol) == 0 || Math2DComparePoints(*end, p2, tol) == 0) {
+            out = *end;
+            return EndToEnd;
+        }
+    }
+    Vector const d(p0, p1);
+    Vector const e(p2, p3);
+    double const crossProduct = d.x * e.y - d.y * e.x;
+    if (tol * tol > std::fabs(crossProduct))
+        return NoIntersection;
+    return cross(p0, p1, p2, p3, d, e, crossProduct, out, tol);
+}
+
+IntersectionType Math2DIntersect2LinesWrong(Point2D const &p0, Point2D const &p1, Point2D const &p2,
+                                            Point2D const &p3, Point2D &out, double tol)
+{
+    Vector const d(p0, p1);
+    Vector const e(p2, p3);
+    double const crossProduct = d.x * e.y - d.y * e.x;
+    if (crossProduct == 0.0)
+        return NoIntersection;
+    return cross(p0, p1, p2, p3, d, e, crossProduct, out, tol);
+}
+
+Point2D inter_lin_lin(Point2D const &p, Point2D const &d, Point2D const &q, Point2D const &e,
+                      double /*tol*/)
+{
+    double const crossProduct = d.x() * e.y() - e.x() * d.y();
+    if (crossProduct == 0.0)
+        return Point2D(p.x() + (q.x() - p.x()) * 0.5, p.y() + (q.y() - p.y()) * 0.5);
+    double const t = ((q.x() - p.x()) * e.y() - (q.y() - p.y()) * e.x()) / crossProduct;
+    return Point2D(p.x() + t * d.x(), p.y() + t * d.y());
+}

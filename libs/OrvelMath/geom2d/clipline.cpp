@@ -1,0 +1,117 @@
+#include <OrvelMath/geom2d/Math2D.h>
+
+#include <algorithm>
+
+namespace {
+
+enum : int { Left = 1, Right = 2, Below = 4, Above = 8 };
+
+/// An upright rectangle and the direction, as passed in, of the segment that is clipped at it.
+struct Clipper
+{
+    double xmin;
+    double ymin;
+    double xmax;
+    double ymax;
+    double dx;
+    double dy;
+
+    int outcode(double x, double y) const
+    {
+        int code = 0;
+        if (x < xmin)
+            code |= Left;
+        if (x > xmax)
+            code |= Right;
+        if (y < ymin)
+            code |= Below;
+        if (y > ymax)
+            code |= Above;
+        return code;
+    }
+
+    /// Moves an end to the border, in x and then in y as its outcode tells.
+    void move(int code, double &x, double &y) const
+    {
+        if (code & Left) {
+            y += (xmin - x) * dy / dx;
+            x = xmin;
+        } else if (code & Right) {
+            y += (xmax - x) * dy / dx;
+            x = xmax;
+        }
+        if (code & Below) {
+            x += (ymin - y) * dx / dy;
+            y = ymin;
+        } else if (code >= Above) {
+            x += (ymax - y) * dx / dy;
+            y = ymax;
+        }
+    }
+
+    void clamp(double &x, double &y) const
+    {
+        x = std::min(std::max(x, xmin), xmax);
+        y = std::min(std::max(y, ymin), ymax);
+    }
+};
+
+/// Finds that a sequence of segments repeats itself, by a mark that is set anew after 1, 2, 4, 8
+/// ... steps (R. P. Brent, 1980).
+class Recurrence
+{
+public:
+    bool repeats(double x1, double y1, double x2, double y2)
+    {
+        if (marked && x1 == mark[0] && y1 == mark[1] && x2 == mark[2] && y2 == mark[3])
+            return true;
+        if (++steps == nextMark) {
+            mark[0] = x1;
+            mark[1] = y1;
+            mark[2] = x2;
+            mark[3] = y2;
+            marked = true;
+            nextMark *= 2;
+        }
+        return false;
+    }
+
+private:
+    double mark[4] = {0.0, 0.0, 0.0, 0.0};
+    bool marked = false;
+    unsigned steps = 0;
+    unsigned nextMark = 1;
+};
+
+} // namespace
+
+bool clipline(double xmin, double ymin, double xmax, double ymax, double &x1, double &y1,
+              double &x2, double &y2)
+{
+    Clipper const clipper{xmin, ymin, xmax, ymax, x2 - x1, y2 - y1};
+    Recurrence recurrence;
+    int code1 = clipper.outcode(x1, y1);
+    int code2 = clipper.outcode(x2, y2);
+    while (code1 != 0 || code2 != 0) {
+        if (code1 & code2)
+            return false;
+        if (code1 != 0) {
+            clipper.move(code1, x1, y1);
+            code1 = clipper.outcode(x1, y1);
+        }
+        if (code1 & code2)
+            return false;
+        if (code2 != 0) {
+            clipper.move(code2, x2, y2);
+            code2 = clipper.outcode(x2, y2);
+        }
+        // On a segment through a corner, rounding may drive an end off one border and back over the
+        // other for ever. Such an end belongs on the corner.
+        if (recurrence.repeats(x1, y1, x2, y2)) {
+            clipper.clamp(x1, y1);
+            clipper.clamp(x2, y2);
+            return true;
+        }
+    }
+    return true;
+}

@@ -1,0 +1,57 @@
+/// @file
+/// Helpers shared by the files of the namespace `concav2d`. Not part of the interface.
+#pragma once
+
+#include <OrvelMath/base/Point2D.h>
+
+#include <cmath>
+
+namespace concav2d {
+
+constexpr double radiansPerDegree = 0.017453292519943295;
+
+/// `ccw_angle_origin` of the directions of three vectors; 0 if two of them are within 1e-6 of
+/// each other.
+int ccw_vectors_origin(Point2D const &u, Point2D const &v, Point2D const &w, double tol);
+
+/// Turn from a over b to c. The tolerance is an area. 1 left, -1 right, -2 straight and c behind
+/// a, 2 straight and c beyond b, 0 straight and between.
+int ccw_points(Point2D const &a, Point2D const &b, Point2D const &c, double tol);
+
+/// Side of the directed edge a to b on which p lies, told on the circle through the three; tol in
+/// degrees. 1 left, -1 right, 0 exactly collinear or coinciding, 2 the end b falls on another
+/// point.
+int edgeSide(Point2D const &a, Point2D const &b, Point2D const &p, double tol);
+
+/// Low and high angle, in degrees, of an arc in its counter-clockwise sense.
+struct Sweep
+{
+    double low;
+    double high;
+};
+
+/// Counter-clockwise sweep of the arc p0, p1, p2 about its centre; tol in degrees.
+Sweep arcSweep(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &centre,
+               double tol);
+
+inline double distance(Point2D const &p, Point2D const &q)
+{
+    double const dx = p.x() - q.x();
+    double const dy = p.y() - q.y();
+    return std::sqrt(dx * dx + dy * dy);
+}
+
+inline double length(Point2D const &v)
+{
+    return std::sqrt(v.x() * v.x() + v.y() * v.y());
+}
+
+/// The vector turned counter-clockwise by an angle in radians.
+inline Point2D turned(Point2D const &v, double angle)
+{
+    double const c = std::cos(angle);
+    double const s = std::sin(angle);
+    return Point2D(c * v.x() - s * v.y(), s * v.x() + c * v.y());
+}
+
+} // namespace concav2d

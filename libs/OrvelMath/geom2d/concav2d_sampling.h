@@ -1,0 +1,106 @@
+/// @file
+/// Points along arcs, circles and ellipses.
+///
+/// The sampling functions empty the list without deleting the points that it refers to, and
+/// append points that are each allocated alone, with `new Point2D`. From then on the caller owns
+/// them and deletes each one:
+///
+/// @code
+/// QLinkedList<Point2D *> points;
+/// concav2d::getCirclePoints(centre, 2.0, points, 0.0);
+/// // ...
+/// qDeleteAll(points);
+/// @endcode
+///
+/// The angle of a sample is the sum of the steps so far, not a multiple of the step, and the end
+/// point is always appended once more at its own angle. If the sum reaches the end angle exactly,
+/// the end point stands twice.
+#pragma once
+
+#include <OrvelMath/OrvelMathExport.h>
+#include <OrvelMath/base/Point2D.h>
+
+// Qt 5.15 declares QLinkedList deprecated, and it is the type of this interface. The attribute is
+// kept from it here, the one place, so that a client's own lists compile without a warning too; if
+// the client included QLinkedList before, at least the declarations below stay silent.
+#include <QtCore/qglobal.h>
+#pragma push_macro("QT_DEPRECATED_VERSION_X_5_15")
+#undef QT_DEPRECATED_VERSION_X_5_15
+#define QT_DEPRECATED_VERSION_X_5_15(text)
+#include <QtCore/QLinkedList>
+#pragma pop_macro("QT_DEPRECATED_VERSION_X_5_15")
+
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_DEPRECATED
+
+namespace concav2d {
+
+/// Samples a three-point arc counter-clockwise. An arc given clockwise runs from p2 to p0.
+///
+/// @param points receives the samples; emptied in any case.
+/// @param tol not read.
+/// @param step radians; exactly 0 means five degrees. A negative step, or one too small to change
+///             the angle, does not end.
+/// @return 0 done; 1 if the three points are exactly collinear, the list then is empty.
+///
+/// The number of points is the whole part of sweep / step, plus 2. Cost: two allocations, a sine
+/// and a cosine a point.
+ORVELMATH_EXPORT int getArcPoints(Point2D const &p0, Point2D const &p1, Point2D const &p2,
+                                  QLinkedList<Point2D *> &points, double tol, double step);
+
+/// Samples a circle counter-clockwise from the angle 0, and closes it with a point at the full
+/// turn.
+///
+/// @param points receives the samples; emptied first. Even a step above a full turn gives the
+///               first and the closing point.
+/// @param step radians; exactly 0 means five degrees. A negative step, or one too small to change
+///             the angle, does not end.
+/// @return always 0.
+ORVELMATH_EXPORT int getCirclePoints(Point2D const &centre, double radius,
+                                     QLinkedList<Point2D *> &points, double step);
+
+/// Samples an ellipse arc counter-clockwise from start to end.
+///
+/// @param axisA first semi-axis as a vector: its length and its direction.
+/// @param axisB second semi-axis; only its length is read.
+/// @param start, end parameter angles in degrees. If start lies above end it is lowered by a full
+///                   turn.
+/// @param points receives the samples; emptied first.
+/// @param step radians of the parameter angle; exactly 0 means five degrees. A negative step, or
+///             one too small to change the angle, does not end.
+/// @return always 0.
+ORVELMATH_EXPORT int getEllipseArcPoints(Point2D const &centre, Point2D const &axisA,
+                                         Point2D const &axisB, double start, double end,
+                                         QLinkedList<Point2D *> &points, double step);
+
+/// Samples a full ellipse counter-clockwise, and closes it with a point at the full turn.
+///
+/// @param axisA, axisB vectors whose lengths are the semi-axes; their directions are not read.
+/// @param rotation of the ellipse's own x axis, in degrees.
+/// @param points receives the samples; emptied first. Even a step above a full turn gives the
+///               first and the closing point.
+/// @param step radians of the parameter angle; exactly 0 means five degrees. A negative step, or
+///             one too small to change the angle, does not end.
+/// @return always 0.
+ORVELMATH_EXPORT int getEllipsePoints(Point2D const &centre, Point2D const &axisA,
+                                      Point2D const &axisB, double rotation,
+                                      QLinkedList<Point2D *> &points, double step);
+
+/// Point of an ellipse at a parameter angle.
+///
+/// @param a, b semi-axes.
+/// @param rotation of the ellipse's own x axis, in degrees; mind that it stands before the angle.
+/// @param angle parameter angle in degrees.
+/// @return always 0.
+ORVELMATH_EXPORT int getEllipsePoint(Point2D const &centre, double a, double b, Point2D &out,
+                                     double rotation, double angle);
+
+/// Point of an ellipse at a parameter angle, with the lengths of two vectors as semi-axes. The
+/// directions of the vectors are not read.
+ORVELMATH_EXPORT int getEllipsePoint(Point2D const &centre, Point2D const &axisA,
+                                     Point2D const &axisB, Point2D &out, double rotation,
+                                     double angle);
+
+} // namespace concav2d
+
+QT_WARNING_POP
