@@ -63,8 +63,7 @@ ORVELMATH_EXPORT bool intersectPlanes(vectorC3d<double> const &point1,
                                       vectorC3d<double> const &normal1,
                                       vectorC3d<double> const &point2,
                                       vectorC3d<double> const &normal2,
-                                      vectorC3d<double> &linePoint,
-                                      vectorC3d<double> &direction);
+                                      vectorC3d<double> &linePoint, vectorC3d<double> &direction);
 
 /// Finds the common point of two lines. Returns false, and leaves `point` alone, for parallel,
 /// coincident and skew lines alike.
@@ -75,8 +74,7 @@ ORVELMATH_EXPORT bool intersectPlanes(vectorC3d<double> const &point1,
 ORVELMATH_EXPORT bool intersectLines(vectorC3d<double> const &point1,
                                      vectorC3d<double> const &direction1,
                                      vectorC3d<double> const &point2,
-                                     vectorC3d<double> const &direction2,
-                                     vectorC3d<double> &point);
+                                     vectorC3d<double> const &direction2, vectorC3d<double> &point);
 
 /// Finds the common point of a line and a plane. Returns false, and leaves `point` alone, when the
 /// scalar product of `direction` and `normal` is below 1e-5 in magnitude. That test is absolute,
@@ -84,8 +82,7 @@ ORVELMATH_EXPORT bool intersectLines(vectorC3d<double> const &point1,
 ORVELMATH_EXPORT bool intersectLinePlane(vectorC3d<double> const &linePoint,
                                          vectorC3d<double> const &direction,
                                          vectorC3d<double> const &planePoint,
-                                         vectorC3d<double> const &normal,
-                                         vectorC3d<double> &point);
+                                         vectorC3d<double> const &normal, vectorC3d<double> &point);
 
 /// Finds a plane that halves two planes: it holds their common line and the sum of their normals.
 /// With unit normals it is one of the two planes that have equal distances to both. `normal` is a
@@ -96,8 +93,7 @@ ORVELMATH_EXPORT bool intersectLinePlane(vectorC3d<double> const &linePoint,
 ORVELMATH_EXPORT void bisectingPlane(vectorC3d<double> const &point1,
                                      vectorC3d<double> const &normal1,
                                      vectorC3d<double> const &point2,
-                                     vectorC3d<double> const &normal2,
-                                     vectorC3d<double> &point,
+                                     vectorC3d<double> const &normal2, vectorC3d<double> &point,
                                      vectorC3d<double> &normal);
 
 /// Returns the centre of the sphere through four points and writes its radius. When the points are
@@ -106,8 +102,7 @@ ORVELMATH_EXPORT void bisectingPlane(vectorC3d<double> const &point1,
 ORVELMATH_EXPORT vectorC3d<double> getSphereCenter(vectorC3d<double> const &a,
                                                    vectorC3d<double> const &b,
                                                    vectorC3d<double> const &c,
-                                                   vectorC3d<double> const &d,
-                                                   double &radius);
+                                                   vectorC3d<double> const &d, double &radius);
 
 /// Tests the LINE through `origin` along `direction` against the triangle a, b, c (Möller and
 /// Trumbore, 1997). Both faces count, and so does the boundary.

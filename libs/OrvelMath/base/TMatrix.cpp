@@ -1,0 +1,174 @@
+#include <OrvelMath/base/TMatrix.h>
+
+#include <cmath>
+
+static_assert(sizeof(TMatrix) == 11 * sizeof(double), "angle factor, angle offset, nine elements");
+
+TMatrix::TMatrix()
+    : TMatrix(Point2D(0.0, 0.0))
+{
+}
+
+TMatrix::TMatrix(const Point2D &translation)
+    : mAngleFactor(1.0)
+    , mAngleOffset(0.0)
+    , mMatrix{{1.0, 0.0, translation.x()}, {0.0, 1.0, translation.y()}, {0.0, 0.0, 1.0}}
+{
+}
+
+TMatrix::TMatrix(double angle)
+{
+    const double radians = angle * 3.141592653589793 / 180.0;
+    const double cosine = std::cos(radians);
+    const double sine = std::sin(radians);
+    setMatrix(cosine, -sine, 0.0, sine, cosine, 0.0, 0.0, 0.0, 1.0, 1.0, angle);
+}
+
+TMatrix::TMatrix(double scaleX, double scaleY)
+{
+    setMatrix(std::fabs(scaleX), 0.0, 0.0, 0.0, std::fabs(scaleY), 0.0, 0.0, 0.0, 1.0, 1.0, 0.0);
+    if (0.0 > scaleX)
+        *this = TMatrix(1) * *this;
+    if (0.0 > scaleY)
+        *this = TMatrix(0) * *this;
+}
+
+// No default here: an unknown kind leaves the object as it was.
+TMatrix::TMatrix(int kind)
+{
+    switch (kind) {
+    case 0:
+        setMatrix(1.0, 0.0, 0.0, 0.0, -1.0, 0.0, 0.0, 0.0, 1.0, -1.0, 360.0);
+        break;
+    case 1:
+        setMatrix(-1.0, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0, -1.0, 180.0);
+        break;
+    case 2:
+        setMatrix(0.0, 1.0, 0.0, 1.0, 0.0, 0.0, 0.0, 0.0, 1.0, -1.0, 90.0);
+        break;
+    }
+}
+
+void TMatrix::setMatrix(double m00, double m01, double m02, double m10, double m11, double m12,
+                        double m20, double m21, double m22, double factor, double offset)
+{
+    const double elements[3][3] = {{m00, m01, m02}, {m10, m11, m12}, {m20, m21, m22}};
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column)
+            mMatrix[row][column] = elements[row][column];
+    }
+    mAngleFactor = factor;
+    mAngleOffset = offset;
+}
+
+Point2D TMatrix::operator*(const Point2D &point) const
+{
+    return Point2D(mMatrix[0][1] * point.y() + mMatrix[0][0] * point.x() + mMatrix[0][2],
+                   mMatrix[1][1] * point.y() + mMatrix[1][0] * point.x() + mMatrix[1][2]);
+}
+
+double TMatrix::operator*(double angle) const
+{
+    return angle * mAngleFactor + mAngleOffset;
+}
+
+TMatrix TMatrix::operator*(const TMatrix &other) const
+{
+    TMatrix product;
+    product.mAngleFactor = other.mAngleFactor * mAngleFactor;
+    product.mAngleOffset = other.mAngleOffset * mAngleFactor + mAngleOffset;
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            double sum = 0.0;
+            for (int k = 0; k < 3; ++k)
+                sum += mMatrix[row][k] * other.mMatrix[k][column];
+            product.mMatrix[row][column] = sum;
+        }
+    }
+    return product;
+}
+
+TMatrix &TMatrix::operator*=(const TMatrix &other)
+{
+    *this = *this * other;
+    return *this;
+}
+
+TMatrix TMatrix::operator~() const
+{
+    TMatrix source(*this);
+    TMatrix companion;
+    auto &a = source.mMatrix;
+    auto &b = companion.mMatrix;
+    for (int i = 0; i < 3; ++i) {
+        if (a[i][i] == 0.0) {
+            int donor = i;
+            while (donor < 3 && a[donor][i] == 0.0)
+                ++donor;
+            if (donor == 3)
+                return TMatrix();
+            for (int k = 0; k < 3; ++k) {
+                a[i][k] += a[donor][k];
+                b[i][k] += b[donor][k];
+            }
+        }
+        for (int row = 0; row < 3; ++row) {
+            if (row == i)
+                continue;
+            const double factor = a[row][i] / a[i][i];
+            for (int k = 0; k < 3; ++k) {
+                a[row][k] = a[row][k] - factor * a[i][k];
+                b[i][k] = b[i][k] - b[i][k] * factor; // row i of the companion: see the header
+            }
+        }
+        const double pivot = a[i][i];
+        for (int k = 0; k < 3; ++k) {
+            a[i][k] /= pivot;
+            b[i][k] /= pivot;
+        }
+    }
+    return companion;
+}
+
+double TMatrix::Laenge(double length) const
+{
+    const double half = std::sqrt(0.5);
+    const Point2D diagonal = *this * Point2D(half, half) - *this * Point2D(0.0, 0.0);
+    return diagonal.Length() * length;
+}
+
+bool TMatrix::isMirrorMatrix() const
+{
+    return 0.0 > mAngleFactor;
+}
+
+TMatrix &TMatrix::correct()
+{
+    for (int row = 0; row < 2; ++row) {
+        for (int column = 0; column < 2; ++column) {
+            double &value = mMatrix[row][column];
+            if (-1e-9 < value && value < 1e-9) // an element
+                value = 0.0;
+        }
+    }
+    return *this;
+}
+
+TMatrix &TMatrix::correctOne()
+{
+    for (int row = 0; row < 2; ++row) {
+        for (int column = 0; column < 2; ++column) {
+            double &value = mMatrix[row][column];
+            if (0.999999999 < value && value < 1.000000001) // within 1e-9 of 1
+                value = 1.0;
+            else if (-1.000000001 < value && value < -0.999999999) // within 1e-9 of -1
+                value = -1.0;
+        }
+    }
+    return *this;
+}
+
+double TMatrix::getValue(int column, int row)
+{
+    return mMatrix[row][column];
+}

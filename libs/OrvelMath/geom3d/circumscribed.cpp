@@ -1,0 +1,62 @@
+#include <OrvelMath/geom3d/MatUtil.h>
+
+#include <OrvelMath/numerics/LinearSystemT_p.h>
+
+namespace {
+
+double dotProduct(Point2D const &a, Point2D const &b)
+{
+    return a.x() * b.x() + a.y() * b.y();
+}
+
+} // namespace
+
+Point2D MatUtil::getPerpendicularVector(Point2D const &v)
+{
+    return Point2D(v.y(), -v.x());
+}
+
+Point2D MatUtil::getCircleCenter(Point2D const &a, Point2D const &b, Point2D const &c,
+                                 double &radius)
+{
+    const Point2D ab = a - b;
+    const Point2D bc = b - c;
+    const Point2D ca = c - a;
+    const double cross = bc.y() * ab.x() - bc.x() * ab.y();
+    const double denominator = cross * cross + cross * cross;
+    if (1e-6 > denominator) { // fourth power of a length
+        radius = -1.0;
+        return Point2D(0.0, 0.0);
+    }
+    const double weightA = -getSquareOfLength(bc) * dotProduct(ca, ab) / denominator;
+    const double weightB = -getSquareOfLength(ca) * dotProduct(bc, ab) / denominator;
+    const double weightC = -getSquareOfLength(ab) * dotProduct(ca, bc) / denominator;
+    const Point2D center(weightA * a.x() + weightB * b.x() + weightC * c.x(),
+                         weightA * a.y() + weightB * b.y() + weightC * c.y());
+    radius = (center - a).Length();
+    return center;
+}
+
+vectorC3d<double> MatUtil::getSphereCenter(vectorC3d<double> const &a, vectorC3d<double> const &b,
+                                           vectorC3d<double> const &c, vectorC3d<double> const &d,
+                                           double &radius)
+{
+    const vectorC3d<double> ab = b - a;
+    const vectorC3d<double> ac = c - a;
+    const vectorC3d<double> ad = d - a;
+    const double columns[9] = {ab.x(), ac.x(), ad.x(), ab.y(), ac.y(),
+                               ad.y(), ab.z(), ac.z(), ad.z()};
+    const double squareOfA = a.squaredLength();
+    const double rhs[3] = {(b.squaredLength() - squareOfA) * 0.5,
+                           (c.squaredLength() - squareOfA) * 0.5,
+                           (d.squaredLength() - squareOfA) * 0.5};
+    const LinearSystemT<3, 3> bisectors(columns, 1e-6); // lengths, and lengths times sines
+    double solution[3];
+    if (bisectors.solve(rhs, solution) != 0) {
+        radius = -1.0;
+        return vectorC3d<double>();
+    }
+    const vectorC3d<double> center(solution[0], solution[1], solution[2]);
+    radius = (center - a).length();
+    return center;
+}

@@ -1,0 +1,55 @@
+#include <OrvelMath/geom3d/intersect3d.h>
+
+#include <cmath>
+
+namespace {
+
+double triangleArea(Point2D const &a, Point2D const &b, Point2D const &c)
+{
+    const Point2D ab = b - a;
+    const Point2D ac = c - a;
+    return std::fabs((ab.x() * ac.y() - ab.y() * ac.x()) * 0.5);
+}
+
+} // namespace
+
+int GetDropCoord(Point3D const &normal)
+{
+    const double x = std::fabs(normal.x());
+    const double y = std::fabs(normal.y());
+    const double z = std::fabs(normal.z());
+    if (x >= y && x >= z)
+        return 1;
+    if (y >= x && y >= z)
+        return 2;
+    return 3;
+}
+
+Point2D DropCoord(Point3D const &p, int drop)
+{
+    switch (drop) {
+    case 1:
+        return Point2D(p.y(), p.z());
+    case 2:
+        return Point2D(p.x(), p.z());
+    default:
+        return Point2D(p.x(), p.y());
+    }
+}
+
+bool LineInsideTriangle(Point3D const &t0, Point3D const &t1, Point3D const &t2, Point3D const &p0,
+                        Point3D const &p1, double tol)
+{
+    const Point3D normal = Math3DVektorprodukt(t1 - t0, t2 - t0).Normalize();
+    Point3D crossing;
+    if (!CalcXLinePlane(p0, p1, t0, normal, crossing, nullptr))
+        return false;
+
+    const int drop = GetDropCoord(normal);
+    const Point2D x = DropCoord(crossing, drop);
+    const Point2D a = DropCoord(t0, drop);
+    const Point2D b = DropCoord(t1, drop);
+    const Point2D c = DropCoord(t2, drop);
+    const double sumOfParts = triangleArea(x, b, c) + triangleArea(x, c, a) + triangleArea(x, a, b);
+    return triangleArea(a, b, c) + tol / 100 >= sumOfParts;
+}

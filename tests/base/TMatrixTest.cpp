@@ -1,0 +1,350 @@
+#include <OrvelMath/base/TMatrix.h>
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace {
+
+double factorOf(const TMatrix &t)
+{
+    return t * 1.0 - t * 0.0;
+}
+
+double offsetOf(const TMatrix &t)
+{
+    return t * 0.0;
+}
+
+/// The 2x2 part, then the translation.
+std::array<double, 6> elementsOf(TMatrix t)
+{
+    return {t.getValue(0, 0), t.getValue(1, 0), t.getValue(0, 1),
+            t.getValue(1, 1), t.getValue(2, 0), t.getValue(2, 1)};
+}
+
+std::array<double, 3> thirdRowOf(TMatrix t)
+{
+    return {t.getValue(0, 2), t.getValue(1, 2), t.getValue(2, 2)};
+}
+
+using Elements = std::array<double, 6>;
+const std::array<double, 3> plainThirdRow{0.0, 0.0, 1.0};
+
+double anyNumber()
+{
+    return *rc::gen::inRange(-100000, 100001) / 1000.0;
+}
+
+TMatrix anyStep()
+{
+    switch (*rc::gen::inRange(0, 4)) {
+    case 0:
+        return TMatrix(Point2D(anyNumber(), anyNumber()));
+    case 1:
+        return TMatrix(anyNumber() * 3.6);
+    case 2:
+        return TMatrix(*rc::gen::inRange(0, 3));
+    default: {
+        const double scale = anyNumber() / 50.0 + 3.0;
+        return TMatrix(scale, scale);
+    }
+    }
+}
+
+/// Steps that keep angles, so that the angle map is that of the matrix.
+TMatrix anyTransformation()
+{
+    TMatrix t;
+    const int steps = *rc::gen::inRange(1, 5);
+    for (int i = 0; i < steps; ++i)
+        t *= anyStep();
+    return t;
+}
+
+} // namespace
+
+TEST(TMatrixValue, DefaultIsTheIdentity)
+{
+    const TMatrix t;
+    EXPECT_EQ(elementsOf(t), (Elements{1.0, 0.0, 0.0, 1.0, 0.0, 0.0}));
+    EXPECT_EQ(thirdRowOf(t), plainThirdRow);
+    EXPECT_EQ(factorOf(t), 1.0);
+    EXPECT_EQ(offsetOf(t), 0.0);
+    EXPECT_FALSE(t.isMirrorMatrix());
+}
+
+TEST(TMatrixValue, TranslationMovesPointsAndKeepsAngles)
+{
+    const TMatrix t(Point2D(5.0, 7.0));
+    EXPECT_EQ(t * Point2D(1.0, 2.0), Point2D(6.0, 9.0));
+    EXPECT_EQ(t * 30.0, 30.0);
+}
+
+TEST(TMatrixValue, RotationIsCounterClockwiseInDegrees)
+{
+    const TMatrix t(90.0);
+    const Point2D image = t * Point2D(1.0, 0.0);
+    EXPECT_NEAR(image.x(), 0.0, 1e-16);
+    EXPECT_EQ(image.y(), 1.0);
+    EXPECT_EQ(t * 10.0, 100.0);
+    const double radians = 33.0 * 3.141592653589793 / 180.0;
+    EXPECT_EQ(elementsOf(TMatrix(33.0)),
+              (Elements{std::cos(radians), -std::sin(radians), std::sin(radians),
+                        std::cos(radians), 0.0, 0.0}));
+}
+
+TEST(TMatrixValue, PresetMirrors)
+{
+    EXPECT_EQ(TMatrix(0) * 30.0, 330.0);
+    EXPECT_EQ(TMatrix(1) * 30.0, 150.0);
+    EXPECT_EQ(TMatrix(2) * 30.0, 60.0);
+    EXPECT_EQ(TMatrix(0) * Point2D(2.0, 3.0), Point2D(2.0, -3.0));
+    EXPECT_EQ(TMatrix(1) * Point2D(2.0, 3.0), Point2D(-2.0, 3.0));
+    EXPECT_EQ(TMatrix(2) * Point2D(2.0, 3.0), Point2D(3.0, 2.0));
+    for (int kind = 0; kind < 3; ++kind) {
+        EXPECT_TRUE(TMatrix(kind).isMirrorMatrix()) << kind;
+        EXPECT_EQ(factorOf(TMatrix(kind)), -1.0) << kind;
+        EXPECT_EQ(thirdRowOf(TMatrix(kind)), plainThirdRow) << kind;
+        EXPECT_EQ(elementsOf(TMatrix(kind))[4], 0.0) << kind;
+        EXPECT_EQ(elementsOf(TMatrix(kind))[5], 0.0) << kind;
+    }
+}
+
+TEST(TMatrixValue, UnknownMirrorLeavesTheMemoryUnwritten)
+{
+    for (int kind : {3, -1, 1000}) {
+        alignas(TMatrix) unsigned char memory[sizeof(TMatrix)];
+        std::memset(memory, 0x5a, sizeof memory);
+        new (memory) TMatrix(kind);
+        for (unsigned char byte : memory)
+            ASSERT_EQ(byte, 0x5a) << kind;
+    }
+}
+
+TEST(TMatrixScaling, NegativeFactorsAreMirrors)
+{
+    const TMatrix mirrored(-2.0, 3.0);
+    EXPECT_EQ(elementsOf(mirrored), (Elements{-2.0, 0.0, 0.0, 3.0, 0.0, 0.0}));
+    EXPECT_EQ(factorOf(mirrored), -1.0);
+    EXPECT_EQ(offsetOf(mirrored), 180.0);
+
+    const TMatrix flipped(2.0, -3.0);
+    EXPECT_EQ(elementsOf(flipped), (Elements{2.0, 0.0, 0.0, -3.0, 0.0, 0.0}));
+    EXPECT_EQ(factorOf(flipped), -1.0);
+    EXPECT_EQ(offsetOf(flipped), 360.0);
+
+    const TMatrix halfTurn(-2.0, -3.0);
+    EXPECT_EQ(elementsOf(halfTurn), (Elements{-2.0, 0.0, 0.0, -3.0, 0.0, 0.0}));
+    EXPECT_EQ(factorOf(halfTurn), 1.0);
+    EXPECT_EQ(offsetOf(halfTurn), 180.0);
+    EXPECT_FALSE(halfTurn.isMirrorMatrix());
+}
+
+TEST(TMatrixScaling, PositiveFactorsKeepAngles)
+{
+    const TMatrix t(2.0, 3.0);
+    EXPECT_EQ(t * Point2D(1.0, 1.0), Point2D(2.0, 3.0));
+    EXPECT_EQ(factorOf(t), 1.0);
+    EXPECT_EQ(offsetOf(t), 0.0);
+    EXPECT_FALSE(TMatrix(0.0, 0.0).isMirrorMatrix());
+}
+
+TEST(TMatrixValue, SetMatrixTakesRowsThenFactorThenOffset)
+{
+    TMatrix t;
+    t.setMatrix(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, -1.0, 45.0);
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column)
+            EXPECT_EQ(t.getValue(column, row), 3 * row + column + 1);
+    }
+    EXPECT_EQ(t * 10.0, 35.0);
+    EXPECT_EQ(t * Point2D(10.0, 100.0), Point2D(213.0, 546.0)); // the third row is not read
+}
+
+TEST(TMatrixValue, GetValueTakesTheColumnFirst)
+{
+    TMatrix t(Point2D(5.0, 7.0));
+    EXPECT_EQ(t.getValue(2, 0), 5.0);
+    EXPECT_EQ(t.getValue(2, 1), 7.0);
+    EXPECT_EQ(t.getValue(0, 2), 0.0);
+}
+
+TEST(TMatrixValue, CopyAndAssignmentTakeAllElevenValues)
+{
+    TMatrix t;
+    t.setMatrix(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, -1.0, 45.0);
+    const TMatrix copy(t);
+    TMatrix assigned;
+    assigned = t;
+    EXPECT_EQ(std::memcmp(&copy, &t, sizeof t), 0);
+    EXPECT_EQ(std::memcmp(&assigned, &t, sizeof t), 0);
+}
+
+TEST(TMatrixProduct, DoesTheRightFactorFirst)
+{
+    const TMatrix turn(90.0);
+    const TMatrix shift(Point2D(5.0, 0.0));
+    const Point2D image = turn * shift * Point2D(1.0, 0.0);
+    EXPECT_NEAR(image.x(), 0.0, 1e-15);
+    EXPECT_EQ(image.y(), 6.0);
+
+    TMatrix product(turn);
+    EXPECT_EQ(&(product *= shift), &product);
+    EXPECT_EQ(elementsOf(product), elementsOf(turn * shift));
+}
+
+TEST(TMatrixProduct, MultipliesTheThirdRowToo)
+{
+    TMatrix a;
+    a.setMatrix(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, 1.0, 0.0);
+    TMatrix square = a * a;
+    EXPECT_EQ(square.getValue(0, 2), 102.0);
+    EXPECT_EQ(square.getValue(1, 2), 126.0);
+    EXPECT_EQ(square.getValue(2, 2), 150.0);
+    EXPECT_EQ(square.getValue(2, 0), 42.0);
+}
+
+TEST(TMatrixProduct, ComposesTheAngleMapLikeThePointMap)
+{
+    const TMatrix mirror(0);
+    const TMatrix turn(20.0);
+    EXPECT_EQ((mirror * turn) * 5.0, mirror * (turn * 5.0));
+    EXPECT_EQ((turn * mirror) * 5.0, turn * (mirror * 5.0));
+    EXPECT_TRUE((mirror * turn).isMirrorMatrix());
+    EXPECT_FALSE((mirror * mirror).isMirrorMatrix());
+}
+
+TEST(TMatrixInverse, InvertsDiagonalMatrices)
+{
+    const TMatrix inverse = ~TMatrix(2.0, 4.0);
+    EXPECT_EQ(elementsOf(inverse), (Elements{0.5, 0.0, 0.0, 0.25, 0.0, 0.0}));
+    EXPECT_EQ(thirdRowOf(inverse), plainThirdRow);
+}
+
+TEST(TMatrixInverse, LosesTheMirrorFlag)
+{
+    const TMatrix inverse = ~TMatrix(-2.0, 4.0);
+    EXPECT_EQ(elementsOf(inverse), (Elements{-0.5, 0.0, 0.0, 0.25, 0.0, 0.0}));
+    EXPECT_FALSE(inverse.isMirrorMatrix());
+    EXPECT_EQ(offsetOf(inverse), 0.0);
+}
+
+TEST(TMatrixInverse, ScalesTheCompanionOfATranslation)
+{
+    TMatrix inverse = ~TMatrix(Point2D(5.0, 7.0));
+    EXPECT_EQ(elementsOf(inverse), (Elements{1.0, 0.0, 0.0, 1.0, 0.0, 0.0}));
+    EXPECT_EQ(inverse.getValue(2, 2), 24.0);
+}
+
+TEST(TMatrixInverse, AddsARowWhereThePivotIsZero)
+{
+    // Pivot 0 gets row 1: (1 1), then row 1 is left with (0 -1); each factor scales the companion.
+    TMatrix inverse = ~TMatrix(2);
+    EXPECT_EQ(elementsOf(inverse), (Elements{0.0, 0.0, -0.0, -2.0, 0.0, 0.0}));
+    EXPECT_EQ(inverse.getValue(2, 2), 1.0);
+}
+
+TEST(TMatrixInverse, SingularMatrixGivesTheDefault)
+{
+    TMatrix zero;
+    zero.setMatrix(0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, -1.0, 30.0);
+    const TMatrix inverse = ~zero;
+    EXPECT_EQ(elementsOf(inverse), elementsOf(TMatrix()));
+    EXPECT_EQ(thirdRowOf(inverse), plainThirdRow);
+    EXPECT_EQ(factorOf(inverse), 1.0);
+    EXPECT_EQ(offsetOf(inverse), 0.0);
+
+    TMatrix dependent; // found singular in the middle, with the companion changed already
+    dependent.setMatrix(1.0, 1.0, 0.0, 1.0, 1.0, 0.0, 0.0, 0.0, 1.0, 1.0, 0.0);
+    EXPECT_EQ(elementsOf(~dependent), elementsOf(TMatrix()));
+}
+
+TEST(TMatrixLength, IsMeasuredAlongTheDiagonal)
+{
+    EXPECT_EQ(TMatrix(Point2D(5.0, 7.0)).Laenge(2.0), 2.0);
+    EXPECT_DOUBLE_EQ(TMatrix(3.0, 3.0).Laenge(1.0), 3.0);
+    EXPECT_DOUBLE_EQ(TMatrix(1.0, 7.0).Laenge(2.0), 10.0); // sqrt((1 + 49) / 2) = 5
+    EXPECT_DOUBLE_EQ(TMatrix(2).Laenge(4.0), 4.0);
+}
+
+TEST(TMatrixCorrection, SnapsTheLinearPartToZero)
+{
+    TMatrix t;
+    t.setMatrix(9.9e-10, -9.9e-10, 1e-12, 1e-9, -1e-9, 1e-12, 1e-12, 1e-12, 1.0, -1.0, 1e-12);
+    EXPECT_EQ(&t.correct(), &t);
+    EXPECT_EQ(elementsOf(t), (Elements{0.0, 0.0, 1e-9, -1e-9, 1e-12, 1e-12}));
+    EXPECT_EQ(t.getValue(0, 2), 1e-12);
+    EXPECT_EQ(offsetOf(t), 1e-12);
+}
+
+TEST(TMatrixCorrection, SnapsTheLinearPartToOneAndMinusOne)
+{
+    TMatrix t;
+    t.setMatrix(1.0 + 9e-10, -1.0 - 9e-10, 1.0 + 9e-10, 1.0 - 9e-10, -1.0 + 9e-10, 1.0, 1.0, 1.0,
+                1.0 + 9e-10, 1.0, 1.0 + 9e-10);
+    EXPECT_EQ(&t.correctOne(), &t);
+    EXPECT_EQ(elementsOf(t), (Elements{1.0, -1.0, 1.0, -1.0, 1.0 + 9e-10, 1.0}));
+    EXPECT_EQ(t.getValue(2, 2), 1.0 + 9e-10);
+
+    TMatrix outside;
+    outside.setMatrix(1.000000001, 0.999999999, 0.0, -1.000000001, -0.999999999, 0.0, 0.0, 0.0,
+                      1.0, 1.0, 0.0);
+    outside.correctOne();
+    EXPECT_EQ(elementsOf(outside),
+              (Elements{1.000000001, 0.999999999, -1.000000001, -0.999999999, 0.0, 0.0}));
+}
+
+TEST(TMatrixNonFinite, PassesThrough)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_TRUE(std::isnan(TMatrix(nan) * 1.0));
+    EXPECT_TRUE(std::isnan((TMatrix(Point2D(nan, 0.0)) * Point2D(1.0, 1.0)).x()));
+    EXPECT_FALSE(TMatrix(nan, nan).isMirrorMatrix());
+    TMatrix t(nan, 1.0);
+    EXPECT_TRUE(std::isnan(t.correct().correctOne().getValue(0, 0)));
+    EXPECT_TRUE(std::isnan((~t).getValue(0, 0)));
+}
+
+RC_GTEST_PROP(TMatrixProperty, CompositionActsOnPointsAsTheFactorsDo, ())
+{
+    const TMatrix a = anyTransformation();
+    const TMatrix b = anyTransformation();
+    const Point2D p(anyNumber(), anyNumber());
+    const Point2D atOnce = (a * b) * p;
+    const Point2D inTurn = a * (b * p);
+    RC_ASSERT((atOnce - inTurn).Length() <= 1e-10 * (1.0 + inTurn.Length() + p.Length()) * 1e3);
+}
+
+RC_GTEST_PROP(TMatrixProperty, CompositionActsOnAnglesAsTheFactorsDo, ())
+{
+    const TMatrix a = anyTransformation();
+    const TMatrix b = anyTransformation();
+    const double angle = anyNumber();
+    RC_ASSERT(std::fabs((a * b) * angle - a * (b * angle)) < 1e-9);
+}
+
+RC_GTEST_PROP(TMatrixProperty, AngleMapIsThatOfDirections, ())
+{
+    const TMatrix t = anyTransformation();
+    const double angle = anyNumber();
+    Point2D turned = t * VecWin(angle) - t * Point2D();
+    const Point2D expected = VecWin(t * angle);
+    RC_PRE(turned.Length() > 1e-6);
+    RC_ASSERT((turned.Normalize() - expected).Length() < 1e-6);
+}
+
+RC_GTEST_PROP(TMatrixProperty, InverseOfADiagonalMatrixUndoesIt, ())
+{
+    const double sx = anyNumber();
+    const double sy = anyNumber();
+    RC_PRE(sx != 0.0 && sy != 0.0);
+    const TMatrix t(sx, sy);
+    const Point2D p(anyNumber(), anyNumber());
+    RC_ASSERT((~t * (t * p) - p).Length() <= 1e-15 * p.Length());
+}

@@ -1,0 +1,406 @@
+#include <OrvelMath/numerics/LinearSystemT_p.h>
+
+#include <OrvelMath/base/valueTypes.h>
+
+#include <boost/rational.hpp>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace {
+
+const double nan = std::numeric_limits<double>::quiet_NaN();
+const double infinity = std::numeric_limits<double>::infinity();
+
+/// Row-major literals read better; the class wants columns.
+template <int R, int C>
+LinearSystemT<R, C> fromRows(const double (&rows)[R][C], double epsilon)
+{
+    double columns[R * C];
+    for (int r = 0; r < R; ++r) {
+        for (int c = 0; c < C; ++c)
+            columns[r + R * c] = rows[r][c];
+    }
+    return LinearSystemT<R, C>(columns, epsilon);
+}
+
+template <int R, int C>
+std::array<double, R> image(const LinearSystemT<R, C> &system, const double *x)
+{
+    std::array<double, R> result{};
+    for (int r = 0; r < R; ++r) {
+        for (int c = 0; c < C; ++c)
+            result[static_cast<std::size_t>(r)] += system.source[r + R * c] * x[c];
+    }
+    return result;
+}
+
+using Fraction = boost::rational<long long>;
+
+/// The reduced row echelon form in exact arithmetic.
+template <int R, int C>
+struct ExactReduction
+{
+    Fraction rows[R][C];
+    std::vector<int> pivotColumns;
+    Fraction determinant{1};
+
+    explicit ExactReduction(const int (&values)[R][C])
+    {
+        for (int r = 0; r < R; ++r) {
+            for (int c = 0; c < C; ++c)
+                rows[r][c] = values[r][c];
+        }
+        int row = 0;
+        for (int c = 0; c < C && row < R; ++c) {
+            int pivot = row;
+            while (pivot < R && rows[pivot][c] == 0)
+                ++pivot;
+            if (pivot == R)
+                continue;
+            reduceColumn(row++, pivot, c);
+            pivotColumns.push_back(c);
+        }
+        if (R != C || rank() < R)
+            determinant = 0;
+    }
+
+    int rank() const { return static_cast<int>(pivotColumns.size()); }
+
+    bool isPivot(int column) const
+    {
+        for (int pivot : pivotColumns) {
+            if (pivot == column)
+                return true;
+        }
+        return false;
+    }
+
+private:
+    void reduceColumn(int row, int pivot, int column)
+    {
+        if (pivot != row) {
+            std::swap(rows[pivot], rows[row]);
+            determinant = -determinant;
+        }
+        const Fraction scale = rows[row][column];
+        determinant *= scale;
+        for (Fraction &value : rows[row])
+            value /= scale;
+        for (int r = 0; r < R; ++r) {
+            if (r == row)
+                continue;
+            const Fraction factor = rows[r][column];
+            for (int c = 0; c < C; ++c)
+                rows[r][c] -= rows[row][c] * factor;
+        }
+    }
+};
+
+/// Small integers, and in half of the cases a last row that depends on the others.
+template <int R, int C>
+struct IntegerSystem
+{
+    int values[R][C];
+
+    IntegerSystem()
+    {
+        for (int r = 0; r < R; ++r) {
+            for (int c = 0; c < C; ++c)
+                values[r][c] = *rc::gen::inRange(-6, 7);
+        }
+        if (*rc::gen::arbitrary<bool>()) {
+            const int factor = *rc::gen::inRange(-2, 3);
+            for (int c = 0; c < C; ++c)
+                values[R - 1][c] = values[0][c] * factor;
+        }
+    }
+
+    LinearSystemT<R, C> reduced() const
+    {
+        double columns[R * C];
+        for (int r = 0; r < R; ++r) {
+            for (int c = 0; c < C; ++c)
+                columns[r + R * c] = values[r][c];
+        }
+        return LinearSystemT<R, C>(columns, 1e-12);
+    }
+};
+
+template <int R, int C>
+void checkReduction(const IntegerSystem<R, C> &input)
+{
+    const LinearSystemT<R, C> system = input.reduced();
+    const ExactReduction<R, C> exact(input.values);
+    RC_ASSERT(system.rank == exact.rank());
+    RC_ASSERT(std::fabs(system.determinant - boost::rational_cast<double>(exact.determinant))
+              < 1e-9);
+    for (int r = 0; r < R; ++r) {
+        for (int c = 0; c < C; ++c) {
+            double product = 0.0;
+            for (int k = 0; k < R; ++k)
+                product += system.transform[r + R * k] * system.source[k + R * c];
+            RC_ASSERT(std::fabs(product - system.reduced[r + R * c]) < 1e-12);
+        }
+    }
+}
+
+template <int R, int C>
+void checkNullSpace(const IntegerSystem<R, C> &input)
+{
+    const LinearSystemT<R, C> system = input.reduced();
+    const ExactReduction<R, C> exact(input.values);
+    const double rhs[R] = {};
+    double solution[C];
+    double nullSpace[C * C];
+    RC_ASSERT(system.solve(rhs, solution, nullSpace) == C - exact.rank());
+    int t = 0;
+    for (int free = C - 1; free >= 0; --free) {
+        if (exact.isPivot(free))
+            continue;
+        std::array<Fraction, C> expected{};
+        expected[static_cast<std::size_t>(free)] = 1;
+        for (int row = 0; row < exact.rank(); ++row) {
+            const int pivot = exact.pivotColumns[static_cast<std::size_t>(row)];
+            expected[static_cast<std::size_t>(pivot)] = -exact.rows[row][free];
+        }
+        for (int c = 0; c < C; ++c) {
+            const double truth =
+                boost::rational_cast<double>(expected[static_cast<std::size_t>(c)]);
+            RC_ASSERT(std::fabs(nullSpace[t * C + c] - truth) < 1e-11);
+        }
+        ++t;
+    }
+    for (int cell = t * C; cell < C * C; ++cell)
+        RC_ASSERT(nullSpace[cell] == 0.0);
+}
+
+template <int R, int C>
+void checkSolution(const IntegerSystem<R, C> &input)
+{
+    const LinearSystemT<R, C> system = input.reduced();
+    int integers[R][C + 1];
+    double rhs[R];
+    for (int r = 0; r < R; ++r) {
+        for (int c = 0; c < C; ++c)
+            integers[r][c] = input.values[r][c];
+        integers[r][C] = *rc::gen::inRange(-6, 7);
+        rhs[r] = integers[r][C];
+    }
+    const ExactReduction<R, C + 1> augmented(integers);
+    const bool consistent = !augmented.isPivot(C);
+    double solution[C];
+    const int result = system.solve(rhs, solution);
+    RC_ASSERT(result == (consistent ? C - system.rank : -1));
+    if (!consistent)
+        return;
+    for (int row = 0; row < augmented.rank(); ++row) {
+        const int pivot = augmented.pivotColumns[static_cast<std::size_t>(row)];
+        RC_ASSERT(std::fabs(solution[pivot] - boost::rational_cast<double>(augmented.rows[row][C]))
+                  < 1e-11);
+    }
+    for (int c = 0; c < C; ++c)
+        RC_ASSERT(augmented.isPivot(c) || solution[c] == 0.0);
+}
+
+template <int R, int C>
+void checkAll()
+{
+    const IntegerSystem<R, C> input;
+    checkReduction(input);
+    checkNullSpace(input);
+    checkSolution(input);
+}
+
+} // namespace
+
+TEST(LinearSystem, ZeroMatrixHasUnitNullVectorsInDescendingOrder)
+{
+    const double zero[9] = {};
+    const LinearSystemT<3, 3> system(zero, 1e-12);
+    EXPECT_EQ(system.rank, 0);
+    EXPECT_EQ(system.determinant, 0.0);
+    const double rhs[3] = {};
+    double solution[3] = {7.0, 7.0, 7.0};
+    double nullSpace[9];
+    ASSERT_EQ(system.solve(rhs, solution, nullSpace), 3);
+    const double expected[9] = {0.0, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0, 0.0, 0.0};
+    for (int cell = 0; cell < 9; ++cell)
+        EXPECT_EQ(nullSpace[cell], expected[cell]) << cell;
+    for (double value : solution)
+        EXPECT_EQ(value, 0.0);
+}
+
+TEST(LinearSystem, ZeroMatrixRefusesOtherRightHandSidesWhateverTheEpsilon)
+{
+    const double zero[9] = {};
+    const double rhs[3] = {0.0, 2e-12, 0.0};
+    for (double epsilon : {1e-12, 1e-6, 1.0, 1e6}) {
+        const LinearSystemT<3, 3> system(zero, epsilon);
+        double solution[3] = {7.0, 7.0, 7.0};
+        double nullSpace[9] = {7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0};
+        EXPECT_EQ(system.solve(rhs, solution, nullSpace), -1);
+        for (double value : solution)
+            EXPECT_EQ(value, 0.0);
+        for (double value : nullSpace)
+            EXPECT_EQ(value, 0.0);
+    }
+}
+
+TEST(LinearSystem, ResidualOfExactlyTheLimitIsConsistent)
+{
+    const double zero[4] = {};
+    const LinearSystemT<2, 2> system(zero, 1e-3);
+    double solution[2];
+    const double atLimit[2] = {0.0, 1e-12};
+    EXPECT_EQ(system.solve(atLimit, solution), 2);
+    const double beyond[2] = {0.0, std::nextafter(1e-12, 1.0)};
+    EXPECT_EQ(system.solve(beyond, solution), -1);
+    const double unknown[2] = {0.0, nan};
+    EXPECT_EQ(system.solve(unknown, solution), 2);
+}
+
+TEST(LinearSystem, ParallelNormalsWithConsistentOffsetsLeaveAPlane)
+{
+    const auto system = fromRows<2, 3>({{1.0, 2.0, 3.0}, {2.0, 4.0, 6.0}}, 1e-12);
+    EXPECT_EQ(system.rank, 1);
+    EXPECT_EQ(system.determinant, 0.0);
+    const double rhs[2] = {5.0, 10.0};
+    double solution[3];
+    double nullSpace[9];
+    ASSERT_EQ(system.solve(rhs, solution, nullSpace), 2);
+    EXPECT_EQ(solution[0], 5.0);
+    EXPECT_EQ(solution[1], 0.0);
+    EXPECT_EQ(solution[2], 0.0);
+    const double expected[9] = {-3.0, 0.0, 1.0, -2.0, 1.0, 0.0, 0.0, 0.0, 0.0};
+    for (int cell = 0; cell < 9; ++cell)
+        EXPECT_EQ(nullSpace[cell], expected[cell]) << cell;
+}
+
+TEST(LinearSystem, ParallelNormalsWithOtherOffsetsAreInconsistent)
+{
+    const auto system = fromRows<2, 3>({{1.0, 2.0, 3.0}, {2.0, 4.0, 6.0}}, 1e-12);
+    const double rhs[2] = {5.0, 11.0};
+    double solution[3];
+    EXPECT_EQ(system.solve(rhs, solution), -1);
+}
+
+TEST(LinearSystem, SwappedRowsNegateTheDeterminant)
+{
+    const auto straight = fromRows<2, 2>({{2.0, 1.0}, {0.0, 3.0}}, 1e-12);
+    const auto swapped = fromRows<2, 2>({{0.0, 3.0}, {2.0, 1.0}}, 1e-12);
+    EXPECT_EQ(straight.determinant, 6.0);
+    EXPECT_EQ(swapped.determinant, -6.0);
+}
+
+TEST(LinearSystem, DeterminantTellsRotationFromReflection)
+{
+    const double c = std::cos(0.7);
+    const double s = std::sin(0.7);
+    const auto rotation = fromRows<3, 3>({{c, -s, 0.0}, {s, c, 0.0}, {0.0, 0.0, 1.0}}, 1e-12);
+    const auto reflection = fromRows<3, 3>({{c, s, 0.0}, {s, -c, 0.0}, {0.0, 0.0, 1.0}}, 1e-12);
+    EXPECT_NEAR(rotation.determinant, 1.0, 1e-15);
+    EXPECT_NEAR(reflection.determinant, -1.0, 1e-15);
+}
+
+TEST(LinearSystem, PivotOfExactlyEpsilonCountsAsMissing)
+{
+    const auto atLimit = fromRows<2, 2>({{0.25, 0.0}, {0.0, 1.0}}, 0.25);
+    EXPECT_EQ(atLimit.rank, 1);
+    EXPECT_EQ(atLimit.reduced[0], 0.0);
+    EXPECT_EQ(atLimit.determinant, 0.0);
+    const auto above = fromRows<2, 2>({{std::nextafter(0.25, 1.0), 0.0}, {0.0, 1.0}}, 0.25);
+    EXPECT_EQ(above.rank, 2);
+}
+
+TEST(LinearSystem, NanInTheFirstCandidateRowLeavesTheColumnWithoutPivot)
+{
+    const auto system = fromRows<2, 2>({{nan, 1.0}, {5.0, 3.0}}, 1e-12);
+    EXPECT_EQ(system.rank, 1);
+    EXPECT_EQ(system.reduced[0], 0.0);
+    EXPECT_EQ(system.reduced[1], 0.0);
+    EXPECT_EQ(system.determinant, 0.0);
+}
+
+TEST(LinearSystem, NanInALaterRowDoesNotDisplaceAnEarlierOne)
+{
+    const auto system = fromRows<2, 2>({{5.0, 1.0}, {nan, 3.0}}, 1e-12);
+    EXPECT_EQ(system.rank, 1);
+    EXPECT_EQ(system.reduced[0], 1.0);
+    EXPECT_EQ(system.reduced[1], 0.0);
+}
+
+TEST(LinearSystem, InfinitePivotTurnsFiniteValuesToZero)
+{
+    const auto system = fromRows<2, 2>({{infinity, 3.0}, {0.0, 2.0}}, 1e-12);
+    EXPECT_EQ(system.rank, 2);
+    EXPECT_EQ(system.determinant, infinity);
+    EXPECT_EQ(system.reduced[2], 0.0);
+}
+
+TEST(LinearSystem, EqualCandidatesTakeTheFirstRow)
+{
+    const auto system = fromRows<3, 3>({{2.0, 1.0, 0.0}, {-2.0, 0.0, 1.0}, {2.0, 5.0, 5.0}}, 1e-12);
+    EXPECT_EQ(system.reduced[3], 0.5); // row 0 stayed in its place
+    EXPECT_EQ(system.transform[0], 0.5);
+}
+
+TEST(LinearSystem, MatrixOfThreeColumnsPassesWithoutTransposition)
+{
+    matrixC3x3<double> m = matrixC3x3<double>::identity();
+    m(0, 2) = 4.0;
+    const LinearSystemT<3, 3> system(m.data(), 1e-12);
+    const double rhs[3] = {9.0, 0.0, 2.0};
+    double solution[3];
+    ASSERT_EQ(system.solve(rhs, solution), 0);
+    EXPECT_EQ(solution[0], 1.0);
+    EXPECT_EQ(solution[1], 0.0);
+    EXPECT_EQ(solution[2], 2.0);
+}
+
+TEST(LinearSystem, TallSystemAnswersOnlyWhereAllRowsAgree)
+{
+    const auto system = fromRows<3, 2>({{1.0, 0.0}, {0.0, 1.0}, {1.0, 1.0}}, 1e-12);
+    EXPECT_EQ(system.rank, 2);
+    EXPECT_EQ(system.determinant, 0.0);
+    double solution[2];
+    const double agreeing[3] = {2.0, 3.0, 5.0};
+    ASSERT_EQ(system.solve(agreeing, solution), 0);
+    EXPECT_EQ(solution[0], 2.0);
+    EXPECT_EQ(solution[1], 3.0);
+    const double skew[3] = {2.0, 3.0, 5.1};
+    EXPECT_EQ(system.solve(skew, solution), -1);
+    EXPECT_EQ(solution[0], 0.0);
+}
+
+TEST(LinearSystem, KeepsSourceAndEpsilon)
+{
+    const auto system = fromRows<2, 2>({{1.0, 2.0}, {3.0, 4.0}}, 0.125);
+    EXPECT_EQ(system.epsilon, 0.125);
+    EXPECT_EQ(system.source[1], 3.0);
+    EXPECT_EQ(system.source[2], 2.0);
+}
+
+RC_GTEST_PROP(LinearSystemTruth, TwoByTwoAgreesWithFractions, ())
+{
+    checkAll<2, 2>();
+}
+
+RC_GTEST_PROP(LinearSystemTruth, TwoByThreeAgreesWithFractions, ())
+{
+    checkAll<2, 3>();
+}
+
+RC_GTEST_PROP(LinearSystemTruth, ThreeByTwoAgreesWithFractions, ())
+{
+    checkAll<3, 2>();
+}
+
+RC_GTEST_PROP(LinearSystemTruth, ThreeByThreeAgreesWithFractions, ())
+{
+    checkAll<3, 3>();
+}
