@@ -95,8 +95,8 @@ TEST(TMatrixValue, RotationIsCounterClockwiseInDegrees)
     EXPECT_EQ(t * 10.0, 100.0);
     const double radians = 33.0 * 3.141592653589793 / 180.0;
     EXPECT_EQ(elementsOf(TMatrix(33.0)),
-              (Elements{std::cos(radians), -std::sin(radians), std::sin(radians),
-                        std::cos(radians), 0.0, 0.0}));
+              (Elements{std::cos(radians), -std::sin(radians), std::sin(radians), std::cos(radians),
+                        0.0, 0.0}));
 }
 
 TEST(TMatrixValue, PresetMirrors)
@@ -267,7 +267,7 @@ TEST(TMatrixInverse, SingularMatrixGivesTheDefault)
 
 TEST(TMatrixLength, IsMeasuredAlongTheDiagonal)
 {
-    EXPECT_EQ(TMatrix(Point2D(5.0, 7.0)).Laenge(2.0), 2.0);
+    EXPECT_DOUBLE_EQ(TMatrix(Point2D(5.0, 7.0)).Laenge(2.0), 2.0);
     EXPECT_DOUBLE_EQ(TMatrix(3.0, 3.0).Laenge(1.0), 3.0);
     EXPECT_DOUBLE_EQ(TMatrix(1.0, 7.0).Laenge(2.0), 10.0); // sqrt((1 + 49) / 2) = 5
     EXPECT_DOUBLE_EQ(TMatrix(2).Laenge(4.0), 4.0);
@@ -293,8 +293,8 @@ TEST(TMatrixCorrection, SnapsTheLinearPartToOneAndMinusOne)
     EXPECT_EQ(t.getValue(2, 2), 1.0 + 9e-10);
 
     TMatrix outside;
-    outside.setMatrix(1.000000001, 0.999999999, 0.0, -1.000000001, -0.999999999, 0.0, 0.0, 0.0,
-                      1.0, 1.0, 0.0);
+    outside.setMatrix(1.000000001, 0.999999999, 0.0, -1.000000001, -0.999999999, 0.0, 0.0, 0.0, 1.0,
+                      1.0, 0.0);
     outside.correctOne();
     EXPECT_EQ(elementsOf(outside),
               (Elements{1.000000001, 0.999999999, -1.000000001, -0.999999999, 0.0, 0.0}));

@@ -13,7 +13,7 @@
 
 namespace {
 
-const double nan = std::numeric_limits<double>::quiet_NaN();
+const double notANumber = std::numeric_limits<double>::quiet_NaN();
 const double infinity = std::numeric_limits<double>::infinity();
 
 /// Row-major literals read better; the class wants columns.
@@ -137,8 +137,8 @@ void checkReduction(const IntegerSystem<R, C> &input)
     const LinearSystemT<R, C> system = input.reduced();
     const ExactReduction<R, C> exact(input.values);
     RC_ASSERT(system.rank == exact.rank());
-    RC_ASSERT(std::fabs(system.determinant - boost::rational_cast<double>(exact.determinant))
-              < 1e-9);
+    RC_ASSERT(std::fabs(system.determinant - boost::rational_cast<double>(exact.determinant)) <
+              1e-9);
     for (int r = 0; r < R; ++r) {
         for (int c = 0; c < C; ++c) {
             double product = 0.0;
@@ -200,8 +200,8 @@ void checkSolution(const IntegerSystem<R, C> &input)
         return;
     for (int row = 0; row < augmented.rank(); ++row) {
         const int pivot = augmented.pivotColumns[static_cast<std::size_t>(row)];
-        RC_ASSERT(std::fabs(solution[pivot] - boost::rational_cast<double>(augmented.rows[row][C]))
-                  < 1e-11);
+        RC_ASSERT(std::fabs(solution[pivot] -
+                            boost::rational_cast<double>(augmented.rows[row][C])) < 1e-11);
     }
     for (int c = 0; c < C; ++c)
         RC_ASSERT(augmented.isPivot(c) || solution[c] == 0.0);
@@ -260,7 +260,7 @@ TEST(LinearSystem, ResidualOfExactlyTheLimitIsConsistent)
     EXPECT_EQ(system.solve(atLimit, solution), 2);
     const double beyond[2] = {0.0, std::nextafter(1e-12, 1.0)};
     EXPECT_EQ(system.solve(beyond, solution), -1);
-    const double unknown[2] = {0.0, nan};
+    const double unknown[2] = {0.0, notANumber};
     EXPECT_EQ(system.solve(unknown, solution), 2);
 }
 
@@ -319,7 +319,7 @@ TEST(LinearSystem, PivotOfExactlyEpsilonCountsAsMissing)
 
 TEST(LinearSystem, NanInTheFirstCandidateRowLeavesTheColumnWithoutPivot)
 {
-    const auto system = fromRows<2, 2>({{nan, 1.0}, {5.0, 3.0}}, 1e-12);
+    const auto system = fromRows<2, 2>({{notANumber, 1.0}, {5.0, 3.0}}, 1e-12);
     EXPECT_EQ(system.rank, 1);
     EXPECT_EQ(system.reduced[0], 0.0);
     EXPECT_EQ(system.reduced[1], 0.0);
@@ -328,7 +328,7 @@ TEST(LinearSystem, NanInTheFirstCandidateRowLeavesTheColumnWithoutPivot)
 
 TEST(LinearSystem, NanInALaterRowDoesNotDisplaceAnEarlierOne)
 {
-    const auto system = fromRows<2, 2>({{5.0, 1.0}, {nan, 3.0}}, 1e-12);
+    const auto system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
     EXPECT_EQ(system.rank, 1);
     EXPECT_EQ(system.reduced[0], 1.0);
     EXPECT_EQ(system.reduced[1], 0.0);
