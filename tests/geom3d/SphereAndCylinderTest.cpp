@@ -1,0 +1,378 @@
+#include <OrvelMath/geom3d/intersect3d.h>
+
+#include "points.h"
+
+#include <boost/multiprecision/cpp_bin_float.hpp>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Wide = boost::multiprecision::cpp_bin_float_quad;
+
+struct WidePoint
+{
+    Wide x;
+    Wide y;
+    Wide z;
+
+    explicit WidePoint(const Point3D &p)
+        : x(p.x())
+        , y(p.y())
+        , z(p.z())
+    {
+    }
+    WidePoint(const Wide &xValue, const Wide &yValue, const Wide &zValue)
+        : x(xValue)
+        , y(yValue)
+        , z(zValue)
+    {
+    }
+};
+
+WidePoint difference(const WidePoint &a, const WidePoint &b)
+{
+    return {a.x - b.x, a.y - b.y, a.z - b.z};
+}
+
+Wide dot(const WidePoint &a, const WidePoint &b)
+{
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+WidePoint cross(const WidePoint &a, const WidePoint &b)
+{
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+/// The roots of |from + t direction| = radius, if they are well apart.
+struct WideRoots
+{
+    bool exist;
+    bool wellApart;
+    double smaller = 0.0;
+    double larger = 0.0;
+
+    WideRoots(const WidePoint &direction, const WidePoint &from, const Wide &radius)
+    {
+        const Wide a = dot(direction, direction);
+        const Wide b = dot(from, direction);
+        const Wide c = dot(from, from) - radius * radius;
+        const Wide discriminant = b * b - a * c;
+        exist = discriminant > 0;
+        wellApart = abs(discriminant) > 1e-6 * (b * b + abs(a * c));
+        if (exist) {
+            smaller = static_cast<double>(Wide((-b - sqrt(discriminant)) / a));
+            larger = static_cast<double>(Wide((-b + sqrt(discriminant)) / a));
+        }
+    }
+};
+
+/// The outputs of IntersectLineCylinder, preset.
+struct CylinderHit
+{
+    int count = -1;
+    double t1 = -7.0;
+    Point3D o1 = presetPoint;
+    double t2 = -7.0;
+    Point3D o2 = presetPoint;
+
+    CylinderHit(const Point3D &p0, const Point3D &p1, const Point3D &a0, const Point3D &a1,
+                double radius)
+    {
+        count = IntersectLineCylinder(p0, p1, a0, a1, radius, t1, o1, t2, o2);
+    }
+
+    bool isUntouched() const
+    {
+        return t1 == -7.0 && t2 == -7.0 && o1 == presetPoint && o2 == presetPoint;
+    }
+};
+
+// The cylinder of the examples: about the x axis from 0 to 10, radius 2.
+const Point3D axisStart(0.0, 0.0, 0.0);
+const Point3D axisEnd(10.0, 0.0, 0.0);
+
+CylinderHit hitExample(const Point3D &p0, const Point3D &p1)
+{
+    return CylinderHit(p0, p1, axisStart, axisEnd, 2.0);
+}
+
+} // namespace
+
+TEST(IntersectLineSphere, TwoPointsTheLargerParameterFirst)
+{
+    const Point3D p0(-10.0, 0.0, 0.0);
+    const Point3D p1(-9.0, 0.0, 0.0);
+    double t1 = 0.0;
+    double t2 = 0.0;
+    EXPECT_EQ(IntersectLineSphereDst(p0, p1, Point3D(), 2.0, t1, t2), 2);
+    EXPECT_EQ(t1, 12.0);
+    EXPECT_EQ(t2, 8.0);
+    Point3D o1;
+    Point3D o2;
+    EXPECT_EQ(IntersectLineSphere(p0, p1, Point3D(), 2.0, o1, o2), 2);
+    EXPECT_EQ(o1, Point3D(2.0, 0.0, 0.0));
+    EXPECT_EQ(o2, Point3D(-2.0, 0.0, 0.0));
+}
+
+TEST(IntersectLineSphere, TouchWritesTheFirstOutputOnly)
+{
+    const Point3D p0(-10.0, 2.0, 0.0);
+    const Point3D p1(-9.0, 2.0, 0.0);
+    double t1 = -7.0;
+    double t2 = -7.0;
+    EXPECT_EQ(IntersectLineSphereDst(p0, p1, Point3D(), 2.0, t1, t2), 1);
+    EXPECT_EQ(t1, 10.0);
+    EXPECT_EQ(t2, -7.0);
+    Point3D o1 = presetPoint;
+    Point3D o2 = presetPoint;
+    EXPECT_EQ(IntersectLineSphere(p0, p1, Point3D(), 2.0, o1, o2), 1);
+    EXPECT_EQ(o1, Point3D(0.0, 2.0, 0.0));
+    EXPECT_EQ(o2, presetPoint);
+}
+
+TEST(IntersectLineSphere, MissWritesNothing)
+{
+    const Point3D p0(-10.0, 3.0, 0.0);
+    const Point3D p1(-9.0, 3.0, 0.0);
+    double t1 = -7.0;
+    double t2 = -7.0;
+    EXPECT_EQ(IntersectLineSphereDst(p0, p1, Point3D(), 2.0, t1, t2), 0);
+    EXPECT_EQ(t1, -7.0);
+    EXPECT_EQ(t2, -7.0);
+    Point3D o1 = presetPoint;
+    Point3D o2 = presetPoint;
+    EXPECT_EQ(IntersectLineSphere(p0, p1, Point3D(), 2.0, o1, o2), 0);
+    EXPECT_EQ(o1, presetPoint);
+    EXPECT_EQ(o2, presetPoint);
+}
+
+TEST(IntersectLineSphere, LineWithoutLength)
+{
+    const Point3D onSphere(2.0, 0.0, 0.0);
+    double t1 = -7.0;
+    double t2 = -7.0;
+    EXPECT_EQ(IntersectLineSphereDst(onSphere, onSphere, Point3D(), 2.0, t1, t2), 1);
+    EXPECT_EQ(t1, 0.0);
+    EXPECT_EQ(t2, -7.0);
+    const Point3D inside(1.0, 0.0, 0.0);
+    EXPECT_EQ(IntersectLineSphereDst(inside, inside, Point3D(), 2.0, t1, t2), 0);
+    Point3D o1;
+    Point3D o2;
+    EXPECT_EQ(IntersectLineSphere(onSphere, onSphere, Point3D(), 2.0, o1, o2), 1);
+    EXPECT_EQ(o1, onSphere);
+}
+
+TEST(IntersectLineSphere, NegativeRadiusCountsAsItsMagnitude)
+{
+    Point3D o1;
+    Point3D o2;
+    EXPECT_EQ(IntersectLineSphere(Point3D(-10.0, 0.0, 0.0), Point3D(-9.0, 0.0, 0.0), Point3D(),
+                                  -2.0, o1, o2),
+              2);
+    EXPECT_EQ(o1, Point3D(2.0, 0.0, 0.0));
+}
+
+TEST(IntersectLineSphere, NanComesOut)
+{
+    double t1 = 0.0;
+    double t2 = 0.0;
+    EXPECT_EQ(IntersectLineSphereDst(Point3D(notANumber, 0.0, 0.0), Point3D(1.0, 0.0, 0.0),
+                                     Point3D(), 2.0, t1, t2),
+              2);
+    EXPECT_TRUE(std::isnan(t1));
+    EXPECT_TRUE(std::isnan(t2));
+}
+
+TEST(IntersectLineSphere, OutputsMayBeInputs)
+{
+    Point3D p0(-10.0, 0.0, 0.0);
+    Point3D p1(-9.0, 0.0, 0.0);
+    EXPECT_EQ(IntersectLineSphere(p0, p1, Point3D(), 2.0, p0, p1), 2);
+    EXPECT_EQ(p0, Point3D(2.0, 0.0, 0.0));
+    EXPECT_EQ(p1, Point3D(-2.0, 0.0, 0.0));
+}
+
+TEST(IntersectLineCylinder, LineAlongTheAxisWritesNothing)
+{
+    const CylinderHit along = hitExample(Point3D(0.0, 1.0, 0.0), Point3D(5.0, 1.0, 0.0));
+    EXPECT_EQ(along.count, 0);
+    EXPECT_TRUE(along.isUntouched());
+    const CylinderHit noAxis(Point3D(0.0, 0.0, 5.0), Point3D(), axisStart, axisStart, 2.0);
+    EXPECT_EQ(noAxis.count, 0);
+    EXPECT_TRUE(noAxis.isUntouched());
+}
+
+TEST(IntersectLineCylinder, TangentAndMissWriteNothing)
+{
+    const CylinderHit tangent = hitExample(Point3D(5.0, 2.0, -5.0), Point3D(5.0, 2.0, 5.0));
+    EXPECT_EQ(tangent.count, 0);
+    EXPECT_TRUE(tangent.isUntouched());
+    const CylinderHit miss = hitExample(Point3D(5.0, 3.0, -5.0), Point3D(5.0, 3.0, 5.0));
+    EXPECT_EQ(miss.count, 0);
+    EXPECT_TRUE(miss.isUntouched());
+    const CylinderHit negative(Point3D(5.0, 0.0, -5.0), Point3D(5.0, 0.0, 5.0), axisStart, axisEnd,
+                               -2.0);
+    EXPECT_EQ(negative.count, 0);
+    EXPECT_TRUE(negative.isUntouched());
+}
+
+TEST(IntersectLineCylinder, TwoPointsThroughTheMiddle)
+{
+    const CylinderHit hit = hitExample(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0));
+    EXPECT_EQ(hit.count, 2);
+    EXPECT_EQ(std::min(hit.t1, hit.t2), 2.0);
+    EXPECT_EQ(std::max(hit.t1, hit.t2), 6.0);
+    EXPECT_EQ(hit.o1, Point3D(5.0, 0.0, -4.0 + hit.t1));
+    EXPECT_EQ(hit.o2, Point3D(5.0, 0.0, -4.0 + hit.t2));
+}
+
+TEST(IntersectLineCylinder, HalfChordKeepsTheSignOfItsQuotient)
+{
+    // The divisor is ((D x A) x A) D, over lengths: never positive, so t1 exceeds t2.
+    const CylinderHit there = hitExample(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0));
+    EXPECT_EQ(there.t1, 6.0);
+    EXPECT_EQ(there.t2, 2.0);
+}
+
+TEST(IntersectLineCylinder, BeyondTheEndCountsNothingButWritesAll)
+{
+    const CylinderHit beyond = hitExample(Point3D(12.0, 0.0, -4.0), Point3D(12.0, 0.0, -3.0));
+    EXPECT_EQ(beyond.count, 0);
+    EXPECT_EQ(beyond.t1 + beyond.t2, 8.0);
+    EXPECT_EQ(beyond.o1, Point3D(12.0, 0.0, -4.0 + beyond.t1));
+    EXPECT_EQ(beyond.o2, Point3D(12.0, 0.0, -4.0 + beyond.t2));
+    EXPECT_EQ(hitExample(Point3D(-1.0, 0.0, -4.0), Point3D(-1.0, 0.0, -3.0)).count, 0);
+}
+
+TEST(IntersectLineCylinder, EndsBelongToIt)
+{
+    EXPECT_EQ(hitExample(Point3D(0.0, 0.0, -4.0), Point3D(0.0, 0.0, -3.0)).count, 2);
+    EXPECT_EQ(hitExample(Point3D(10.0, 0.0, -4.0), Point3D(10.0, 0.0, -3.0)).count, 2);
+}
+
+TEST(IntersectLineCylinder, LeavingThroughTheOpenEndCountsTheInnerPoint)
+{
+    // Through the mantle at (8, 0, -2), and out of the end before it meets the mantle at (12, 0,
+    // 2).
+    for (bool reversed : {false, true}) {
+        Point3D p0(8.0, 0.0, -2.0);
+        Point3D p1(12.0, 0.0, 2.0);
+        if (reversed)
+            std::swap(p0, p1);
+        const CylinderHit hit = hitExample(p0, p1);
+        EXPECT_EQ(hit.count, 1);
+        expectNear(hit.o1, Point3D(8.0, 0.0, -2.0), 1e-15);
+        EXPECT_NEAR(hit.t1, reversed ? 1.0 : 0.0, 1e-15);
+    }
+}
+
+TEST(IntersectLineCylinder, OnlyTheSecondPointIsCopiedToTheFirst)
+{
+    const CylinderHit copied = hitExample(Point3D(8.0, 0.0, -2.0), Point3D(12.0, 0.0, 2.0));
+    EXPECT_EQ(copied.o1, copied.o2);
+    EXPECT_EQ(copied.t1, copied.t2);
+    const CylinderHit kept = hitExample(Point3D(12.0, 0.0, -2.0), Point3D(8.0, 0.0, 2.0));
+    EXPECT_EQ(kept.count, 1);
+    expectNear(kept.o1, Point3D(8.0, 0.0, 2.0), 1e-15);
+    expectNear(kept.o2, Point3D(12.0, 0.0, -2.0), 1e-15);
+}
+
+TEST(IntersectLineCylinder, NanCountsNothing)
+{
+    EXPECT_TRUE(hitExample(Point3D(notANumber, 0.0, -4.0), Point3D(5.0, 0.0, -3.0)).isUntouched());
+    EXPECT_TRUE(hitExample(Point3D(5.0, 0.0, notANumber), Point3D(5.0, 0.0, -3.0)).isUntouched());
+    const CylinderHit noRadius(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0), axisStart, axisEnd,
+                               notANumber);
+    EXPECT_EQ(noRadius.count, 0);
+    EXPECT_TRUE(noRadius.isUntouched());
+}
+
+TEST(IntersectLineCylinder, OutputsMayBeInputs)
+{
+    Point3D a0 = axisStart;
+    Point3D a1 = axisEnd;
+    double t1 = 0.0;
+    double t2 = 0.0;
+    EXPECT_EQ(IntersectLineCylinder(Point3D(8.0, 0.0, -2.0), Point3D(12.0, 0.0, 2.0), a0, a1, 2.0,
+                                    t1, a0, t2, a1),
+              1);
+    expectNear(a0, Point3D(8.0, 0.0, -2.0), 1e-15);
+}
+
+RC_GTEST_PROP(SphereTruth, RootsAgreeWithAWideSolve, ())
+{
+    const Point3D p0 = anyPoint();
+    const Point3D p1 = p0 + anyDirection();
+    const Point3D centre = anyPoint();
+    const double radius = std::fabs(anyCoordinate()) + 0.01;
+    const WideRoots truth(difference(WidePoint(p1), WidePoint(p0)),
+                          difference(WidePoint(p0), WidePoint(centre)), radius);
+    RC_PRE(truth.wellApart);
+    RC_CLASSIFY(truth.exist);
+    double t1 = 0.0;
+    double t2 = 0.0;
+    RC_ASSERT(IntersectLineSphereDst(p0, p1, centre, radius, t1, t2) == (truth.exist ? 2 : 0));
+    if (!truth.exist)
+        return;
+    const double tolerance = 1e-8 * (1.0 + std::fabs(truth.smaller) + std::fabs(truth.larger));
+    RC_ASSERT(std::fabs(t1 - truth.larger) < tolerance);
+    RC_ASSERT(std::fabs(t2 - truth.smaller) < tolerance);
+
+    Point3D o1;
+    Point3D o2;
+    RC_ASSERT(IntersectLineSphere(p0, p1, centre, radius, o1, o2) == 2);
+    RC_ASSERT(std::fabs((o1 - centre).Length() - radius) < 1e-7);
+    RC_ASSERT(std::fabs((o2 - centre).Length() - radius) < 1e-7);
+}
+
+RC_GTEST_PROP(CylinderTruth, RootsAgreeWithAWideSolve, ())
+{
+    const Point3D p0 = anyPoint();
+    const Point3D d = anyDirection();
+    const Point3D p1 = p0 + d;
+    const Point3D a0 = anyPoint();
+    const Point3D axis = anyDirection();
+    const Point3D a1 = a0 + axis;
+    const double radius = std::fabs(anyCoordinate()) + 0.01;
+    RC_PRE(Math3DVektorprodukt(d.Normalize(), axis.Normalize()).Length() > 0.05);
+
+    // Crossing with the axis vector projects along it, and scales by its length.
+    const WidePoint wideAxis = difference(WidePoint(a1), WidePoint(a0));
+    const WideRoots truth(cross(difference(WidePoint(p1), WidePoint(p0)), wideAxis),
+                          cross(difference(WidePoint(p0), WidePoint(a0)), wideAxis),
+                          radius * sqrt(dot(wideAxis, wideAxis)));
+    RC_PRE(truth.wellApart);
+    const CylinderHit hit(p0, p1, a0, a1, radius);
+    if (!truth.exist) {
+        RC_ASSERT(hit.count == 0);
+        RC_ASSERT(hit.isUntouched());
+        return;
+    }
+    const auto height = [&](double t) {
+        return (p0 + t * (p1 - p0) - a0).Dot(axis) / axis.Dot(axis);
+    };
+    const double heights[2] = {height(truth.smaller), height(truth.larger)};
+    for (double h : heights)
+        RC_PRE(std::fabs(h) > 1e-6 && std::fabs(h - 1.0) > 1e-6);
+    const bool smallerCounts = heights[0] > 0.0 && heights[0] < 1.0;
+    const bool largerCounts = heights[1] > 0.0 && heights[1] < 1.0;
+    const int expected = (smallerCounts ? 1 : 0) + (largerCounts ? 1 : 0);
+    RC_TAG(expected);
+    RC_ASSERT(hit.count == expected);
+
+    const double tolerance = 1e-8 * (1.0 + std::fabs(truth.smaller) + std::fabs(truth.larger));
+    if (expected == 1) {
+        RC_ASSERT(std::fabs(hit.t1 - (smallerCounts ? truth.smaller : truth.larger)) < tolerance);
+    } else {
+        RC_ASSERT(std::fabs(std::min(hit.t1, hit.t2) - truth.smaller) < tolerance);
+        RC_ASSERT(std::fabs(std::max(hit.t1, hit.t2) - truth.larger) < tolerance);
+    }
+    RC_ASSERT((p0 + hit.t1 * (p1 - p0) - hit.o1).Length() < 1e-12);
+    RC_ASSERT((p0 + hit.t2 * (p1 - p0) - hit.o2).Length() < 1e-12);
+    const double fromAxis = Math3DVektorprodukt(hit.o1 - a0, axis.Normalize()).Length();
+    RC_ASSERT(std::fabs(fromAxis - radius) < 1e-7);
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <OrvelMath/base/valueTypes.h>
+
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+#include <cmath>
+#include <limits>
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+/// What an output holds before a call that must leave it alone.
+inline const Point3D presetPoint(-77.0, 78.0, 79.0);
+
+using Vector = vectorC3d<double>;
+
+inline void expectNear(const Point3D &actual, const Point3D &expected, double tolerance)
+{
+    EXPECT_LE((actual - expected).Length(), tolerance)
+        << "(" << actual.x() << ", " << actual.y() << ", " << actual.z() << ")";
+}
+
+inline void expectNear(const Vector &actual, const Vector &expected, double tolerance)
+{
+    expectNear(Point3D(actual), Point3D(expected), tolerance);
+}
+
+inline bool isNan(const Point3D &p)
+{
+    return std::isnan(p.x()) && std::isnan(p.y()) && std::isnan(p.z());
+}
+
+/// A coordinate on a grid of 0.001 within 10 of the origin; every fourth one is a small integer, so
+/// that degenerate positions do occur.
+inline double anyCoordinate()
+{
+    if (*rc::gen::inRange(0, 4) == 0)
+        return *rc::gen::inRange(-2, 3);
+    return *rc::gen::inRange(-10000, 10001) * 1e-3;
+}
+
+inline Point3D anyPoint()
+{
+    const double x = anyCoordinate();
+    const double y = anyCoordinate();
+    return Point3D(x, y, anyCoordinate());
+}
+
+inline Vector anyVector()
+{
+    return Vector(anyPoint());
+}
+
+/// A vector that isn't short.
+inline Point3D anyDirection()
+{
+    const Point3D direction = anyPoint();
+    RC_PRE(direction.Length() > 0.1);
+    return direction;
+}
