@@ -36,20 +36,26 @@ std::array<double, 3> thirdRowOf(TMatrix t)
 using Elements = std::array<double, 6>;
 const std::array<double, 3> plainThirdRow{0.0, 0.0, 1.0};
 
+/// An integer from [low, high), as likely early in a run as late.
+int uniform(int low, int high)
+{
+    return *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(low, high));
+}
+
 double anyNumber()
 {
-    return *rc::gen::inRange(-100000, 100001) / 1000.0;
+    return uniform(-100000, 100001) / 1000.0;
 }
 
 TMatrix anyStep()
 {
-    switch (*rc::gen::inRange(0, 4)) {
+    switch (uniform(0, 4)) {
     case 0:
         return TMatrix(Point2D(anyNumber(), anyNumber()));
     case 1:
         return TMatrix(anyNumber() * 3.6);
     case 2:
-        return TMatrix(*rc::gen::inRange(0, 3));
+        return TMatrix(uniform(0, 3));
     default: {
         const double scale = anyNumber() / 50.0 + 3.0;
         return TMatrix(scale, scale);
@@ -61,7 +67,7 @@ TMatrix anyStep()
 TMatrix anyTransformation()
 {
     TMatrix t;
-    const int steps = *rc::gen::inRange(1, 5);
+    const int steps = uniform(1, 5);
     for (int i = 0; i < steps; ++i)
         t *= anyStep();
     return t;

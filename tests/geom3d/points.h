@@ -32,13 +32,19 @@ inline bool isNan(const Point3D &p)
     return std::isnan(p.x()) && std::isnan(p.y()) && std::isnan(p.z());
 }
 
+/// An integer from [low, high), as likely early in a run as late.
+inline int uniform(int low, int high)
+{
+    return *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(low, high));
+}
+
 /// A coordinate on a grid of 0.001 within 10 of the origin; every fourth one is a small integer, so
 /// that degenerate positions do occur.
 inline double anyCoordinate()
 {
-    if (*rc::gen::inRange(0, 4) == 0)
-        return *rc::gen::inRange(-2, 3);
-    return *rc::gen::inRange(-10000, 10001) * 1e-3;
+    if (uniform(0, 4) == 0)
+        return uniform(-2, 3);
+    return uniform(-10000, 10001) * 1e-3;
 }
 
 inline Point3D anyPoint()
