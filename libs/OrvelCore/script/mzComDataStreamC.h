@@ -1,0 +1,33 @@
+#pragma once
+
+#include <OrvelCore/OrvelCoreExport.h>
+
+#include <QtCore/QByteArray>
+
+/// A sequence of doubles in memory, written at the end and read from the front. Each takes eight
+/// bytes, the least significant first, on every machine.
+class ORVELCORE_EXPORT mzComDataStreamC
+{
+public:
+    mzComDataStreamC() = default;
+    /// A stream to read what `data` of another stream gave.
+    explicit mzComDataStreamC(const QByteArray &data)
+        : m_data(data)
+    {
+    }
+
+    mzComDataStreamC &operator<<(double value);
+    /// Reads the next value. With fewer than eight bytes left `value` stays as it is and the stream
+    /// is no longer ok; from then on it gives nothing more.
+    mzComDataStreamC &operator>>(double &value);
+
+    /// False once a read ran dry.
+    bool isOk() const { return m_ok; }
+    /// All bytes written so far, those read included.
+    const QByteArray &data() const { return m_data; }
+
+private:
+    QByteArray m_data;
+    int m_position = 0;
+    bool m_ok = true;
+};

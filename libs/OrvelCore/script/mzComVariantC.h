@@ -1,0 +1,118 @@
+#pragma once
+
+#include <OrvelCore/script/mzComDataStreamC.h>
+#include <OrvelCore/script/mzComPtrC.h>
+#include <OrvelCore/script/mzComStringC.h>
+
+#include <QtCore/QMetaType>
+#include <QtCore/QVector>
+
+#include <memory>
+#include <typeinfo>
+#include <variant>
+
+/// How values of one type travel in an mzComVariantC. One static record per type; it must outlive
+/// every variant that holds such a value.
+struct mzComValueMarshalS
+{
+    int id;                            ///< 0 until mzComVariantC::registerValueType writes it
+    int size;                          ///< size of the value in bytes
+    mzComStringC (*name)();            ///< mzComTypeInfoToName of the type
+    void *(*create)(const void *from); ///< a new copy; with null a new value of all zero
+    void (*copy)(const void *from, void *to);
+    void (*destroy)(void *value);                               ///< frees what `create` made
+    bool (*read)(void *value, mzComDataStreamC &stream);        ///< false if the stream ran dry
+    bool (*write)(const void *value, mzComDataStreamC &stream); ///< true
+};
+
+/// The name under which a type is known across modules: the name that the platform's C++ ABI gives.
+ORVELCORE_EXPORT mzComStringC mzComTypeInfoToName(const std::type_info &type);
+/// The same type as a person would write it, for messages.
+ORVELCORE_EXPORT mzComStringC mzComReadableTypeName(const mzComStringC &name);
+
+/// What `mzComVariantC::getUserData` found.
+enum mzComUserDataStatusE {
+    mzUserDataOk = 0,
+    mzUserDataNone = 1,     ///< the variant holds no user value
+    mzUserDataOtherType = 2 ///< it holds a user value of another type
+};
+
+/// A value on its way between a script and an object: nothing, a number, a text, an object, or a
+/// value of a registered type. Copies are cheap and share a user value, which never changes.
+class ORVELCORE_EXPORT mzComVariantC
+{
+public:
+    mzComVariantC() = default;
+    mzComVariantC(double value)
+        : m_value(value)
+    {
+    }
+    mzComVariantC(const mzComStringC &value)
+        : m_value(value)
+    {
+    }
+    mzComVariantC(const char *utf8)
+        : m_value(mzComStringC(utf8))
+    {
+    }
+    /// A null pointer gives the empty variant.
+    mzComVariantC(const mzComPtrT<mzIUnknown> &object);
+
+    bool isEmpty() const { return std::holds_alternative<std::monostate>(m_value); }
+    bool isDouble() const { return std::holds_alternative<double>(m_value); }
+    bool isString() const { return std::holds_alternative<mzComStringC>(m_value); }
+    bool isObject() const { return std::holds_alternative<mzComPtrT<mzIUnknown>>(m_value); }
+    bool isUserValue() const { return std::holds_alternative<UserValue>(m_value); }
+
+    /// The number; 0 if the variant holds none.
+    double toDouble() const;
+    /// The text; empty if the variant holds none.
+    mzComStringC toString() const;
+    /// The object; null if the variant holds none.
+    mzComPtrT<mzIUnknown> toObject() const;
+
+    /// A copy of `value`, which has the type registered under `id`. An unknown id gives the empty
+    /// variant.
+    static mzComVariantC fromUserData(int id, const void *value);
+    /// Copies the user value of type `id` to `value`. Any other status than mzUserDataOk leaves
+    /// `value` as it is.
+    mzComUserDataStatusE getUserData(int id, void *value) const;
+    /// Type of the user value; 0 if the variant holds none.
+    int userType() const;
+
+    /// An object that stands for a value (a prxQVariantBaseC) becomes that value; all else is
+    /// returned as it is.
+    mzComVariantC toSkalarValue() const;
+    /// A user value becomes a new object of the class registered for its type, as scripts see it;
+    /// all else, and a value of a type without a class, is returned as it is.
+    mzComVariantC toScriptObject() const;
+
+    /// What the value is called in messages: "nothing", "number", "string", a class or type name.
+    mzComStringC typeName() const;
+
+    /// Writes the user value as its record does. False without a user value.
+    bool writeUserData(mzComDataStreamC &stream) const;
+    /// Reads a value of type `id`. The variant stays as it is, with false, if the stream runs dry
+    /// or the id is unknown.
+    bool readUserData(int id, mzComDataStreamC &stream);
+
+    /// Gives the record an id, if it has none yet. May be called from any thread.
+    static void registerValueType(mzComValueMarshalS *record);
+    /// Makes variants of type `id` reach scripts as objects of the class `classIdentifier`.
+    static void registerUserTypeProxy(int id, const mzIIDS &classIdentifier);
+    /// How many records were ever given an id.
+    static int registeredValueTypeCount();
+
+private:
+    struct UserValue
+    {
+        const mzComValueMarshalS *record;
+        std::shared_ptr<const void> value;
+    };
+
+    std::variant<std::monostate, double, mzComStringC, mzComPtrT<mzIUnknown>, UserValue> m_value;
+};
+Q_DECLARE_METATYPE(mzComVariantC)
+
+/// The arguments of a call, in order.
+using mzComVariantArrayC = QVector<mzComVariantC>;

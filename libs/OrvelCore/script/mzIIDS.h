@@ -1,0 +1,24 @@
+#pragma once
+
+#include <OrvelCore/OrvelCoreExport.h>
+
+#include <cstring>
+
+/// Identifier of an interface or of a script class: a name that is unique in the process. It refers
+/// to a text that must outlive it, a literal as a rule.
+struct mzIIDS
+{
+    mzIIDS() = default;
+    explicit mzIIDS(const char *identifier)
+        : name(identifier)
+    {
+    }
+
+    bool operator==(const mzIIDS &other) const
+    {
+        return name == other.name || std::strcmp(name, other.name) == 0;
+    }
+    bool operator!=(const mzIIDS &other) const { return !(*this == other); }
+
+    const char *name = "";
+};

@@ -1,0 +1,87 @@
+#include <OrvelCore/script/proxyAutoTypeCastC.h>
+
+#include <OrvelCore/script/proxyObjectC.h>
+#include <OrvelCore/script/valueTypeRegistry_p.h>
+
+#include <QtCore/QLocale>
+
+#include <cstring>
+#include <optional>
+
+namespace {
+
+std::optional<double> toNumber(const mzComVariantC &variant, bool lenient)
+{
+    const mzComVariantC value = variant.toSkalarValue();
+    if (value.isDouble())
+        return value.toDouble();
+    if (lenient && value.isString()) {
+        bool isNumber = false;
+        const double number = value.toString().bytes().toDouble(&isNumber);
+        if (isNumber)
+            return number;
+    }
+    return std::nullopt;
+}
+
+std::optional<mzComStringC> toText(const mzComVariantC &variant, bool lenient)
+{
+    const mzComVariantC value = variant.toSkalarValue();
+    if (value.isString())
+        return value.toString();
+    if (lenient && value.isDouble())
+        return mzComStringC(
+            QByteArray::number(value.toDouble(), 'g', QLocale::FloatingPointShortest));
+    return std::nullopt;
+}
+
+} // namespace
+
+proxyAutoTypeCastExceptionC::~proxyAutoTypeCastExceptionC() = default;
+
+const char *proxyAutoTypeCastExceptionC::what() const noexcept
+{
+    return "a parameter cannot be converted";
+}
+
+template <>
+double proxyAutoTypeCastC::get<double>(bool lenient) const
+{
+    if (m_variant->isDouble())
+        return m_variant->toDouble();
+    const std::optional<double> number = toNumber(*m_variant, lenient);
+    if (!number)
+        proxyObjectC::throwAutoTypeCastException();
+    return *number;
+}
+
+template <>
+mzComStringC proxyAutoTypeCastC::get<mzComStringC>(bool lenient) const
+{
+    const std::optional<mzComStringC> text = toText(*m_variant, lenient);
+    if (!text)
+        proxyObjectC::throwAutoTypeCastException();
+    return *text;
+}
+
+bool proxyAutoTypeCastC::isConvertibleTo(const std::type_info &type, bool lenient) const
+{
+    if (type == typeid(double))
+        return m_variant->isDouble() || toNumber(*m_variant, lenient).has_value();
+    if (type == typeid(mzComStringC))
+        return toText(*m_variant, lenient).has_value();
+    if (type == typeid(mzComVariantC))
+        return true;
+    if (type == typeid(mzComPtrT<mzIUnknown>))
+        return m_variant->isObject() || m_variant->isEmpty();
+    const valueTypeRegistry::Entry *entry =
+        valueTypeRegistry::find(m_variant->toSkalarValue().userType());
+    return entry != nullptr && std::strcmp(entry->name.utf8(), type.name()) == 0;
+}
+
+proxyAutoTypeCastC proxyAutoParaListC::operator[](int index) const
+{
+    static const mzComVariantC absent;
+    const bool isThere = index >= 0 && index < m_arguments.size();
+    return proxyAutoTypeCastC(isThere ? m_arguments.at(index) : absent);
+}

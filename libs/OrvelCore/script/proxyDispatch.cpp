@@ -1,0 +1,166 @@
+#include <OrvelCore/script/proxyDispatch_p.h>
+
+#include <QtCore/QThread>
+
+#include <cstring>
+
+namespace proxyDispatch {
+namespace {
+
+/// A failed call, as an object of its own.
+class ExceptionC final : public mzIException
+{
+public:
+    ExceptionC(mzExceptionCodeE code, const mzComStringC &message)
+        : m_code(code)
+        , m_message(message)
+    {
+    }
+
+    bool queryInterface(const mzIIDS &identifier, mzComPtrC &target) override
+    {
+        const bool known = identifier == mzIUnknown::IID() || identifier == mzIException::IID();
+        target = known ? mzComPtrC(this) : mzComPtrC();
+        return known;
+    }
+    int addRef() override { return ++m_references; }
+    int release() override
+    {
+        const int left = --m_references;
+        if (left == 0)
+            delete this;
+        return left;
+    }
+    mzExceptionCodeE code() const override { return m_code; }
+    mzComStringC message() const override { return m_message; }
+
+private:
+    ~ExceptionC() = default;
+
+    std::atomic<int> m_references{0};
+    mzExceptionCodeE m_code;
+    mzComStringC m_message;
+};
+
+/// The call as a reader would write it: "prxVector3dC.add(string)".
+mzComStringC describe(const proxyObjectC &object, const Call &call)
+{
+    mzComStringC text = object.getProxyTypeInfo()->name;
+    if (!call.name.isEmpty())
+        text += "." + call.name;
+    text += "(";
+    for (int i = 0; i < call.arguments.size(); ++i) {
+        if (i > 0)
+            text += ", ";
+        text += call.arguments[i].typeName();
+    }
+    return text + ")";
+}
+
+const char *explain(mzExceptionCodeE code)
+{
+    switch (code) {
+    case mzExceptionTypeCast:
+        return ": the arguments cannot be converted to the member's parameters";
+    case mzExceptionWrongThread:
+        return ": the object belongs to another thread";
+    case mzExceptionNoMember:
+        break;
+    }
+    return ": there is no such member";
+}
+
+bool refuse(mzExceptionCodeE code, const proxyObjectC &object, const Call &call,
+            mzComPtrT<mzIException> &exception)
+{
+    exception =
+        mzComPtrT<mzIException>(new ExceptionC(code, describe(object, call) + explain(code)));
+    return false;
+}
+
+bool fits(const proxyMemberDescS &member, const Call &call)
+{
+    return (unsigned(member.kind) & call.flags) != 0 &&
+           member.parameterCount == call.arguments.size() &&
+           std::strcmp(member.name, call.name.utf8()) == 0;
+}
+
+bool takesArguments(const proxyMemberDescS &member, const Call &call)
+{
+    if (call.arguments.isEmpty())
+        return true;
+    const bool lenient = (call.flags & proxyInvokeLenient) != 0;
+    const proxySignatureTypeS *parameterTypes = member.signature() + 1;
+    for (int i = 0; i < call.arguments.size(); ++i) {
+        const proxyAutoTypeCastC argument(call.arguments.at(i));
+        if (!argument.isConvertibleTo(*parameterTypes[i].type, lenient))
+            return false;
+    }
+    return true;
+}
+
+/// The first member that can serve the call. `isKnown` becomes true if one has at least the name,
+/// the kind and the parameter count.
+const proxyMemberDescS *findMember(const proxyMemberDescListS &list, const Call &call,
+                                   bool &isKnown)
+{
+    for (const proxyMemberDescS *member = list.members; member->name != nullptr; ++member) {
+        if (fits(*member, call)) {
+            isKnown = true;
+            if (takesArguments(*member, call))
+                return member;
+        }
+    }
+    for (proxyMemberDescListS **base = list.baseClasses; *base != nullptr; ++base) {
+        if (const proxyMemberDescS *member = findMember(**base, call, isKnown))
+            return member;
+    }
+    return nullptr;
+}
+
+/// Whether the calling thread may use the object, which becomes its own if it was free.
+bool mayCall(proxyObjectC &object)
+{
+    const quintptr owner = object.getStickyThreadId(true);
+    return owner == 0 || owner == reinterpret_cast<quintptr>(QThread::currentThreadId());
+}
+
+} // namespace
+
+const proxyMemberDescListS *findClass(const proxyMemberDescListS &list, const char *name)
+{
+    const bool isThis =
+        std::strcmp(list.name, name) == 0 ||
+        (list.objectIdentifier != nullptr && std::strcmp(list.objectIdentifier, name) == 0);
+    if (isThis)
+        return &list;
+    for (proxyMemberDescListS **base = list.baseClasses; *base != nullptr; ++base) {
+        if (const proxyMemberDescListS *found = findClass(**base, name))
+            return found;
+    }
+    return nullptr;
+}
+
+bool invoke(proxyObjectC &object, const Call &call, mzComVariantC &result,
+            mzComPtrT<mzIException> &exception)
+{
+    if (!mayCall(object))
+        return refuse(mzExceptionWrongThread, object, call, exception);
+    bool isKnown = false;
+    const proxyMemberDescS *member = findMember(*object.getProxyTypeInfo(), call, isKnown);
+    if (member == nullptr)
+        return refuse(isKnown ? mzExceptionTypeCast : mzExceptionNoMember, object, call, exception);
+
+    mzComVariantC answer;
+    proxyAutoParaListC parameters(call.arguments);
+    proxyAutoTypeCastC answerCast(&answer);
+    try {
+        member->handler(&object, parameters, answerCast, (call.flags & proxyInvokeLenient) != 0);
+    } catch (const proxyAutoTypeCastExceptionC &) {
+        return refuse(mzExceptionTypeCast, object, call, exception);
+    }
+    result = answer.isUserValue() ? answer.toScriptObject() : std::move(answer);
+    return true;
+}
+
+} // namespace proxyDispatch

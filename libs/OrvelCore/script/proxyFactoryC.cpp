@@ -1,0 +1,99 @@
+#include <OrvelCore/script/proxyFactoryC.h>
+
+#include <OrvelCore/script/classRegistry_p.h>
+#include <OrvelCore/script/serverEvents_p.h>
+
+#include <algorithm>
+#include <cstring>
+#include <mutex>
+#include <vector>
+
+namespace {
+
+struct Class
+{
+    const proxyMemberDescListS *list;
+    const void *owner;
+};
+
+struct Registry
+{
+    std::mutex mutex;
+    std::vector<Class> classes;
+
+    const proxyMemberDescListS *find(const char *identifier) const
+    {
+        for (const Class &known : classes) {
+            const char *own = known.list->objectIdentifier;
+            if (own != nullptr && std::strcmp(own, identifier) == 0)
+                return known.list;
+        }
+        return nullptr;
+    }
+};
+
+// Never destroyed: libraries take their things away after the static objects of this one are gone.
+Registry &registry()
+{
+    static Registry *const instance = new Registry;
+    return *instance;
+}
+
+} // namespace
+
+proxyFactoryC &proxyFactoryC::instance()
+{
+    static proxyFactoryC factory;
+    return factory;
+}
+
+void proxyFactoryC::registerClass(const proxyMemberDescListS *list)
+{
+    Registry &known = registry();
+    const Class added = {list, serverEvents::notified()};
+    const std::lock_guard<std::mutex> lock(known.mutex);
+    const proxyMemberDescListS *old =
+        list->objectIdentifier != nullptr ? known.find(list->objectIdentifier) : nullptr;
+    for (Class &entry : known.classes) {
+        if (entry.list == old || entry.list == list) {
+            entry = added;
+            return;
+        }
+    }
+    known.classes.push_back(added);
+}
+
+mzComPtrT<proxyObjectC> proxyFactoryC::create(const mzIIDS &objectIdentifier) const
+{
+    const proxyMemberDescListS *list = findClass(objectIdentifier);
+    if (list == nullptr || list->creator == nullptr)
+        return mzComPtrT<proxyObjectC>();
+    return mzComPtrT<proxyObjectC>(list->creator());
+}
+
+const proxyMemberDescListS *proxyFactoryC::findClass(const mzIIDS &objectIdentifier) const
+{
+    Registry &known = registry();
+    const std::lock_guard<std::mutex> lock(known.mutex);
+    return known.find(objectIdentifier.name);
+}
+
+QVector<const proxyMemberDescListS *> proxyFactoryC::classes() const
+{
+    Registry &known = registry();
+    const std::lock_guard<std::mutex> lock(known.mutex);
+    QVector<const proxyMemberDescListS *> lists;
+    for (const Class &entry : known.classes)
+        lists.append(entry.list);
+    return lists;
+}
+
+void classRegistry::removeOwner(const void *owner)
+{
+    Registry &known = registry();
+    const std::lock_guard<std::mutex> lock(known.mutex);
+    known.classes.erase(
+        std::remove_if(known.classes.begin(), known.classes.end(),
+                       [owner](const Class &entry) { return entry.owner == owner; }),
+        known.classes.end());
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <OrvelCore/script/proxyObjectC.h>
+
+#include <QtCore/QVector>
+
+/// The script classes of the process. May be used from any thread.
+class ORVELCORE_EXPORT proxyFactoryC
+{
+public:
+    static proxyFactoryC &instance();
+
+    /// Makes a class known. A class with the same object identifier takes the place of the old one.
+    /// Registered while a library is told of the server's start, it is forgotten again when that
+    /// library goes.
+    void registerClass(const proxyMemberDescListS *list);
+    /// A new object of the class with this object identifier; null if there is none or memory ran
+    /// out.
+    mzComPtrT<proxyObjectC> create(const mzIIDS &objectIdentifier) const;
+    /// The class with this object identifier, or null.
+    const proxyMemberDescListS *findClass(const mzIIDS &objectIdentifier) const;
+    /// All classes, in the order in which they came.
+    QVector<const proxyMemberDescListS *> classes() const;
+
+private:
+    proxyFactoryC() = default;
+};

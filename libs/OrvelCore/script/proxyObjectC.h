@@ -1,0 +1,95 @@
+#pragma once
+
+#include <OrvelCore/script/mzComPtrC.h>
+#include <OrvelCore/script/mzComVariantC.h>
+#include <OrvelCore/script/proxyAutoTypeCastC.h>
+#include <OrvelCore/script/proxyMemberDescS.h>
+
+#include <QtCore/QtGlobal>
+
+#include <atomic>
+#include <cstddef>
+
+/// How a connection from another process ended.
+enum mzIComExternalConnectionReleaseStateE {
+    mzExternalConnectionClosed = 0, ///< one connection was given back
+    mzExternalConnectionLost = 1    ///< the other side is gone, and all its connections with it
+};
+
+/// The second argument of proxyObjectC::invokeByName: kinds of proxyMemberKindE, any of which may
+/// serve the call, and options.
+enum proxyInvokeFlagE {
+    proxyInvokeLenient = 0x100 ///< numbers and texts stand in for each other, where they can
+};
+
+/// Base of all objects that scripts see: it counts references, finds members in the class's table
+/// and calls them. New objects have no references: put them into an mzComPtrT at once, since the
+/// first release that finds none left deletes the object. Copying is impossible.
+class ORVELCORE_EXPORT proxyObjectC : public mzIUnknown
+{
+public:
+    /// The identifier "proxyObjectC".
+    static const mzIIDS &IID();
+
+    /// On qMalloc, so that a proxy can be released in another module than the one that made it.
+    /// When memory runs out a `new` expression gives null and constructs nothing.
+    static void *operator new(std::size_t size) noexcept;
+    static void operator delete(void *memory) noexcept;
+
+    /// Knows "mzIUnknown" and the names and object identifiers of the object's class and its bases.
+    bool queryInterface(const mzIIDS &identifier, mzComPtrC &target) override;
+    int addRef() override;
+    int release() override;
+
+    /// Calls the member `name` of a kind in `flags` that has as many parameters as there are
+    /// `arguments`. It is looked for in the class's table, then in those of the bases; of several
+    /// the first one whose parameters can take the arguments is called. On success `result` holds
+    /// what the member gave, an object for a value that has a class of its own, and the return
+    /// value is true. Otherwise `exception` tells why, `result` is as it was, and the return value
+    /// is false. Other C++ exceptions of a handler pass through.
+    virtual bool invokeByName(const mzComStringC &name, unsigned int flags,
+                              const mzComVariantArrayC &arguments, mzComVariantC &result,
+                              mzComPtrT<mzIException> &exception);
+
+    /// The thread that may call the object's members through invokeByName; 0 as long as none has,
+    /// and always for a thread-safe object. With `claim` an object that is still free goes to the
+    /// calling thread, for good.
+    virtual quintptr getStickyThreadId(bool claim);
+
+    /// The object as the class called `className`, one of its own class and its bases; null if it
+    /// is none of these.
+    virtual void *proxyCast(const mzComStringC &className) const;
+
+    /// The description of the object's class.
+    virtual const proxyMemberDescListS *getProxyTypeInfo() const;
+
+    virtual ~proxyObjectC();
+
+    /// A connection from another process holds a reference. Returns how many connections there are
+    /// now; -1, with nothing done, if the object has no such interface.
+    virtual int addRemoteConnection(const mzIIDS &identifier);
+    /// Gives back one connection, or all. Returns how many are left; -1, with nothing done, if
+    /// there is none or the object has no such interface. The object may be gone afterwards.
+    virtual int releaseRemoteConnection(const mzIIDS &identifier,
+                                        mzIComExternalConnectionReleaseStateE state);
+
+    static proxyMemberDescListS *getStaticProxyTypeInfo();
+
+    /// Throws proxyAutoTypeCastExceptionC.
+    [[noreturn]] static void throwAutoTypeCastException();
+
+    /// Proxies alive in the process: how a test sees that none is left behind.
+    static int liveObjectCount();
+
+protected:
+    proxyObjectC();
+
+    /// The object may be called from any thread from now on.
+    void setThreadSafe();
+
+private:
+    std::atomic<int> m_references{0};
+    std::atomic<int> m_remoteConnections{0};
+    std::atomic<quintptr> m_thread{0};
+    bool m_threadSafe = false;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <OrvelCore/script/proxyObjectC.h>
+
+#include <QtCore/QVariant>
+
+/// Base of the proxies that stand for a value: it keeps the value in a variant.
+class ORVELCORE_EXPORT prxQVariantBaseC : public proxyObjectC
+{
+public:
+    /// The identifier "prxQVariantBaseC".
+    static const mzIIDS &IID();
+
+    prxQVariantBaseC();
+    explicit prxQVariantBaseC(const mzComVariantC &value);
+    ~prxQVariantBaseC() override;
+
+    bool queryInterface(const mzIIDS &identifier, mzComPtrC &target) override;
+    int addRef() override;
+    int release() override;
+    bool invokeByName(const mzComStringC &name, unsigned int flags,
+                      const mzComVariantArrayC &arguments, mzComVariantC &result,
+                      mzComPtrT<mzIException> &exception) override;
+    const proxyMemberDescListS *getProxyTypeInfo() const override;
+
+    /// The value for Qt: invalid, a double, a QString, or an mzComVariantC for all else.
+    virtual QVariant getVariant() const;
+    /// Takes what getVariant gives; of other Qt values a number becomes a number, and what has a
+    /// text becomes that text.
+    virtual void setVariant(const QVariant &value);
+    virtual mzComVariantC getComVariant() const;
+    virtual void setComVariant(const mzComVariantC &value);
+
+    static proxyMemberDescListS *getStaticProxyTypeInfo();
+
+private:
+    mzComVariantC m_value;
+};

@@ -1,0 +1,9 @@
+#pragma once
+
+/// Who registers things at the moment.
+namespace serverEvents {
+
+/// The mzComServerStateEventC that is being told of the server's start on this thread, or null.
+const void *notified();
+
+} // namespace serverEvents

@@ -1,0 +1,78 @@
+#include <OrvelMath/proxymath/proxyValueType.h>
+
+namespace {
+
+template <typename T>
+constexpr int doubleCount = int(sizeof(T) / sizeof(double));
+
+template <typename T>
+mzComStringC typeName()
+{
+    return mzComTypeInfoToName(typeid(T));
+}
+
+template <typename T>
+void *create(const void *from)
+{
+    return from != nullptr ? new T(*static_cast<const T *>(from)) : new T();
+}
+
+template <typename T>
+void copy(const void *from, void *to)
+{
+    *static_cast<T *>(to) = *static_cast<const T *>(from);
+}
+
+template <typename T>
+void destroy(void *value)
+{
+    delete static_cast<T *>(value);
+}
+
+template <typename T>
+bool read(void *value, mzComDataStreamC &stream)
+{
+    T &target = *static_cast<T *>(value);
+    for (int i = 0; i < doubleCount<T>; ++i)
+        stream >> target[i];
+    return stream.isOk();
+}
+
+template <typename T>
+bool write(const void *value, mzComDataStreamC &stream)
+{
+    const T &source = *static_cast<const T *>(value);
+    for (int i = 0; i < doubleCount<T>; ++i)
+        stream << source[i];
+    return true;
+}
+
+template <typename T>
+mzComValueMarshalS record = {0,       int(sizeof(T)), typeName<T>, create<T>,
+                             copy<T>, destroy<T>,     read<T>,     write<T>};
+
+} // namespace
+
+template <>
+mzComValueMarshalS *proxyValueRecord<vectorC2d<double>>()
+{
+    return &record<vectorC2d<double>>;
+}
+
+template <>
+mzComValueMarshalS *proxyValueRecord<vectorC3d<double>>()
+{
+    return &record<vectorC3d<double>>;
+}
+
+template <>
+mzComValueMarshalS *proxyValueRecord<matrixC3x3<double>>()
+{
+    return &record<matrixC3x3<double>>;
+}
+
+template <>
+mzComValueMarshalS *proxyValueRecord<matrixC4x4<double>>()
+{
+    return &record<matrixC4x4<double>>;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+/// The script classes "linquet.vector2d", "linquet.vector3d", "linquet.matrix3x3",
+/// "linquet.matrix4x4" and "linquet.mathfactory".
+///
+/// | Header | Holds |
+/// |---|---|
+/// | proxyValueType.h | how the four value types travel in variants and streams |
+/// | prxVariantUserTypeBaseC.h | typed access to a proxy's value |
+/// | prxVectorBaseC.h | what both vectors can do |
+/// | prxVector2dC.h, prxVector3dC.h | the vectors |
+/// | prxMatrix3x3C.h, prxMatrix4x4C.h | the matrices |
+/// | prxMathFactoryC.h | makes all of them |
+///
+/// Scripts reach the members by name; C++ can call them as well. Two things to know there:
+///
+/// - A function that returns a proxy gives a new object without references, or null if memory ran
+///   out. Put it into an mzComPtrT. The setters are the exception: they return `this`.
+/// - Many members edit the value through prxValWrapperC, which counts a reference and gives it
+/// back.
+///   On a proxy that nobody holds this would be the last one. Hold a proxy before you call it.
+
+#include <OrvelMath/proxymath/proxyValueType.h>
+#include <OrvelMath/proxymath/prxMathFactoryC.h>
+#include <OrvelMath/proxymath/prxMatrix3x3C.h>
+#include <OrvelMath/proxymath/prxMatrix4x4C.h>
+#include <OrvelMath/proxymath/prxVector2dC.h>
+#include <OrvelMath/proxymath/prxVector3dC.h>

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <OrvelMath/proxymath/prxVariantUserTypeBaseC.h>
+
+class prxMathFactoryC;
+class prxVector2dC;
+class prxVector3dC;
+
+/// The script class "linquet.matrix3x3". See proxymath.h on references.
+///
+/// `getXVec`, `getYVec` and `getZVec` give a vector that lives in the matrix: it reads the present
+/// axis, what is set on it is set in the matrix, and it keeps the matrix alive.
+class ORVELMATH_EXPORT prxMatrix3x3C : public prxVariantUserTypeBaseC<matrixC3x3<double>>
+{
+public:
+    /// The zero matrix.
+    prxMatrix3x3C();
+    explicit prxMatrix3x3C(const matrixC3x3<double> &value);
+    ~prxMatrix3x3C() override;
+
+    /// A new matrix: this times other.
+    prxMatrix3x3C *mulMat3x3(const matrixC3x3<double> &other) const;
+    prxVector3dC *mulVec3x3(const vectorC3d<double> &vector) const;
+    /// The image of a point of the plane: the z axis is the translation; no division.
+    prxVector2dC *mulVec2x3(const vectorC2d<double> &point) const;
+    /// The transpose, as a new matrix: the inverse of a rotation, of nothing else.
+    prxMatrix3x3C *inv3x3() const;
+    /// Becomes the identity; returns this.
+    prxMatrix3x3C *ident();
+    prxVector3dC *getXVec();
+    prxVector3dC *getYVec();
+    prxVector3dC *getZVec();
+    prxMatrix3x3C *setXVec(const vectorC3d<double> &axis);
+    prxMatrix3x3C *setYVec(const vectorC3d<double> &axis);
+    prxMatrix3x3C *setZVec(const vectorC3d<double> &axis);
+    /// Becomes Rx(a) Ry(b) Rz(c), right-handed rotations about the axes; degrees. Returns this. Not
+    /// the rotation of Math3DRotateMatrix.
+    prxMatrix3x3C *rotAngle(double a, double b, double c);
+    prxMathFactoryC *getFactory() const;
+
+    static const mzIIDS &OID();
+    static mzComStringC getObjectName();
+    static proxyMemberDescListS *getStaticProxyTypeInfo();
+    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    static proxyMemberDescListS **getStaticBaseClasses();
+    static proxyMemberDescS *getStaticMemberDescription();
+    static void *_castTo(const proxyObjectC *object);
+
+private:
+    vectorC3d<double> getX();
+    vectorC3d<double> getY();
+    vectorC3d<double> getZ();
+    void setX(const vectorC3d<double> &axis);
+    void setY(const vectorC3d<double> &axis);
+    void setZ(const vectorC3d<double> &axis);
+};

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <OrvelMath/proxymath/prxVariantUserTypeBaseC.h>
+
+class prxMathFactoryC;
+class prxMatrix3x3C;
+class prxVector2dC;
+class prxVector3dC;
+
+/// The script class "linquet.matrix4x4". See proxymath.h on references.
+///
+/// `getXVec`, `getYVec`, `getZVec` and `getTVec` give a vector that lives in the matrix: it reads
+/// the present column, what is set on it is set in the matrix, and it keeps the matrix alive.
+class ORVELMATH_EXPORT prxMatrix4x4C : public prxVariantUserTypeBaseC<matrixC4x4<double>>
+{
+public:
+    /// The zero matrix.
+    prxMatrix4x4C();
+    explicit prxMatrix4x4C(const matrixC4x4<double> &value);
+    ~prxMatrix4x4C() override;
+
+    /// A new matrix: this times other.
+    prxMatrix4x4C *mulMat4x4(const matrixC4x4<double> &other) const;
+    /// The image of a point; no division by the fourth component.
+    prxVector3dC *mulVec3dMat4x4(const vectorC3d<double> &point) const;
+    /// The image of a point with z = 0, in space.
+    prxVector3dC *mulVec2dMat4x4(const vectorC2d<double> &point) const;
+    /// A new matrix: the inverse of a rigid motion, of nothing else. The 3x3 part is transposed,
+    /// the old translation goes through it and changes its sign, the fourth row stays.
+    prxMatrix4x4C *inv4x4() const;
+    /// Becomes Rx(a) Ry(b) Rz(c), right-handed rotations about the axes; degrees. The translation
+    /// becomes 0. Returns this. Not the rotation of Math3DRotateMatrix.
+    prxMatrix4x4C *rotAngle(double a, double b, double c);
+    /// Becomes the right-handed rotation by `angle` degrees about `axis`, of any length, through
+    /// the origin; the translation becomes 0. A zero axis gives NaN. Returns this.
+    prxMatrix4x4C *rotVector(const vectorC3d<double> &axis, double angle);
+    /// The upper left 3x3 part as a new matrix.
+    prxMatrix3x3C *conv3x3() const;
+    /// Becomes the identity; returns this.
+    prxMatrix4x4C *ident();
+    prxVector3dC *getXVec();
+    prxVector3dC *getYVec();
+    prxVector3dC *getZVec();
+    prxVector3dC *getTVec();
+    prxMatrix4x4C *setXVec(const vectorC3d<double> &axis);
+    prxMatrix4x4C *setYVec(const vectorC3d<double> &axis);
+    prxMatrix4x4C *setZVec(const vectorC3d<double> &axis);
+    prxMatrix4x4C *setTVec(const vectorC3d<double> &translation);
+    /// Degrees: the first angle of Quaternion4D::GetEuler of the 3x3 part. For rotAngle(0, b, 0) it
+    /// is -b.
+    double getRoll();
+    /// Degrees: the second angle. For rotAngle(0, 0, c) it is -c.
+    double getPitch();
+    /// Degrees: the third angle. For rotAngle(a, 0, 0) it is -a.
+    double getYaw();
+    prxMathFactoryC *getFactory() const;
+
+    static const mzIIDS &OID();
+    static mzComStringC getObjectName();
+    static proxyMemberDescListS *getStaticProxyTypeInfo();
+    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    static proxyMemberDescListS **getStaticBaseClasses();
+    static proxyMemberDescS *getStaticMemberDescription();
+    static void *_castTo(const proxyObjectC *object);
+
+private:
+    struct EulerAngles
+    {
+        double first;
+        double second;
+        double third;
+    };
+
+    vectorC3d<double> getX();
+    vectorC3d<double> getY();
+    vectorC3d<double> getZ();
+    vectorC3d<double> getT();
+    void setX(const vectorC3d<double> &axis);
+    void setY(const vectorC3d<double> &axis);
+    void setZ(const vectorC3d<double> &axis);
+    void setT(const vectorC3d<double> &translation);
+    double element(int cell);
+    EulerAngles eulerAngles();
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <OrvelMath/proxymath/prxVectorBaseC.h>
+
+class prxMathFactoryC;
+
+/// The script class "linquet.vector2d". See proxymath.h on references.
+class ORVELMATH_EXPORT prxVector2dC : public prxVectorBaseC<vectorC2d<double>, prxVector2dC>
+{
+public:
+    /// The zero vector.
+    prxVector2dC();
+    explicit prxVector2dC(const vectorC2d<double> &value);
+    ~prxVector2dC() override;
+
+    double getx();
+    double gety();
+    prxVector2dC *setx(double x);
+    prxVector2dC *sety(double y);
+    /// Sets x, then y.
+    prxVector2dC *setXY(double x, double y);
+    /// A new vector (-y, x): this one turned a quarter left.
+    prxVector2dC *perpendicular() const;
+    prxMathFactoryC *getFactory() const;
+
+    static const mzIIDS &OID();
+    static mzComStringC getObjectName();
+    static proxyMemberDescListS *getStaticProxyTypeInfo();
+    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    static proxyMemberDescListS **getStaticBaseClasses();
+    static proxyMemberDescS *getStaticMemberDescription();
+    static void *_castTo(const proxyObjectC *object);
+};

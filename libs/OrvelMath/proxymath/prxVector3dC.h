@@ -1,0 +1,35 @@
+#pragma once
+
+#include <OrvelMath/proxymath/prxVectorBaseC.h>
+
+class prxMathFactoryC;
+
+/// The script class "linquet.vector3d". See proxymath.h on references.
+class ORVELMATH_EXPORT prxVector3dC : public prxVectorBaseC<vectorC3d<double>, prxVector3dC>
+{
+public:
+    /// The zero vector.
+    prxVector3dC();
+    explicit prxVector3dC(vectorC3d<double> value);
+    ~prxVector3dC() override;
+
+    /// A new vector: this × other, right-handed.
+    prxVector3dC *cross(const vectorC3d<double> &other) const;
+    double getx();
+    double gety();
+    double getz();
+    prxVector3dC *setx(double x);
+    prxVector3dC *sety(double y);
+    prxVector3dC *setz(double z);
+    /// Sets x, then y, then z.
+    prxVector3dC *setXYZ(double x, double y, double z);
+    prxMathFactoryC *getFactory() const;
+
+    static const mzIIDS &OID();
+    static mzComStringC getObjectName();
+    static proxyMemberDescListS *getStaticProxyTypeInfo();
+    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    static proxyMemberDescListS **getStaticBaseClasses();
+    static proxyMemberDescS *getStaticMemberDescription();
+    static void *_castTo(const proxyObjectC *object);
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <OrvelMath/proxymath/prxVariantUserTypeBaseC.h>
+
+#include <cmath>
+
+/// What the vectors of both dimensions can do. `V` is the value, `P` the proxy class. All results
+/// are new objects and this one stays as it is; NaN and infinity pass through.
+template <typename V, typename P>
+class ORVELMATH_EXPORT prxVectorBaseC : public prxVariantUserTypeBaseC<V>
+{
+public:
+    P *add(const V &other) const { return new P(this->getValue() + other); }
+    P *sub(const V &other) const { return new P(this->getValue() - other); }
+    double len() const { return this->getValue().length(); }
+    P *mulReal(double factor) const { return new P(this->getValue() * factor); }
+    /// Without a guard: a zero divisor gives infinities and NaN.
+    P *divReal(double divisor) const { return new P(this->getValue() / divisor); }
+    /// The vector of this direction with the given length; NaN for the zero vector.
+    P *norm(double length) const
+    {
+        const V vector = this->getValue();
+        const double factor = length / std::sqrt(vector.squaredLength());
+        return new P(vector * factor);
+    }
+};
