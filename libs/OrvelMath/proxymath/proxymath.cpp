@@ -13,7 +13,7 @@ using proxyMember::write;
 namespace {
 
 template <typename X>
-proxyObjectC *create()
+proxyObjectC *makeDefault()
 {
     return new X;
 }
@@ -88,7 +88,7 @@ proxyMemberDescListS *prxVector3dC::getStaticProxyTypeInfo()
                                         getStaticMemberDescription(),
                                         "linquet.vector3d",
                                         0,
-                                        create<prxVector3dC>,
+                                        makeDefault<prxVector3dC>,
                                         proxyMember::sourceName,
                                         __LINE__};
     return &list;
@@ -153,7 +153,7 @@ proxyMemberDescListS *prxVector2dC::getStaticProxyTypeInfo()
                                         getStaticMemberDescription(),
                                         "linquet.vector2d",
                                         0,
-                                        create<prxVector2dC>,
+                                        makeDefault<prxVector2dC>,
                                         proxyMember::sourceName,
                                         __LINE__};
     return &list;
@@ -215,7 +215,7 @@ proxyMemberDescListS *prxMatrix3x3C::getStaticProxyTypeInfo()
                                         getStaticMemberDescription(),
                                         "linquet.matrix3x3",
                                         0,
-                                        create<prxMatrix3x3C>,
+                                        makeDefault<prxMatrix3x3C>,
                                         proxyMember::sourceName,
                                         __LINE__};
     return &list;
@@ -284,7 +284,7 @@ proxyMemberDescListS *prxMatrix4x4C::getStaticProxyTypeInfo()
                                         getStaticMemberDescription(),
                                         "linquet.matrix4x4",
                                         0,
-                                        create<prxMatrix4x4C>,
+                                        makeDefault<prxMatrix4x4C>,
                                         proxyMember::sourceName,
                                         __LINE__};
     return &list;
@@ -338,7 +338,7 @@ proxyMemberDescListS *prxMathFactoryC::getStaticProxyTypeInfo()
                                         getStaticMemberDescription(),
                                         "linquet.mathfactory",
                                         0,
-                                        create<prxMathFactoryC>,
+                                        makeDefault<prxMathFactoryC>,
                                         proxyMember::sourceName,
                                         __LINE__};
     return &list;

@@ -1,0 +1,103 @@
+#include "ProxyValues.h"
+
+#include <cstdlib>
+#include <new>
+
+// This program's qMalloc takes the place of Qt's, so that a test can let memory run out.
+namespace {
+
+bool memoryRunsOut = false;
+int allocations = 0;
+
+/// Lets qMalloc fail for a while.
+class NoMemory
+{
+public:
+    NoMemory() { memoryRunsOut = true; }
+    ~NoMemory() { memoryRunsOut = false; }
+};
+
+} // namespace
+
+Q_DECL_EXPORT void *qMalloc(std::size_t size)
+{
+    ++allocations;
+    return memoryRunsOut ? nullptr : std::malloc(size);
+}
+
+using namespace proxyValues;
+
+namespace {
+
+/// A proxy whose members are called directly, with one reference.
+template <typename P>
+mzComPtrT<P> held()
+{
+    return mzComPtrT<P>(new P);
+}
+
+} // namespace
+
+TEST(ProxyAllocation, GoesThroughQMalloc)
+{
+    const int before = allocations;
+    const Object vector = vector3(1, 2, 3);
+    EXPECT_EQ(allocations, before + 1);
+}
+
+TEST(ProxyAllocation, CreatorsGiveNullWhenMemoryRunsOut)
+{
+    const NoMemory nothing;
+    EXPECT_EQ(prxVector2dC::getStaticProxyTypeInfo()->creator(), nullptr);
+    EXPECT_EQ(prxVector3dC::getStaticProxyTypeInfo()->creator(), nullptr);
+    EXPECT_EQ(prxMatrix3x3C::getStaticProxyTypeInfo()->creator(), nullptr);
+    EXPECT_EQ(prxMatrix4x4C::getStaticProxyTypeInfo()->creator(), nullptr);
+    EXPECT_EQ(prxMathFactoryC::getStaticProxyTypeInfo()->creator(), nullptr);
+    EXPECT_FALSE(proxyFactoryC::instance().create(prxVector3dC::OID()));
+}
+
+TEST(ProxyAllocation, EveryMemberThatMakesAnObjectGivesNull)
+{
+    const auto vec2 = held<prxVector2dC>();
+    const auto vec3 = held<prxVector3dC>();
+    const auto mat3 = held<prxMatrix3x3C>();
+    const auto mat4 = held<prxMatrix4x4C>();
+    const auto factory = held<prxMathFactoryC>();
+    const NoMemory nothing;
+    EXPECT_EQ(vec2->add(Vector2()), nullptr);
+    EXPECT_EQ(vec2->perpendicular(), nullptr);
+    EXPECT_EQ(vec2->getFactory(), nullptr);
+    EXPECT_EQ(vec3->sub(Vector3()), nullptr);
+    EXPECT_EQ(vec3->mulReal(2), nullptr);
+    EXPECT_EQ(vec3->divReal(2), nullptr);
+    EXPECT_EQ(vec3->norm(2), nullptr);
+    EXPECT_EQ(vec3->cross(Vector3()), nullptr);
+    EXPECT_EQ(mat3->mulMat3x3(Matrix3()), nullptr);
+    EXPECT_EQ(mat3->mulVec3x3(Vector3()), nullptr);
+    EXPECT_EQ(mat3->mulVec2x3(Vector2()), nullptr);
+    EXPECT_EQ(mat3->inv3x3(), nullptr);
+    EXPECT_EQ(mat3->getXVec(), nullptr);
+    EXPECT_EQ(mat3->getYVec(), nullptr);
+    EXPECT_EQ(mat3->getZVec(), nullptr);
+    EXPECT_EQ(mat4->inv4x4(), nullptr);
+    EXPECT_EQ(mat4->conv3x3(), nullptr);
+    EXPECT_EQ(mat4->getTVec(), nullptr);
+    EXPECT_EQ(factory->createMat4x4(), nullptr);
+    EXPECT_EQ(factory->create("vector2d"), nullptr);
+}
+
+TEST(ProxyAllocation, ANullObjectReachesTheScriptAsNothing)
+{
+    const Object vector = vector3(1, 2, 3);
+    const NoMemory nothing;
+    const scriptCall::Answer answer = scriptCall::call(vector, "mul", {2.0});
+    EXPECT_TRUE(answer.ok);
+    EXPECT_TRUE(answer.value.isEmpty());
+}
+
+TEST(ProxyAllocation, SettersDoWithoutANewObject)
+{
+    const Object vector = vector3(1, 2, 3);
+    const NoMemory nothing;
+    EXPECT_TRUE(scriptCall::call(vector, "x", {5.0}).object() == vector);
+}

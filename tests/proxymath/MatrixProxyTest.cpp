@@ -1,0 +1,448 @@
+#include "ProxyValues.h"
+
+#include <OrvelMath/base/Matrix4X4C.h>
+
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace proxyValues;
+using scriptCall::Answer;
+using scriptCall::call;
+using scriptCall::read;
+using scriptCall::write;
+
+namespace {
+
+const double pi = 3.141592653589793;
+
+Object identity3()
+{
+    return make<prxMatrix3x3C>(Matrix3::identity());
+}
+
+Object identity4()
+{
+    return make<prxMatrix4x4C>(Matrix4::identity());
+}
+
+Object rotation3(double a, double b, double c)
+{
+    return call(Object(new prxMatrix3x3C), "rotAngle", {a, b, c}).object();
+}
+
+Object rotation4(double a, double b, double c)
+{
+    return call(Object(new prxMatrix4x4C), "rotAngle", {a, b, c}).object();
+}
+
+template <typename M>
+void expectNear(const M &actual, const M &expected, double tolerance)
+{
+    for (int i = 0; i < int(sizeof(M) / sizeof(double)); ++i)
+        EXPECT_NEAR(actual[i], expected[i], tolerance) << "cell " << i;
+}
+
+/// Counts how often the value is written back.
+template <typename P>
+class Counting : public P
+{
+public:
+    void setComVariant(const mzComVariantC &value) override
+    {
+        ++writes;
+        P::setComVariant(value);
+    }
+    int writes = 0;
+};
+
+template <typename P>
+void drop(P *object)
+{
+    const mzComPtrT<P> pointer(object);
+}
+
+} // namespace
+
+TEST(Matrix3Proxy, MultipliesByTheTypeOfTheArgument)
+{
+    const Object m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 10}));
+    const Matrix3 square = valueOf<Matrix3>(call(m, "mul", {mzComVariantC(m)}));
+    EXPECT_TRUE(square == cells<Matrix3>({30, 36, 45, 66, 81, 102, 109, 134, 169}));
+    EXPECT_TRUE(valueOf<Vector3>(call(m, "mul", {mzComVariantC(vector3(1, 2, 3))})) ==
+                Vector3(30, 36, 45));
+    EXPECT_TRUE(valueOf<Vector2>(call(m, "mul", {mzComVariantC(vector2(1, 2))})) ==
+                Vector2(16, 20));
+    EXPECT_EQ(call(m, "mul", {2.0}).code, mzExceptionTypeCast);
+    EXPECT_EQ(call(m, "mul", {mzComVariantC(identity4())}).code, mzExceptionTypeCast);
+}
+
+TEST(Matrix3Proxy, InverseIsTheTranspose)
+{
+    const Object m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    EXPECT_TRUE(valueOf<Matrix3>(call(m, "inv")) == cells<Matrix3>({1, 4, 7, 2, 5, 8, 3, 6, 9}));
+    const Matrix3 scaling = cells<Matrix3>({2, 0, 0, 0, 3, 0, 0, 0, 4});
+    EXPECT_TRUE(valueOf<Matrix3>(call(make<prxMatrix3x3C>(scaling), "inv")) == scaling);
+}
+
+TEST(Matrix3Proxy, IdentChangesTheReceiver)
+{
+    const Object m(new prxMatrix3x3C);
+    EXPECT_TRUE(valueOf<Matrix3>(m) == Matrix3());
+    EXPECT_TRUE(call(m, "ident").object() == m);
+    EXPECT_TRUE(valueOf<Matrix3>(m) == Matrix3::identity());
+}
+
+TEST(Matrix3Proxy, HasNoTranslationAndNoAngles)
+{
+    for (const char *name : {"T", "Roll", "Pitch", "Yaw"}) {
+        const Answer answer = read(identity3(), name);
+        EXPECT_EQ(answer.code, mzExceptionNoMember) << name;
+    }
+    EXPECT_EQ(write(identity3(), "T", mzComVariantC(vector3(1, 2, 3))).code, mzExceptionNoMember);
+}
+
+TEST(Matrix3Proxy, AxesAreItsColumns)
+{
+    const Object m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    EXPECT_TRUE(valueOf<Vector3>(read(m, "X")) == Vector3(1, 2, 3));
+    EXPECT_TRUE(valueOf<Vector3>(read(m, "Y")) == Vector3(4, 5, 6));
+    EXPECT_TRUE(valueOf<Vector3>(read(m, "Z")) == Vector3(7, 8, 9));
+    EXPECT_TRUE(write(m, "X", mzComVariantC(vector3(-1, -2, -3))).object() == m);
+    EXPECT_TRUE(write(m, "Y", mzComVariantC(vector3(-4, -5, -6))).object() == m);
+    EXPECT_TRUE(write(m, "Z", mzComVariantC(vector3(-7, -8, -9))).object() == m);
+    EXPECT_TRUE(valueOf<Matrix3>(m) == cells<Matrix3>({-1, -2, -3, -4, -5, -6, -7, -8, -9}));
+    EXPECT_EQ(write(m, "X", 1.0).code, mzExceptionTypeCast);
+    EXPECT_EQ(call(m, "X", {mzComVariantC(vector3(1, 2, 3))}).code, mzExceptionNoMember);
+}
+
+TEST(Matrix4Proxy, MultipliesByTheTypeOfTheArgument)
+{
+    const Object m =
+        make<prxMatrix4x4C>(cells<Matrix4>({1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 10, 11, 12, 1}));
+    EXPECT_TRUE(valueOf<Matrix4>(call(m, "mul", {mzComVariantC(identity4())})) ==
+                valueOf<Matrix4>(m));
+    EXPECT_TRUE(valueOf<Matrix4>(call(m, "mul", {mzComVariantC(m)})) ==
+                cells<Matrix4>({30, 36, 42, 0, 66, 81, 96, 0, 102, 126, 150, 0, 148, 182, 216, 1}));
+    EXPECT_TRUE(valueOf<Vector3>(call(m, "mul", {mzComVariantC(vector3(1, 2, 3))})) ==
+                Vector3(40, 47, 54));
+    EXPECT_TRUE(valueOf<Vector3>(call(m, "mul", {mzComVariantC(vector2(1, 2))})) ==
+                Vector3(19, 23, 27));
+}
+
+TEST(Matrix4Proxy, DoesNotDivideByTheFourthComponent)
+{
+    Matrix4 m = Matrix4::identity();
+    m[15] = 2.0;
+    EXPECT_TRUE(valueOf<Vector3>(call(make<prxMatrix4x4C>(m), "mul",
+                                      {mzComVariantC(vector3(2, 4, 6))})) == Vector3(2, 4, 6));
+}
+
+TEST(Matrix4Proxy, InverseOfARigidMotionUndoesIt)
+{
+    const Object m = rotation4(20, -35, 110);
+    write(m, "T", mzComVariantC(vector3(5, -6, 7)));
+    const Matrix4 product =
+        valueOf<Matrix4>(call(m, "mul", {mzComVariantC(call(m, "inv").object())}));
+    expectNear(product, Matrix4::identity(), 1e-14);
+}
+
+TEST(Matrix4Proxy, InverseOfAScalingIsNone)
+{
+    const Matrix4 scaling = cells<Matrix4>({2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, 1, 1, 1, 1});
+    const Matrix4 inverse = valueOf<Matrix4>(call(make<prxMatrix4x4C>(scaling), "inv"));
+    EXPECT_TRUE(inverse == cells<Matrix4>({2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, -2, -3, -4, 1}));
+}
+
+TEST(Matrix4Proxy, InverseKeepsTheFourthRow)
+{
+    const Matrix4 matrix = cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 1, 0, 0, 16});
+    const Matrix4 inverse = valueOf<Matrix4>(call(make<prxMatrix4x4C>(matrix), "inv"));
+    EXPECT_TRUE(inverse == cells<Matrix4>({1, 5, 9, 4, 2, 6, 10, 8, 3, 7, 11, 12, -1, -5, -9, 16}));
+}
+
+TEST(Matrix4Proxy, InverseOfTheIdentityHasANegativeZeroTranslation)
+{
+    const Matrix4 inverse = valueOf<Matrix4>(call(identity4(), "inv"));
+    EXPECT_TRUE(inverse == Matrix4::identity());
+    EXPECT_TRUE(std::signbit(inverse[12]));
+}
+
+TEST(Matrix4Proxy, AxesAndTranslationAreItsColumns)
+{
+    const Object m = make<prxMatrix4x4C>(
+        cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
+    EXPECT_TRUE(valueOf<Vector3>(read(m, "X")) == Vector3(1, 2, 3));
+    EXPECT_TRUE(valueOf<Vector3>(read(m, "Y")) == Vector3(5, 6, 7));
+    EXPECT_TRUE(valueOf<Vector3>(read(m, "Z")) == Vector3(9, 10, 11));
+    EXPECT_TRUE(valueOf<Vector3>(read(m, "T")) == Vector3(13, 14, 15));
+    for (const char *name : {"X", "Y", "Z", "T"})
+        EXPECT_TRUE(write(m, name, mzComVariantC(vector3(-1, -2, -3))).object() == m);
+    EXPECT_TRUE(valueOf<Matrix4>(m) ==
+                cells<Matrix4>({-1, -2, -3, 4, -1, -2, -3, 8, -1, -2, -3, 12, -1, -2, -3, 16}));
+}
+
+TEST(Matrix4Proxy, Conv3x3TakesTheUpperLeftPart)
+{
+    const Object m = make<prxMatrix4x4C>(
+        cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
+    EXPECT_TRUE(valueOf<Matrix3>(call(m, "conv3x3")) ==
+                cells<Matrix3>({1, 2, 3, 5, 6, 7, 9, 10, 11}));
+}
+
+TEST(Rotation, AboutTheAxesIsTheProductOfTheThree)
+{
+    const Object x = rotation3(33, 0, 0);
+    const Object y = rotation3(0, -71, 0);
+    const Object z = rotation3(0, 0, 250);
+    const Object xy = call(x, "mul", {mzComVariantC(y)}).object();
+    const Matrix3 product = valueOf<Matrix3>(call(xy, "mul", {mzComVariantC(z)}));
+    expectNear(valueOf<Matrix3>(rotation3(33, -71, 250)), product, 1e-15);
+}
+
+TEST(Rotation, AboutEachAxisIsRightHanded)
+{
+    const double c = std::cos(30.0 * pi / 180.0);
+    const double s = std::sin(30.0 * pi / 180.0);
+    expectNear(valueOf<Matrix3>(rotation3(30, 0, 0)), cells<Matrix3>({1, 0, 0, 0, c, s, 0, -s, c}),
+               0.0);
+    expectNear(valueOf<Matrix3>(rotation3(0, 30, 0)), cells<Matrix3>({c, 0, -s, 0, 1, 0, s, 0, c}),
+               0.0);
+    expectNear(valueOf<Matrix3>(rotation3(0, 0, 30)), cells<Matrix3>({c, s, 0, -s, c, 0, 0, 0, 1}),
+               0.0);
+}
+
+TEST(Rotation, OfTheSquareMatrixReplacesAllCells)
+{
+    const Object m = make<prxMatrix4x4C>(
+        cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
+    EXPECT_TRUE(call(m, "rotAngle", {10.0, 20.0, 30.0}).object() == m);
+    const Matrix4 rotation = valueOf<Matrix4>(m);
+    for (const int zero : {3, 7, 11, 12, 13, 14})
+        EXPECT_EQ(rotation[zero], 0.0);
+    EXPECT_EQ(rotation[15], 1.0);
+    const Matrix3 upper = valueOf<Matrix3>(rotation3(10, 20, 30));
+    for (int column = 0; column < 3; ++column) {
+        for (int row = 0; row < 3; ++row)
+            EXPECT_EQ(rotation(row, column), upper(row, column));
+    }
+}
+
+TEST(Rotation, IsNotThatOfTheTransformation)
+{
+    Matrix4X4C other;
+    other.Rotate(10, 20, 30);
+    const matrixC4x4<double> image = other;
+    const Matrix4 rotation = valueOf<Matrix4>(rotation4(10, 20, 30));
+    EXPECT_GT(std::fabs(image[1] - rotation[1]), 0.1);
+}
+
+TEST(Rotation, AboutAVectorAgreesWithTheAxes)
+{
+    const Object m(new prxMatrix4x4C);
+    const auto about = [&m](double x, double y, double z, double angle) {
+        EXPECT_TRUE(call(m, "rotVector", {mzComVariantC(vector3(x, y, z)), angle}).object() == m);
+        return valueOf<Matrix4>(m);
+    };
+    expectNear(about(5, 0, 0, 40), valueOf<Matrix4>(rotation4(40, 0, 0)), 1e-15);
+    expectNear(about(0, 0.1, 0, 40), valueOf<Matrix4>(rotation4(0, 40, 0)), 1e-15);
+    expectNear(about(0, 0, 3, 40), valueOf<Matrix4>(rotation4(0, 0, 40)), 1e-15);
+    expectNear(about(0, 0, -3, -40), valueOf<Matrix4>(rotation4(0, 0, 40)), 1e-15);
+}
+
+TEST(Rotation, AboutAVectorLosesTheTranslation)
+{
+    const Object m = make<prxMatrix4x4C>(
+        cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
+    call(m, "rotVector", {mzComVariantC(vector3(1, 1, 1)), 120.0});
+    // A third of a turn about the diagonal sends x to y, y to z and z to x.
+    expectNear(valueOf<Matrix4>(m),
+               cells<Matrix4>({0, 1, 0, 0, 0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 0, 1}), 1e-15);
+}
+
+TEST(Rotation, AboutTheZeroVectorIsNan)
+{
+    const Object m(new prxMatrix4x4C);
+    call(m, "rotVector", {mzComVariantC(vector3(0, 0, 0)), 10.0});
+    const Matrix4 rotation = valueOf<Matrix4>(m);
+    EXPECT_TRUE(std::isnan(rotation[0]));
+    EXPECT_TRUE(std::isnan(rotation[6]));
+    EXPECT_EQ(rotation[3], 0.0);
+    EXPECT_EQ(rotation[15], 1.0);
+}
+
+TEST(EulerAngles, OfTheZeroMatrixAreZero)
+{
+    const Object m = call(Object(new prxMathFactoryC), "createmat4x4").object();
+    for (const char *name : {"Roll", "Pitch", "Yaw"})
+        EXPECT_EQ(read(m, name).number(), 0.0) << name;
+}
+
+TEST(EulerAngles, OfARotationAboutOneAxisChangePlaceAndSign)
+{
+    const auto expectAngles = [](const Object &m, double roll, double pitch, double yaw) {
+        EXPECT_NEAR(read(m, "Roll").number(), roll, 1e-13);
+        EXPECT_NEAR(read(m, "Pitch").number(), pitch, 1e-13);
+        EXPECT_NEAR(read(m, "Yaw").number(), yaw, 1e-13);
+    };
+    expectAngles(rotation4(30, 0, 0), 0, 0, -30);
+    expectAngles(rotation4(0, 30, 0), -30, 0, 0);
+    expectAngles(rotation4(0, 0, 30), 0, -30, 0);
+}
+
+TEST(EulerAngles, DoNotReadTheFourthRow)
+{
+    Matrix4 matrix = valueOf<Matrix4>(rotation4(30, 0, 0));
+    matrix[3] = matrix[7] = matrix[11] = matrix[15] = 9.0;
+    EXPECT_NEAR(read(make<prxMatrix4x4C>(matrix), "Yaw").number(), -30, 1e-13);
+}
+
+TEST(AxisVector, ReadsAndWritesTheMatrix)
+{
+    const Object m(new prxMatrix4x4C);
+    call(m, "ident");
+    EXPECT_TRUE(valueOf<Vector3>(read(m, "X")) == Vector3(1, 0, 0));
+    const Object x = read(m, "X").object();
+    EXPECT_TRUE(call(x, "x", {3.0}).object() == x);
+    EXPECT_EQ(read(read(m, "X").object(), "x").number(), 3.0);
+    EXPECT_EQ(read(x, "x").number(), 3.0);
+    EXPECT_EQ(valueOf<Matrix4>(m)[0], 3.0);
+    EXPECT_TRUE(valueOf<Vector3>(call(m, "mul", {mzComVariantC(vector3(1, 0, 0))})) ==
+                Vector3(3, 0, 0));
+}
+
+TEST(AxisVector, SeesTheMatrixAsItIsNow)
+{
+    const Object m = identity3();
+    const Object y = read(m, "Y").object();
+    write(m, "Y", mzComVariantC(vector3(7, 8, 9)));
+    EXPECT_TRUE(valueOf<Vector3>(y) == Vector3(7, 8, 9));
+    EXPECT_EQ(call(y, "skalar", {mzComVariantC(vector3(1, 1, 1))}).number(), 24.0);
+    EXPECT_TRUE(valueOf<Vector3>(call(y, "add", {mzComVariantC(y)})) == Vector3(14, 16, 18));
+    EXPECT_TRUE(valueOf<Vector3>(y) == Vector3(7, 8, 9));
+}
+
+TEST(AxisVector, EachWritesItsOwnCells)
+{
+    const Object m3(new prxMatrix3x3C);
+    const Object m4(new prxMatrix4x4C);
+    double start = 1.0;
+    for (const char *name : {"X", "Y", "Z", "T"}) {
+        if (*name != 'T')
+            call(read(m3, name).object(), "", {start, start + 1, start + 2});
+        call(read(m4, name).object(), "", {start, start + 1, start + 2});
+        start += 3;
+    }
+    EXPECT_TRUE(valueOf<Matrix3>(m3) == cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    EXPECT_TRUE(valueOf<Matrix4>(m4) ==
+                cells<Matrix4>({1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 10, 11, 12, 0}));
+}
+
+TEST(AxisVector, KeepsItsMatrixAlive)
+{
+    const int before = proxyObjectC::liveObjectCount();
+    {
+        Object x;
+        {
+            const Object m = identity4();
+            x = read(m, "X").object();
+        }
+        EXPECT_EQ(proxyObjectC::liveObjectCount(), before + 2);
+        EXPECT_EQ(read(x, "x").number(), 1.0);
+        EXPECT_TRUE(call(x, "y", {4.0}).ok);
+        EXPECT_TRUE(valueOf<Vector3>(x) == Vector3(1, 4, 0));
+    }
+    EXPECT_EQ(proxyObjectC::liveObjectCount(), before);
+}
+
+TEST(AxisVector, CountsTheMatrixOncePerReference)
+{
+    const mzComPtrT<prxMatrix3x3C> m(new prxMatrix3x3C);
+    prxVector3dC *x = m->getXVec();
+    EXPECT_EQ(m->addRef(), 2);
+    m->release();
+    x->addRef();
+    x->addRef();
+    EXPECT_EQ(m->addRef(), 4);
+    m->release();
+    EXPECT_EQ(x->release(), 1);
+    EXPECT_EQ(m->addRef(), 3);
+    m->release();
+    EXPECT_EQ(x->release(), 0);
+    EXPECT_EQ(m->addRef(), 2);
+    m->release();
+}
+
+TEST(AxisVector, ReadingThroughTheWrapperReachesTheMatrix)
+{
+    const mzComPtrT<Counting<prxMatrix3x3C>> m(new Counting<prxMatrix3x3C>);
+    m->ident();
+    m->writes = 0;
+    const mzComPtrT<prxVector3dC> x(m->getXVec());
+    EXPECT_EQ(m->writes, 0);
+    EXPECT_EQ(x->getx(), 1.0);
+    EXPECT_EQ(m->writes, 2); // reading the axis writes once, writing it back once more
+    EXPECT_EQ(x->len(), 1.0);
+    EXPECT_EQ(m->writes, 3);
+}
+
+TEST(AxisVector, TakesAndGivesVariants)
+{
+    const mzComPtrT<prxMatrix4x4C> m(new prxMatrix4x4C);
+    const mzComPtrT<prxVector3dC> t(m->getTVec());
+    t->setComVariant(mzComVariantC(vector3(1, 2, 3)));
+    EXPECT_TRUE(m->getValue().axis(3) == Vector3(1, 2, 3));
+    Vector3 value;
+    EXPECT_EQ(t->getComVariant().getUserData(proxyValueTypeId<Vector3>(), &value), mzUserDataOk);
+    EXPECT_TRUE(value == Vector3(1, 2, 3));
+    t->setComVariant(mzComVariantC("word"));
+    EXPECT_TRUE(m->getValue().axis(3) == Vector3(0, 0, 0));
+}
+
+TEST(MatrixWrapper, WhichMembersWriteBack)
+{
+    const mzComPtrT<Counting<prxMatrix4x4C>> m(new Counting<prxMatrix4x4C>);
+    const auto writesOf = [&m](auto action) {
+        m->writes = 0;
+        action();
+        return m->writes;
+    };
+    EXPECT_EQ(writesOf([&] { m->ident(); }), 1);
+    EXPECT_EQ(writesOf([&] { m->setTVec(Vector3(1, 2, 3)); }), 1);
+    EXPECT_EQ(writesOf([&] { m->rotAngle(1, 2, 3); }), 1);
+    EXPECT_EQ(writesOf([&] { m->rotVector(Vector3(1, 2, 3), 4); }), 1);
+    EXPECT_EQ(writesOf([&] { m->getRoll(); }), 12);
+    EXPECT_EQ(writesOf([&] { m->getPitch(); }), 12);
+    EXPECT_EQ(writesOf([&] { m->getYaw(); }), 12);
+    EXPECT_EQ(writesOf([&] { drop(m->inv4x4()); }), 0);
+    EXPECT_EQ(writesOf([&] { drop(m->conv3x3()); }), 0);
+    EXPECT_EQ(writesOf([&] { drop(m->mulMat4x4(Matrix4())); }), 0);
+    EXPECT_EQ(writesOf([&] { drop(m->mulVec3dMat4x4(Vector3())); }), 0);
+    EXPECT_EQ(writesOf([&] { drop(m->mulVec2dMat4x4(Vector2())); }), 0);
+}
+
+RC_GTEST_PROP(Rotation, IsOrthonormalAndUndoneByItsInverse, ())
+{
+    const auto angle = [] { return *rc::gen::inRange(-720000, 720000) / 1000.0; };
+    const Object m = rotation4(angle(), angle(), angle());
+    const Matrix4 product =
+        valueOf<Matrix4>(call(m, "mul", {mzComVariantC(call(m, "inv").object())}));
+    for (int i = 0; i < 16; ++i)
+        RC_ASSERT(std::fabs(product[i] - Matrix4::identity()[i]) < 1e-14);
+}
+
+RC_GTEST_PROP(Rotation, AboutAVectorLeavesItAndTurnsByTheAngle, ())
+{
+    const auto number = [] { return *rc::gen::inRange(1, 1000) / 100.0; };
+    const double angle = *rc::gen::inRange(-180000, 180000) / 1000.0;
+    const Object axis = vector3(number(), -number(), number());
+    const Object m(new prxMatrix4x4C);
+    call(m, "rotVector", {mzComVariantC(axis), angle});
+    const Vector3 image = valueOf<Vector3>(call(m, "mul", {mzComVariantC(axis)}));
+    RC_ASSERT((image - valueOf<Vector3>(axis)).length() < 1e-13);
+    const Matrix4 rotation = valueOf<Matrix4>(m);
+    const double trace = rotation[0] + rotation[5] + rotation[10];
+    RC_ASSERT(std::fabs(trace - (1.0 + 2.0 * std::cos(angle * pi / 180.0))) < 1e-14);
+}

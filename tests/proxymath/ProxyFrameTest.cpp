@@ -1,0 +1,330 @@
+#include "ProxyValues.h"
+
+#include <cstring>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace proxyValues;
+
+namespace {
+
+struct Row
+{
+    const char *name;
+    int kind;
+    int parameterCount;
+};
+
+/// The entries of a table as "name kind count".
+std::vector<std::string> rowsOf(const proxyMemberDescS *members)
+{
+    std::vector<std::string> rows;
+    for (; members->name != nullptr; ++members)
+        rows.push_back(std::string(members->name) + " " + std::to_string(members->kind) + " " +
+                       std::to_string(members->parameterCount));
+    return rows;
+}
+
+const proxyMemberDescS &entry(const proxyMemberDescListS *list, int index)
+{
+    return list->members[index];
+}
+
+template <typename X>
+void expectDescription(const char *name, const char *identifier, const char *base)
+{
+    const proxyMemberDescListS *list = X::getStaticProxyTypeInfo();
+    EXPECT_STREQ(list->name, name);
+    EXPECT_STREQ(list->objectIdentifier, identifier);
+    EXPECT_EQ(list->flags, 0);
+    EXPECT_STREQ(list->file, "proxymath");
+    EXPECT_GT(list->line, 0);
+    EXPECT_EQ(list->members, X::getStaticMemberDescription());
+    EXPECT_EQ(list->baseClasses, X::getStaticBaseClasses());
+    EXPECT_STREQ(list->baseClasses[0]->name, base);
+    EXPECT_EQ(list->baseClasses[1], nullptr);
+    EXPECT_TRUE(X::OID() == mzIIDS(identifier));
+    EXPECT_EQ(&X::OID(), &X::OID());
+    EXPECT_TRUE(X::getObjectName() == name);
+
+    const mzComPtrT<proxyObjectC> object(list->creator());
+    ASSERT_TRUE(object);
+    EXPECT_EQ(object->getProxyTypeInfo(), list);
+    EXPECT_EQ(list->cast(object.get()), object.get());
+    EXPECT_EQ(X::_castTo(object.get()), object.get());
+    EXPECT_EQ(object->proxyCast(name), object.get());
+
+    for (const proxyMemberDescS *member = list->members; member->name != nullptr; ++member) {
+        EXPECT_STREQ(member->file, "proxymath");
+        EXPECT_GT(member->line, 0);
+        for (int i = 0; i <= member->parameterCount; ++i) {
+            const proxySignatureTypeS &type = member->signature()[i];
+            EXPECT_EQ(type.type, type.sameType);
+            EXPECT_EQ(type.null, nullptr);
+        }
+    }
+}
+
+template <typename T>
+void expectRecord(int size)
+{
+    proxyValueTypeId<T>();
+    const mzComValueMarshalS *record = proxyValueRecord<T>();
+    EXPECT_EQ(record->size, size);
+    EXPECT_TRUE(record->name() == mzComTypeInfoToName(typeid(T)));
+
+    T source;
+    for (int i = 0; i < size / 8; ++i)
+        source[i] = i + 0.5;
+    void *zero = record->create(nullptr);
+    void *copy = record->create(&source);
+    EXPECT_TRUE(*static_cast<T *>(zero) == T());
+    EXPECT_TRUE(*static_cast<T *>(copy) == source);
+    record->copy(copy, zero);
+    EXPECT_TRUE(*static_cast<T *>(zero) == source);
+    record->destroy(zero);
+
+    mzComDataStreamC stream;
+    EXPECT_TRUE(record->write(copy, stream));
+    record->destroy(copy);
+    EXPECT_EQ(stream.data().size(), size);
+    mzComDataStreamC asDoubles(stream.data());
+    for (int i = 0; i < size / 8; ++i) {
+        double value = 0.0;
+        asDoubles >> value;
+        EXPECT_EQ(value, i + 0.5);
+    }
+    T back;
+    EXPECT_TRUE(record->read(&back, stream));
+    EXPECT_TRUE(back == source);
+    mzComDataStreamC shortByOne(stream.data().left(size - 8));
+    EXPECT_FALSE(record->read(&back, shortByOne));
+}
+
+} // namespace
+
+TEST(ProxyFrame, DescribesEachClass)
+{
+    expectDescription<prxVector2dC>("prxVector2dC", "linquet.vector2d", "prxQVariantBaseC");
+    expectDescription<prxVector3dC>("prxVector3dC", "linquet.vector3d", "prxQVariantBaseC");
+    expectDescription<prxMatrix3x3C>("prxMatrix3x3C", "linquet.matrix3x3", "prxQVariantBaseC");
+    expectDescription<prxMatrix4x4C>("prxMatrix4x4C", "linquet.matrix4x4", "prxQVariantBaseC");
+    expectDescription<prxMathFactoryC>("prxMathFactoryC", "linquet.mathfactory", "proxyObjectC");
+}
+
+TEST(ProxyFrame, TablesStandInTheirOrder)
+{
+    using Rows = std::vector<std::string>;
+    EXPECT_EQ(
+        rowsOf(prxVector3dC::getStaticMemberDescription()),
+        (Rows{"Factory 2 0", "skalar 1 1", "add 1 1", "sub 1 1", "len 1 0", "mul 1 1",    "div 1 1",
+              "norm 1 1",    "cross 1 1",  "x 2 0",   "x 4 1",   "x 1 1",   "y 2 0",      "y 4 1",
+              "y 1 1",       "z 2 0",      "z 4 1",   "z 1 1",   " 1 3",    "Factory 2 0"}));
+    EXPECT_EQ(rowsOf(prxVector2dC::getStaticMemberDescription()),
+              (Rows{"skalar 1 1", "add 1 1", "sub 1 1", "len 1 0", "mul 1 1", "div 1 1", "norm 1 1",
+                    "x 2 0", "x 4 1", "x 1 1", "y 2 0", "y 4 1", "y 1 1", "perpendicular 1 0",
+                    " 1 2", "Factory 2 0"}));
+    EXPECT_EQ(rowsOf(prxMatrix3x3C::getStaticMemberDescription()),
+              (Rows{"mul 1 1", "mul 1 1", "mul 1 1", "inv 1 0", "ident 1 0", "X 2 0", "Y 2 0",
+                    "Z 2 0", "X 4 1", "Y 4 1", "Z 4 1", "rotAngle 1 3", "Factory 2 0"}));
+    EXPECT_EQ(rowsOf(prxMatrix4x4C::getStaticMemberDescription()),
+              (Rows{"mul 1 1",       "mul 1 1",     "mul 1 1",   "inv 1 0", "rotAngle 1 3",
+                    "rotVector 1 2", "conv3x3 1 0", "ident 1 0", "X 2 0",   "Y 2 0",
+                    "Z 2 0",         "T 2 0",       "X 4 1",     "Y 4 1",   "Z 4 1",
+                    "T 4 1",         "Roll 2 0",    "Pitch 2 0", "Yaw 2 0", "Factory 2 0"}));
+    EXPECT_EQ(rowsOf(prxMathFactoryC::getStaticMemberDescription()),
+              (Rows{"createmat4x4 1 0", "createmat3x3 1 0", "createvec3d 1 0", "createvec2d 1 0",
+                    "Create 1 1"}));
+}
+
+TEST(ProxyFrame, APropertySetByACallHasTwoEntriesWithOneHandler)
+{
+    const proxyMemberDescListS *vector = prxVector3dC::getStaticProxyTypeInfo();
+    for (const int write : {10, 13, 16}) {
+        EXPECT_EQ(entry(vector, write).kind, proxyPropertyWrite);
+        EXPECT_EQ(entry(vector, write + 1).kind, proxyMethod);
+        EXPECT_EQ(entry(vector, write).handler, entry(vector, write + 1).handler);
+    }
+}
+
+TEST(ProxyFrame, SignaturesNameTheMemberAndItsParameters)
+{
+    const proxyMemberDescListS *vector = prxVector3dC::getStaticProxyTypeInfo();
+    const proxySignatureTypeS *cross = entry(vector, 8).signature();
+    EXPECT_TRUE(*cross[0].type == typeid(&prxVector3dC::cross));
+    EXPECT_TRUE(*cross[1].type == typeid(Vector3));
+    const proxySignatureTypeS *setAll = entry(vector, 18).signature();
+    EXPECT_TRUE(*setAll[0].type == typeid(&prxVector3dC::setXYZ));
+    for (int i = 1; i <= 3; ++i)
+        EXPECT_TRUE(*setAll[i].type == typeid(double));
+    EXPECT_TRUE(*entry(vector, 1).signature()[1].type == typeid(Vector3));
+
+    const proxyMemberDescListS *matrix = prxMatrix3x3C::getStaticProxyTypeInfo();
+    EXPECT_TRUE(*entry(matrix, 0).signature()[1].type == typeid(Matrix3));
+    EXPECT_TRUE(*entry(matrix, 1).signature()[1].type == typeid(Vector3));
+    EXPECT_TRUE(*entry(matrix, 2).signature()[1].type == typeid(Vector2));
+    const proxySignatureTypeS *create =
+        entry(prxMathFactoryC::getStaticProxyTypeInfo(), 4).signature();
+    EXPECT_TRUE(*create[1].type == typeid(mzComStringC));
+}
+
+TEST(ProxyFrame, ASignatureIsAnArrayOfTypeTypeNull)
+{
+    const auto *flat = reinterpret_cast<const void *const *>(
+        entry(prxVector3dC::getStaticProxyTypeInfo(), 8).signature());
+    EXPECT_EQ(sizeof(proxySignatureTypeS), 3 * sizeof(void *));
+    EXPECT_EQ(flat[0], flat[1]);
+    EXPECT_EQ(flat[2], nullptr);
+    EXPECT_EQ(flat[3], flat[4]);
+    EXPECT_TRUE(*static_cast<const std::type_info *>(flat[3]) == typeid(Vector3));
+    EXPECT_EQ(flat[5], nullptr);
+}
+
+TEST(ProxyFrame, RecordsCopyAndStreamInMemoryOrder)
+{
+    expectRecord<Vector2>(16);
+    expectRecord<Vector3>(24);
+    expectRecord<Matrix3>(72);
+    expectRecord<Matrix4>(128);
+}
+
+TEST(ProxyFrame, AVectorKeepsItsOrderThroughAStream)
+{
+    const Vector3 value(1.0, 2.0, 3.0);
+    const int id = proxyValueTypeId<Vector3>();
+    mzComDataStreamC stream;
+    EXPECT_TRUE(mzComVariantC::fromUserData(id, &value).writeUserData(stream));
+    mzComVariantC back;
+    EXPECT_TRUE(back.readUserData(id, stream));
+    Vector3 read;
+    EXPECT_EQ(back.getUserData(id, &read), mzUserDataOk);
+    EXPECT_TRUE(read == value);
+
+    mzComDataStreamC twoDoubles;
+    twoDoubles << 1.0 << 2.0;
+    EXPECT_FALSE(proxyValueRecord<Vector3>()->read(&read, twoDoubles));
+}
+
+TEST(ProxyFrame, IdsAreDistinctAndStay)
+{
+    const int ids[] = {proxyValueTypeId<Vector2>(), proxyValueTypeId<Vector3>(),
+                       proxyValueTypeId<Matrix3>(), proxyValueTypeId<Matrix4>()};
+    const int count = mzComVariantC::registeredValueTypeCount();
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_GT(ids[i], 0);
+        for (int j = 0; j < i; ++j)
+            EXPECT_NE(ids[i], ids[j]);
+    }
+    EXPECT_EQ(proxyValueTypeId<Vector3>(), ids[1]);
+    EXPECT_EQ(proxyValueRecord<Vector3>()->id, ids[1]);
+    EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), count);
+}
+
+TEST(ProxyFrame, FromTheServersStartOnAValueReachesScriptsAsItsClass)
+{
+    mzComServerStateEventC::startServer();
+    const Vector3 value(1, 2, 3);
+    const mzComVariantC variant = mzComVariantC::fromUserData(proxyValueTypeId<Vector3>(), &value);
+    const mzComVariantC object = variant.toScriptObject();
+    EXPECT_STREQ(object.typeName().utf8(), "prxVector3dC");
+    EXPECT_TRUE(valueOf<Vector3>(object.toObject()) == value);
+    const auto classOf = [](int id) {
+        return mzComVariantC::fromUserData(id, nullptr).toScriptObject().typeName();
+    };
+    EXPECT_STREQ(classOf(proxyValueTypeId<Vector2>()).utf8(), "prxVector2dC");
+    EXPECT_STREQ(classOf(proxyValueTypeId<Matrix3>()).utf8(), "prxMatrix3x3C");
+    EXPECT_STREQ(classOf(proxyValueTypeId<Matrix4>()).utf8(), "prxMatrix4x4C");
+    mzComServerStateEventC::stopServer();
+}
+
+TEST(ProxyFrame, TheDefaultMemberIsFoundForACallOnTheObject)
+{
+    const Object vector = vector3(0, 0, 0);
+    EXPECT_TRUE(scriptCall::call(vector, "", {1.0, 2.0, 3.0}).object() == vector);
+    EXPECT_TRUE(valueOf<Vector3>(vector) == Vector3(1, 2, 3));
+    EXPECT_EQ(scriptCall::call(vector, "", {1.0, 2.0}).code, mzExceptionNoMember);
+}
+
+TEST(ProxyFrame, XIsAPropertyAndAMethod)
+{
+    const Object vector = vector3(4, 0, 0);
+    EXPECT_EQ(scriptCall::read(vector, "x").number(), 4.0);
+    EXPECT_TRUE(scriptCall::call(vector, "x", {5.0}).object() == vector);
+    EXPECT_EQ(scriptCall::read(vector, "x").number(), 5.0);
+    EXPECT_TRUE(scriptCall::write(vector, "x", 6.0).object() == vector);
+    EXPECT_EQ(scriptCall::read(vector, "x").number(), 6.0);
+    EXPECT_EQ(scriptCall::call(vector, "x").code, mzExceptionNoMember);
+}
+
+TEST(ProxyFrame, AddingAStringRaisesTheTypeCastException)
+{
+    const scriptCall::Answer answer = scriptCall::call(vector3(1, 2, 3), "add", {"word"});
+    EXPECT_FALSE(answer.ok);
+    EXPECT_EQ(answer.code, mzExceptionTypeCast);
+    EXPECT_EQ(answer.message, "prxVector3dC.add(string): the arguments cannot be converted to the "
+                              "member's parameters");
+}
+
+TEST(ProxyFrame, AHandlerThatGetsAStringThrows)
+{
+    const proxyMemberDescS &add = entry(prxVector3dC::getStaticProxyTypeInfo(), 2);
+    ASSERT_STREQ(add.name, "add");
+    const mzComPtrT<prxVector3dC> vector(new prxVector3dC);
+    const mzComVariantArrayC arguments = {"word"};
+    proxyAutoParaListC parameters(arguments);
+    mzComVariantC result("preset");
+    proxyAutoTypeCastC cast(&result);
+    EXPECT_THROW(add.handler(vector.get(), parameters, cast, false), proxyAutoTypeCastExceptionC);
+    EXPECT_STREQ(result.toString().utf8(), "preset");
+}
+
+TEST(ProxyFrame, AValueOfAnotherTypeDoesNotConvert)
+{
+    const Object vector = vector3(1, 2, 3);
+    EXPECT_EQ(scriptCall::call(vector, "add", {mzComVariantC(vector2(1, 2))}).code,
+              mzExceptionTypeCast);
+    EXPECT_EQ(scriptCall::call(vector, "add", {1.0}).code, mzExceptionTypeCast);
+    EXPECT_EQ(scriptCall::call(vector, "add", {mzComVariantC()}).code, mzExceptionTypeCast);
+    EXPECT_EQ(scriptCall::call(vector, "mul", {mzComVariantC(vector)}).code, mzExceptionTypeCast);
+}
+
+TEST(ProxyFrame, APlainValueServesAsWellAsAProxy)
+{
+    const Vector3 plain(1, 1, 1);
+    const mzComVariantC argument = mzComVariantC::fromUserData(proxyValueTypeId<Vector3>(), &plain);
+    EXPECT_TRUE(valueOf<Vector3>(scriptCall::call(vector3(1, 2, 3), "add", {argument})) ==
+                Vector3(2, 3, 4));
+}
+
+TEST(ProxyFrame, TheFactoryMayBeUsedFromAnyThread)
+{
+    const Object factory(new prxMathFactoryC);
+    EXPECT_TRUE(scriptCall::call(factory, "createvec3d").ok);
+    std::thread([&factory] { EXPECT_TRUE(scriptCall::call(factory, "createvec3d").ok); }).join();
+}
+
+TEST(ProxyFrame, AValueProxyBelongsToTheThreadThatCallsFirst)
+{
+    const Object vector = vector3(1, 2, 3);
+    EXPECT_TRUE(scriptCall::read(vector, "x").ok);
+    std::thread([&vector] {
+        EXPECT_EQ(scriptCall::read(vector, "x").code, mzExceptionWrongThread);
+    }).join();
+}
+
+TEST(ProxyFrame, ThreadsMayMakeAndUseProxiesAtTheSameTime)
+{
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([t] {
+            for (int i = 0; i < 200; ++i) {
+                const Object vector = vector3(t, i, 1);
+                EXPECT_EQ(scriptCall::call(vector, "skalar", {mzComVariantC(vector)}).number(),
+                          t * t + i * i + 1);
+            }
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <OrvelMath/proxymath/proxymath.h>
+
+#include "support/ScriptCall.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+/// Values in and out of proxies, for the tests of the script classes.
+namespace proxyValues {
+
+using scriptCall::Object;
+using Vector2 = vectorC2d<double>;
+using Vector3 = vectorC3d<double>;
+using Matrix3 = matrixC3x3<double>;
+using Matrix4 = matrixC4x4<double>;
+
+template <typename P, typename T>
+Object make(const T &value)
+{
+    return Object(new P(value));
+}
+
+inline Object vector2(double x, double y)
+{
+    return make<prxVector2dC>(Vector2(x, y));
+}
+
+inline Object vector3(double x, double y, double z)
+{
+    return make<prxVector3dC>(Vector3(x, y, z));
+}
+
+template <typename M>
+M cells(std::initializer_list<double> values)
+{
+    M matrix;
+    int i = 0;
+    for (const double value : values)
+        matrix[i++] = value;
+    return matrix;
+}
+
+/// The value that an object stands for; fails the test if it stands for none of this type.
+template <typename T>
+T valueOf(const Object &object)
+{
+    T value{};
+    const mzComVariantC variant = mzComVariantC(object).toSkalarValue();
+    EXPECT_EQ(variant.getUserData(proxyValueTypeId<T>(), &value), mzUserDataOk);
+    return value;
+}
+
+template <typename T>
+T valueOf(const scriptCall::Answer &answer)
+{
+    EXPECT_TRUE(answer.ok) << answer.message.constData();
+    return valueOf<T>(answer.object());
+}
+
+} // namespace proxyValues
