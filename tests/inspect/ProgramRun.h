@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+#include <QtCore/QStringList>
+#include <QtCore/QTemporaryDir>
+
+#include <string>
+
+/// One run of orvel-inspect in a folder of its own, with what it left behind.
+class ProgramRun
+{
+public:
+    explicit ProgramRun(QStringList const &arguments) { run(arguments); }
+
+    /// Writes `content` to a file of the folder first and hands its name in as the only argument.
+    ProgramRun(char const *fileName, std::string const &content)
+    {
+        QFile file(m_folder.filePath(fileName));
+        if (file.open(QIODevice::WriteOnly)) {
+            file.write(content.data(), qint64(content.size()));
+        }
+        file.close();
+        run({QString(fileName)});
+        QFile::remove(file.fileName());
+    }
+
+    int exitCode() const { return m_exitCode; }
+    std::string output() const { return m_output; }
+    std::string errors() const { return m_errors; }
+    QStringList filesLeft() const
+    {
+        return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden);
+    }
+    std::string fileLeft(char const *name) const
+    {
+        QFile file(m_folder.filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+    }
+
+    /// Bad input: exit code 2, one line of errors that holds `said`, nothing printed or written.
+    bool isRefused(std::string const &said) const
+    {
+        return m_exitCode == 2 && m_output.empty() && filesLeft().isEmpty() &&
+               m_errors.find(said) != std::string::npos &&
+               m_errors.find('\n') == m_errors.size() - 1;
+    }
+
+private:
+    void run(QStringList const &arguments)
+    {
+        QProcess process;
+        process.setWorkingDirectory(m_folder.path());
+        process.start(ORVEL_INSPECT, arguments);
+        process.waitForFinished(120000);
+        m_exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+        m_output = process.readAllStandardOutput().toStdString();
+        m_errors = process.readAllStandardError().toStdString();
+    }
+
+    QTemporaryDir m_folder;
+    int m_exitCode = -1;
+    std::string m_output;
+    std::string m_errors;
+};
