@@ -8,3 +8,4 @@
 #pragma once
 
 #include <OrvelMath/geom2d/construct2d_crossings.h>
+#include <OrvelMath/geom2d/construct2d_tangents.h>

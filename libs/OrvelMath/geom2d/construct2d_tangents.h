@@ -108,7 +108,9 @@ ORVELMATH_EXPORT int fillet_kreis_kreis(Point2D const &c1, double r1, Point2D co
 /// @param m, t1, t2 the arc in the form m2pnt, the shorter of the two: t1 and t2 are the touching
 ///              points, swapped where needed
 /// @param inner 0: the fillet touches the circle from outside; else from within. It stands after
-///              the outputs
+///              the outputs. With r above rc the fillet encloses the circle, and its touching point
+///              is still given as the circle's point nearest to m, which then is not where they
+///              touch
 /// @param eps   squared length that the line's direction has to exceed, length that the circle's
 ///              centre has to keep from the line, and squared length for the touching point on the
 ///              circle and for `adjust_arc_m2pnt`
@@ -148,13 +150,14 @@ ORVELMATH_EXPORT void adjust_arc_m2pnt(Point2D &m, Point2D &a, Point2D &b, doubl
 
 /// The box, parallel to the axes, around an arc in the form m2pnt.
 ///
-/// @param r      radius used where the arc passes an axis direction; a negative one counts as 0
+/// @param r      distance of the ends from m: where the arc passes an axis direction, that side of
+///               the box stands at this distance from m. A negative one counts as 0. It is not
+///               checked against the ends, and a smaller one leaves them outside
 /// @param lo, hi corners; always written
 /// @param tol    not read
 ///
-/// The ends themselves always lie in the box. Equal ends mean an arc from their direction up to
-/// 360 degrees, not a full circle, unless that direction is 0. Ends on an axis direction count as
-/// passing it.
+/// Ends on an axis direction count as passing it. Equal ends mean an arc from their direction up to
+/// 360 degrees, not a full circle, unless that direction is 0. An end on m has the direction 0.
 ORVELMATH_EXPORT void mat_bounding_box_of_arc_m2pnt(Point2D const &m, Point2D const &a,
                                                     Point2D const &b, double r, Point2D &lo,
                                                     Point2D &hi, double tol);

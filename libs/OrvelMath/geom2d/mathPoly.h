@@ -146,15 +146,19 @@ ORVELMATH_EXPORT Ellipse transformEllipse(Ellipse const &e, TMat const &m);
 /// conics are split into lines, which are cut with e1.
 ///
 /// A crossing that lies within 0.0001 of an earlier one, in x and in y, is dropped: the first of a
-/// close group stands. The order is that of discovery. A candidate must fulfil the equation of e2
-/// within 1e-9 in the frame in which e2 is the unit circle, so that ill-conditioned crossings
-/// (nearly tangent, or very different sizes) may be missed; a contact without crossing is lost or
-/// comes as one point. Identical ellipses give a count without meaning, and NaN gives 0.
+/// close group stands. The order is that of discovery.
+///
+/// The limits are absolute, for ellipses of about unit size: crossings are found for more than 99
+/// of 100 pairs with axes between 0.05 and 3 and a clear distance from contact, but only for about
+/// half of the pairs with axes around 100, where a pair of crossing lines passes for parallel.
+/// Scale large ellipses down first. What is found is right: a candidate must fulfil the equation
+/// of e2 within 1e-9 in the frame in which e2 is the unit circle. A contact without crossing is
+/// lost or comes as one point. Identical ellipses give a count without meaning, NaN gives 0.
 ///
 /// Constant cost, no allocation.
 /// @param count how many points were written
-/// @param points caller's array. Distinct conics have at most four crossings; for input that may
-///     hold identical ellipses give it room for twelve, the bound of the working array.
+/// @param points caller's array. Four entries do for ellipses that differ and are of similar size;
+///     identical ellipses, or an e2 about 1e9 times as large as e1, may give up to twelve
 ORVELMATH_EXPORT void FindIntersections(Ellipse &e1, Ellipse &e2, int &count,
                                         Point2D *const points);
 
