@@ -51,13 +51,17 @@ ORVELMATH_EXPORT int getEllipseExtrema(Point2D const &centre, double a, double b
                                        double &xmin, double &xmax, double &ymin, double &ymax,
                                        double tol);
 
-/// Parameter angles of an ellipse's extreme points: t1 in x, t2 in y, half a turn apart from
-/// their opposites.
+/// Parameter angles, in radians, at which an ellipse is extreme: t1 in x, t2 in y.
+///
+/// Mind which ellipse: the quotient a / b stands where an ellipse with the semi-axis a along its
+/// own x axis has b / a. The angles are those of the ellipse with b along its own x axis and a
+/// across.
 ///
 /// @param centre not read.
 /// @param rotation of the ellipse's own x axis, in degrees.
-/// @param t1, t2 receive radians. If the axes lie along the coordinate axes these are 360 -
-///               rotation and a quarter turn more, otherwise principal values of the arc tangent.
+/// @param t1, t2 receive principal values of the arc tangent; the opposite points lie half a turn
+///               on. If the axes lie along the coordinate axes they receive 360 - rotation, and a
+///               quarter turn more.
 /// @param tol degrees: how far the rotation may be from 0, 90, 180, 270 or 360 (exclusive).
 /// @return always 0.
 ORVELMATH_EXPORT int getEllipseExtremaAngles(Point2D const &centre, double a, double b,
@@ -76,11 +80,12 @@ ORVELMATH_EXPORT int getArcExtrema(Point2D const &p0, Point2D const &p1, Point2D
 ORVELMATH_EXPORT int getArcExtrema(Point2D const &centre, double radius, double start, double end,
                                    double &xmin, double &xmax, double &ymin, double &ymax);
 
-/// A point one unit from p along a normal direction of an ellipse.
+/// A point one unit from p, in a direction that stands in for the normal of an ellipse.
 ///
-/// The direction halves an angle at p between two points at the distance sqrt(a * a + b * b) from
-/// the centre. These are not the foci, and so the direction is exact only for the circle and at
-/// the ends of the axes.
+/// With f = sqrt(a * a + b * b), p sees the points (f, 0) and (-f, 0) of the ellipse's own axes.
+/// The direction is half the angle under which the second one is seen, turned back by half a turn
+/// unless the first one is seen downwards. This is not the analytic normal; at (a, 0) it runs
+/// along the tangent.
 ///
 /// @param rotation of the ellipse's own x axis, in degrees.
 /// @param p a point of the ellipse.
@@ -88,8 +93,8 @@ ORVELMATH_EXPORT int getArcExtrema(Point2D const &centre, double radius, double 
 ORVELMATH_EXPORT int getEllipsePointNormal(Point2D const &centre, double a, double b,
                                            double rotation, Point2D const &p, Point2D &out);
 
-/// A point one unit from p along the tangent: the point of `getEllipsePointNormal`, turned about
-/// p by a quarter counter-clockwise. Arguments and result as there.
+/// Where a quarter turn counter-clockwise about p takes the point of `getEllipsePointNormal`.
+/// Arguments and result as there.
 ORVELMATH_EXPORT int getEllipsePointTangent(Point2D const &centre, double a, double b,
                                             double rotation, Point2D const &p, Point2D &out);
 
