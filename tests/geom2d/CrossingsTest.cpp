@@ -159,9 +159,9 @@ TEST(Math2DIntersect2LinesWrong, RoundingMayMissASharedEnd)
         Point2D const a(coordinate(random), coordinate(random));
         Point2D const b(coordinate(random), coordinate(random));
         Point2D out;
-        EXPECT_EQ(Math2DIntersect2Lines(a, end, end, b, out, 1e-9), EndToEnd);
+        EXPECT_EQ(Math2DIntersect2Lines(end, a, end, b, out, 1e-9), EndToEnd);
         EXPECT_POINT(out, end.x(), end.y());
-        IntersectionType const type = Math2DIntersect2LinesWrong(a, end, end, b, out, 1e-9);
+        IntersectionType const type = Math2DIntersect2LinesWrong(end, a, end, b, out, 1e-9);
         EXPECT_TRUE(type == EndToEnd || type == NoIntersection);
         missed += type == NoIntersection ? 1 : 0;
     }

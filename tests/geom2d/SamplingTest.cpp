@@ -4,6 +4,8 @@
 
 #include <rapidcheck/gtest.h>
 
+#include <set>
+
 using namespace concav2d;
 
 namespace {
@@ -97,21 +99,21 @@ TEST(GetArcPoints, AThirdOfTheSweepAsStepMayDoubleTheEnd)
     // From 90 to 180 degrees. The accumulated angle decides between four points and five.
     double const low = 90.0 * radians;
     double const high = 180.0 * radians;
+    std::set<int> counts;
     for (double const step : {(high - low) / 3, std::nextafter((high - low) / 3, 0.0),
                               std::nextafter((high - low) / 3, 1.0)}) {
         int stepped = 0;
         for (double t = low; high >= t; t += step)
             ++stepped;
         Samples samples;
-        EXPECT_EQ(getArcPoints({0, 2}, {-std::sqrt(2.0), std::sqrt(2.0)}, {-2, 0}, samples.list,
-                               0.0, step),
-                  0);
+        EXPECT_EQ(getArcPoints({0, 5}, {-3, 4}, {-5, 0}, samples.list, 0.0, step), 0);
         EXPECT_EQ(samples.count(), stepped + 1);
         EXPECT_TRUE(samples.count() == 4 || samples.count() == 5);
-        EXPECT_POINT_NEAR(samples.last(), -2.0, 0.0, 1e-12);
-        EXPECT_POINT_NEAR(samples.at(stepped - 1), stepped == 4 ? -2.0 : -std::sqrt(3.0),
-                          stepped == 4 ? 0.0 : 1.0, 1e-12);
+        EXPECT_POINT_NEAR(samples.last(), -5.0, 0.0, 1e-12);
+        EXPECT_POINT_NEAR(samples.at(2), -5 * std::sqrt(0.75), 2.5, 1e-12);
+        counts.insert(samples.count());
     }
+    EXPECT_EQ(counts, (std::set<int>{4, 5}));
 }
 
 TEST(GetArcPoints, AClockwiseArcComesBackCounterClockwise)
