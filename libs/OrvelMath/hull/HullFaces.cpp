@@ -1,0 +1,83 @@
+#include <OrvelMath/hull/ConvexHullBuilderC_p.h>
+
+#include <OrvelCore/runtime/qtAllocation.h>
+
+#include <new>
+
+namespace {
+
+/// Frees the face and the edges that it still owns.
+void destroyFace(HullFace *face)
+{
+    for (HullEdge *edge : face->edges) {
+        if (edge->face == face) {
+            orvelFree(edge);
+        }
+    }
+    face->~HullFace();
+    orvelFree(face);
+}
+
+} // namespace
+
+HullEdge *makeHullEdge(int tail, int head)
+{
+    return new (orvelAllocate(sizeof(HullEdge)))
+        HullEdge{nullptr, nullptr, tail, head, nullptr, nullptr};
+}
+
+HullFace *ConvexHullBuilderCPrivate::makeFace(HullPoints const &coordinates, HullEdge *first,
+                                              HullEdge *second, HullEdge *third)
+{
+    HullFace *const face = new (orvelAllocate(sizeof(HullFace))) HullFace;
+    HullEdge *const edges[3] = {first, second, third};
+    for (int i = 0; i < 3; ++i) {
+        face->edges[i] = edges[i];
+        edges[i]->face = face;
+        edges[i]->next = edges[(i + 1) % 3];
+        edges[i]->prev = edges[(i + 2) % 3];
+    }
+    auto const at = [&](int index) { return coordinates[static_cast<std::size_t>(index)]; };
+    vectorC3d<double> const along = at(first->head) - at(first->tail);
+    face->normal = hullUnit(along.cross(at(second->head) - at(second->tail)));
+    face->corner = first->tail;
+    face->number = static_cast<unsigned>(faces.size());
+    faces.push_back(face);
+    return face;
+}
+
+/// Gives each live face the edges that it is made of. Only on a torn surface can it happen that an
+/// edge of a face that stays names one that goes.
+void ConvexHullBuilderCPrivate::claimEdges()
+{
+    for (HullFace *face : faces) {
+        if (face->alive) {
+            for (HullEdge *edge : face->edges) {
+                edge->face = face;
+            }
+        }
+    }
+}
+
+/// Destroys the replaced faces; the others keep their order. An edge goes over to younger faces
+/// only, so no face is looked at after its edges have gone.
+void ConvexHullBuilderCPrivate::removeDeadFaces()
+{
+    std::size_t kept = 0;
+    for (HullFace *face : faces) {
+        if (face->alive) {
+            faces[kept++] = face;
+        } else {
+            destroyFace(face);
+        }
+    }
+    faces.resize(kept);
+}
+
+void ConvexHullBuilderCPrivate::destroyFaces()
+{
+    for (HullFace *face : faces) {
+        destroyFace(face);
+    }
+    faces.clear();
+}

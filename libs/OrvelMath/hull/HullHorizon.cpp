@@ -1,0 +1,140 @@
+#include <OrvelMath/hull/HullHorizon_p.h>
+
+namespace {
+
+/// Notices that a walk runs in a circle (Brent, 1980): sooner or later the place that it remembers
+/// lies on the circle and comes again.
+class CircleDetector
+{
+public:
+    bool comesAgain(HullEdge const *edge)
+    {
+        if (edge == m_remembered) {
+            return true;
+        }
+        if (--m_stepsLeft == 0) {
+            m_remembered = edge;
+            m_span *= 2;
+            m_stepsLeft = m_span;
+        }
+        return false;
+    }
+
+private:
+    HullEdge const *m_remembered = nullptr;
+    std::size_t m_span = 8;
+    std::size_t m_stepsLeft = 8;
+};
+
+bool isVisible(HullEdge const *edge)
+{
+    return edge->twin->face->mark == HullFaceMark::Visible;
+}
+
+} // namespace
+
+HullHorizon::HullHorizon()
+{
+    m_edges.reserve(1000);
+    m_removed.reserve(1000);
+}
+
+bool HullHorizon::collect(HullFace *first, vectorC3d<double> const &eye, HullPoints const &points)
+{
+    m_edges.clear();
+    m_removed.clear();
+    m_hidden.clear();
+
+    HullEdge *const start = findVisibleFaces(first, eye, points);
+    bool const closed = start && walkBoundary(start);
+
+    for (HullFace *face : m_removed) {
+        face->mark = HullFaceMark::None;
+    }
+    for (HullFace *face : m_hidden) {
+        if (face->mark == HullFaceMark::Hidden) {
+            face->mark = HullFaceMark::None;
+            if (closed) {
+                m_removed.push_back(face);
+                m_torn = true;
+            }
+        }
+    }
+    return closed;
+}
+
+/// Depth-first search. Fills the seen faces and their unseen neighbours, both in the order in which
+/// they are met, and returns the edge across which the plane lies highest above the eye.
+HullEdge *HullHorizon::findVisibleFaces(HullFace *first, vectorC3d<double> const &eye,
+                                        HullPoints const &points)
+{
+    HullEdge *start = nullptr;
+    double lowest = 100000.0;
+    m_stack.push_back(first);
+    while (!m_stack.empty()) {
+        HullFace *const face = m_stack.back();
+        m_stack.pop_back();
+        if (face->mark == HullFaceMark::Visible) {
+            continue;
+        }
+        face->mark = HullFaceMark::Visible;
+        m_removed.push_back(face);
+        for (HullEdge *edge : face->edges) {
+            HullFace *const neighbour = edge->twin->face;
+            // A second look at a face gives the same height, which is never below the lowest then.
+            if (neighbour->mark == HullFaceMark::Seen) {
+                m_stack.push_back(neighbour);
+            }
+            if (neighbour->mark != HullFaceMark::None) {
+                continue;
+            }
+            double const height = neighbour->height(eye, points);
+            if (height > -1e-8) { // a length: a face in the plane of the eye is replaced
+                neighbour->mark = HullFaceMark::Seen;
+                m_stack.push_back(neighbour);
+            } else {
+                neighbour->mark = HullFaceMark::Hidden;
+                m_hidden.push_back(neighbour);
+            }
+            if (height < lowest) {
+                lowest = height;
+                start = edge;
+            }
+        }
+    }
+    return start;
+}
+
+/// Fills the horizon from `start` on; faces beyond it lose their mark. False if the walk never
+/// comes back to the start.
+bool HullHorizon::walkBoundary(HullEdge *start)
+{
+    CircleDetector horizon;
+    HullEdge *edge = start;
+    do {
+        HullFace *const beyond = edge->twin->face;
+        if (beyond->mark == HullFaceMark::Hidden) {
+            beyond->mark = HullFaceMark::None;
+        } else if (beyond->mark == HullFaceMark::Visible) {
+            m_torn = true;
+        }
+        m_edges.push_back(edge);
+
+        edge = edge->next;
+        HullEdge *const anchor = edge;
+        CircleDetector fan;
+        while (isVisible(edge)) {
+            edge = edge->twin->next;
+            if (edge == anchor) {
+                break;
+            }
+            if (fan.comesAgain(edge)) {
+                return false;
+            }
+        }
+        if (edge != start && horizon.comesAgain(edge)) {
+            return false;
+        }
+    } while (edge != start);
+    return true;
+}
