@@ -134,7 +134,8 @@ TEST(Hull2D, NaNAndInfinityEndLikeTheLiteralScan)
 TEST(Hull2D, NaNEverywhereEndsOnALargeInput)
 {
     EXPECT_LE(indicesOf(Points2(100000, {notANumber, notANumber})).size(), 100000);
-    EXPECT_EQ(indicesOf(Points2(3000, {infinity, notANumber})), literalHull2D(Points2(3000, {infinity, notANumber})));
+    EXPECT_EQ(indicesOf(Points2(3000, {infinity, notANumber})),
+              literalHull2D(Points2(3000, {infinity, notANumber})));
 }
 
 TEST(Hull2D, SameIndicesAsTheLiteralScan)

@@ -104,7 +104,10 @@ private:
         if ((m_points[reference] - m_points[a]).dot(normalOf(a, b, c)) > 0.0) {
             std::swap(b, c);
         }
-        return makeFace(edge(a, b), edge(b, c), edge(c, a));
+        Edge *const ab = edge(a, b);
+        Edge *const bc = edge(b, c);
+        Edge *const ca = edge(c, a);
+        return makeFace(ab, bc, ca);
     }
 
     bool addOutside(Face *face, int index) const
@@ -194,14 +197,23 @@ int Builder::initialSimplex()
         return 2;
     }
 
-    makeOriented(a, b, c, d);
-    makeOriented(a, d, b, c);
-    makeOriented(a, c, d, b);
-    makeOriented(c, b, d, a);
-    for (Edge &e : m_edgePool) {
-        for (Edge &f : m_edgePool) {
-            if (e.tail == f.head && e.head == f.tail) {
-                e.twin = &f;
+    int const corners[4] = {a, b, c, d};
+    int const faces[4][4] = {{0, 1, 2, 3}, {0, 3, 1, 2}, {0, 2, 3, 1}, {2, 1, 3, 0}};
+    std::vector<std::pair<int, int>> ends;
+    for (auto const &f : faces) {
+        Face const *const face =
+            makeOriented(corners[f[0]], corners[f[1]], corners[f[2]], corners[f[3]]);
+        bool const kept =
+            face->edges[0]->head == corners[f[1]] && face->edges[1]->head == corners[f[2]];
+        int const order[3] = {f[0], kept ? f[1] : f[2], kept ? f[2] : f[1]};
+        for (int i = 0; i < 3; ++i) {
+            ends.push_back(std::minmax({order[i], order[(i + 1) % 3]}));
+        }
+    }
+    for (std::size_t i = 0; i < 12; ++i) {
+        for (std::size_t j = 0; j < 12; ++j) {
+            if (i != j && ends[i] == ends[j]) {
+                m_edgePool[i].twin = &m_edgePool[j];
             }
         }
     }

@@ -56,7 +56,6 @@ bool HullHorizon::collect(HullFace *first, vectorC3d<double> const &eye, HullPoi
             face->mark = HullFaceMark::None;
             if (closed) {
                 m_removed.push_back(face);
-                m_torn = true;
             }
         }
     }
@@ -115,8 +114,6 @@ bool HullHorizon::walkBoundary(HullEdge *start)
         HullFace *const beyond = edge->twin->face;
         if (beyond->mark == HullFaceMark::Hidden) {
             beyond->mark = HullFaceMark::None;
-        } else if (beyond->mark == HullFaceMark::Visible) {
-            m_torn = true;
         }
         m_edges.push_back(edge);
 

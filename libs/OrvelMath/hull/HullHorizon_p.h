@@ -18,9 +18,6 @@ public:
     HullVector<HullEdge *> const &edges() const { return m_edges; }
     /// The seen faces, then the unseen neighbours that the walk never met.
     HullVector<HullFace *> const &removedFaces() const { return m_removed; }
-    /// True if the removed faces had another boundary than the horizon, now or in an earlier call:
-    /// from then on the surface is no longer closed.
-    bool hasTornSurface() const { return m_torn; }
 
 private:
     HullEdge *findVisibleFaces(HullFace *first, vectorC3d<double> const &eye,
@@ -31,5 +28,4 @@ private:
     HullVector<HullFace *> m_removed;
     HullVector<HullFace *> m_hidden;
     HullVector<HullFace *> m_stack;
-    bool m_torn = false;
 };

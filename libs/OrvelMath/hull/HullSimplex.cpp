@@ -1,5 +1,6 @@
 #include <OrvelMath/hull/ConvexHullBuilderC_p.h>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -86,20 +87,19 @@ Furthest furthestFromPlane(HullPoints const &points, vectorC3d<double> const &st
     return furthest;
 }
 
-/// A triangle by its corners, counter-clockwise seen from outside.
+/// A triangle by the indices of its corners.
 struct Corners
 {
     int a, b, c;
 };
 
-/// Turns the triangle so that `reference` doesn't lie above it. One in its plane changes nothing.
-void orientFace(HullPoints const &points, Corners &triangle, int reference)
+/// True if the triangle must be reversed so that `reference` doesn't lie above it. A reference in
+/// its plane reverses nothing.
+bool orientFace(HullPoints const &points, Corners const &triangle, int reference)
 {
     auto const at = [&](int index) { return points[static_cast<std::size_t>(index)]; };
     vectorC3d<double> const normal = triangleNormal(at(triangle.a), at(triangle.b), at(triangle.c));
-    if ((at(reference) - at(triangle.a)).dot(normal) > 0.0) {
-        std::swap(triangle.b, triangle.c);
-    }
+    return (at(reference) - at(triangle.a)).dot(normal) > 0.0;
 }
 
 } // namespace
@@ -129,10 +129,11 @@ int ConvexHullBuilderCPrivate::computeInitialSimplex(HullPoints const &coordinat
     Furthest const fromPlane = furthestFromPlane(coordinates, at(a), normal);
     int const d = fromPlane.index();
     if (fromPlane.measure() < 1e-8) { // a length
-        Corners triangle{a, b, c};
-        orientFace(coordinates, triangle, d);
-        makeFace(coordinates, makeHullEdge(triangle.a, triangle.b),
-                 makeHullEdge(triangle.b, triangle.c), makeHullEdge(triangle.c, triangle.a));
+        bool const reversed = orientFace(coordinates, {a, b, c}, d);
+        int const second = reversed ? c : b;
+        int const third = reversed ? b : c;
+        makeFace(coordinates, makeHullEdge(a, second), makeHullEdge(second, third),
+                 makeHullEdge(third, a));
         return 2;
     }
 
@@ -141,28 +142,32 @@ int ConvexHullBuilderCPrivate::computeInitialSimplex(HullPoints const &coordinat
 }
 
 /// Makes the four faces of the tetrahedron, each turned away from the corner that it doesn't hold,
-/// and joins their edges.
+/// and joins the edges that have the same two ends.
+///
+/// Rounding can turn two neighbours against each other, and can name one point for two corners.
+/// Edges therefore are told apart by the places of their ends among the corners, and in any sense.
 void ConvexHullBuilderCPrivate::makeTetrahedron(HullPoints const &coordinates,
                                                 int const (&corners)[4])
 {
-    auto const [a, b, c, d] = corners;
-    std::pair<Corners, int> const facesAndOpposites[4] = {
-        {{a, b, c}, d}, {{a, d, b}, c}, {{a, c, d}, b}, {{c, b, d}, a}};
-    HullEdge *edges[12];
-    int count = 0;
-    for (auto [triangle, opposite] : facesAndOpposites) {
-        orientFace(coordinates, triangle, opposite);
-        edges[count] = makeHullEdge(triangle.a, triangle.b);
-        edges[count + 1] = makeHullEdge(triangle.b, triangle.c);
-        edges[count + 2] = makeHullEdge(triangle.c, triangle.a);
-        makeFace(coordinates, edges[count], edges[count + 1], edges[count + 2]);
-        count += 3;
-    }
-    for (int i = 0; i < 12; ++i) {
-        for (int j = i + 1; j < 12; ++j) {
-            if (edges[i]->tail == edges[j]->head && edges[i]->head == edges[j]->tail) {
-                joinTwins(edges[i], edges[j]);
-            }
+    static constexpr int places[4][4] = {{0, 1, 2, 3}, {0, 3, 1, 2}, {0, 2, 3, 1}, {2, 1, 3, 0}};
+    HullEdge *edgeBetween[4][4] = {};
+    for (auto const &[a, b, c, opposite] : places) {
+        int ends[3] = {a, b, c};
+        Corners const triangle{corners[a], corners[b], corners[c]};
+        if (orientFace(coordinates, triangle, corners[opposite])) {
+            std::swap(ends[1], ends[2]);
         }
+        HullEdge *edges[3];
+        for (int i = 0; i < 3; ++i) {
+            int const tail = ends[i];
+            int const head = ends[(i + 1) % 3];
+            edges[i] = makeHullEdge(corners[tail], corners[head]);
+            HullEdge *&known = edgeBetween[std::min(tail, head)][std::max(tail, head)];
+            if (known) {
+                joinTwins(known, edges[i]);
+            }
+            known = edges[i];
+        }
+        makeFace(coordinates, edges[0], edges[1], edges[2]);
     }
 }

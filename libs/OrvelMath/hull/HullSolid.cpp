@@ -21,13 +21,14 @@ public:
 
     /// Builds from the four faces of the tetrahedron, the last ones of the hull.
     void build();
-    bool hasTornSurface() const { return m_horizon.hasTornSurface(); }
+    /// True if a face that stays has lost an edge to a new one, as rounding may bring about.
+    bool hasTornSurface() const { return m_torn; }
 
 private:
     void waitForTetrahedron();
     HullFace *nextFace();
+    void removeFaces(int eye);
     void makeFan(int eye);
-    void handOnOutsidePoints(int eye);
     void distribute();
 
     ConvexHullBuilderCPrivate &m_hull;
@@ -36,6 +37,7 @@ private:
     HullHorizon m_horizon;
     HullQueue m_queue;
     HullVector<HullFace *> m_fan; ///< the newest faces
+    bool m_torn = false;
 };
 
 void HullSolid::build()
@@ -45,8 +47,8 @@ void HullSolid::build()
     distribute();
     while (HullFace *const face = nextFace()) {
         int const eye = face->furthestPoint;
+        removeFaces(eye);
         makeFan(eye);
-        handOnOutsidePoints(eye);
         distribute();
     }
 }
@@ -84,6 +86,21 @@ HullFace *HullSolid::nextFace()
     return nullptr;
 }
 
+/// Ends the life of the faces that the eye replaces and lets their outside points wait for the new
+/// ones.
+void HullSolid::removeFaces(int eye)
+{
+    for (HullFace *face : m_horizon.removedFaces()) {
+        for (int index : qAsConst(face->outsidePoints)) {
+            if (index != eye) {
+                m_outside.append(index);
+            }
+        }
+        face->alive = false;
+        face->outsidePoints.clear();
+    }
+}
+
 /// Makes a face from each edge of the horizon to the eye. The edge goes over to the new face and
 /// keeps its twin: the neighbour beyond needs no change.
 void HullSolid::makeFan(int eye)
@@ -92,6 +109,7 @@ void HullSolid::makeFan(int eye)
     HullEdge *firstIn = nullptr;
     HullEdge *previousOut = nullptr;
     for (HullEdge *edge : m_horizon.edges()) {
+        m_torn = m_torn || edge->face->alive;
         HullEdge *const out = makeHullEdge(edge->head, eye);
         HullEdge *const in = makeHullEdge(eye, edge->tail);
         m_fan.push_back(m_hull.makeFace(m_points, edge, out, in));
@@ -103,20 +121,6 @@ void HullSolid::makeFan(int eye)
         previousOut = out;
     }
     joinTwins(firstIn, previousOut);
-}
-
-/// Lets the outside points of the replaced faces wait for the new ones.
-void HullSolid::handOnOutsidePoints(int eye)
-{
-    for (HullFace *face : m_horizon.removedFaces()) {
-        for (int index : qAsConst(face->outsidePoints)) {
-            if (index != eye) {
-                m_outside.append(index);
-            }
-        }
-        face->alive = false;
-        face->outsidePoints.clear();
-    }
 }
 
 /// Distributes the waiting points among the newest faces and queues those that got some. Faces
