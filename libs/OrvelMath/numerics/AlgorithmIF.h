@@ -1,0 +1,21 @@
+#pragma once
+
+#include <OrvelMath/OrvelMathExport.h>
+
+/// An iterative method that is driven from outside.
+///
+/// The object never loops to the end by itself: one call of iterate() performs one step, and the
+/// caller decides how many steps to allow. The accessors of the methods may be called at any time
+/// and tell the state after the latest step.
+class ORVELMATH_EXPORT AlgorithmIF
+{
+public:
+    AlgorithmIF();
+    AlgorithmIF(const AlgorithmIF &);
+    AlgorithmIF &operator=(const AlgorithmIF &);
+    virtual ~AlgorithmIF();
+
+    /// Performs one step. Returns true when the method has finished and false when another step is
+    /// wanted. A call after true is allowed and performs another step.
+    virtual bool iterate() = 0;
+};

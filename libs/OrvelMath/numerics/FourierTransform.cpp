@@ -1,0 +1,100 @@
+#include <OrvelMath/numerics/FourierPasses_p.h>
+#include <OrvelMath/numerics/Transforms.h>
+
+#include <cmath>
+
+using namespace Fourier;
+
+namespace {
+
+#if defined(__x86_64__)
+template <bool Inverse>
+ORVEL_TARGET("avx512f")
+void transform8(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
+{
+    transform<8, Inverse>(in, out, scratch, n, roots);
+}
+
+template <bool Inverse>
+ORVEL_TARGET("avx2")
+void transform4(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
+{
+    transform<4, Inverse>(in, out, scratch, n, roots);
+}
+#endif
+
+template <bool Inverse>
+void transform2(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
+{
+    transform<2, Inverse>(in, out, scratch, n, roots);
+}
+
+/// Butterfly by butterfly in `scratch`, then bit-reversed to `out`: for sizes too small for vectors
+/// and for those that are no power of two, of which floor(log2(n)) stages are run.
+template <bool Inverse>
+void plainTransform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
+{
+    std::memmove(scratch.re, in.re, std::size_t(n) * sizeof(double));
+    std::memmove(scratch.im, in.im, std::size_t(n) * sizeof(double));
+    const int stages = log2Of(n);
+    int half = n / 2;
+    int groups = 1;
+    for (int stage = 0; stage < stages; ++stage) {
+        for (int g = 0; g < groups; ++g) {
+            for (int j = 0; j < half; ++j) {
+                const int a = 2 * half * g + j;
+                const int b = a + half;
+                butterfly<Inverse>(scratch.re[a], scratch.im[a], scratch.re[b], scratch.im[b],
+                                   roots.re[j * groups], roots.im[j * groups]);
+            }
+        }
+        groups *= 2;
+        half /= 2;
+    }
+    for (int i = 0; i < n; ++i) {
+        const int target = reverseBits(i, stages);
+        out.re[target] = Inverse ? scratch.re[i] / n : scratch.re[i];
+        out.im[target] = Inverse ? scratch.im[i] / n : scratch.im[i];
+    }
+}
+
+template <bool Inverse>
+void run(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
+{
+    const bool powerOfTwo = n > 0 && (n & (n - 1)) == 0;
+#if defined(__x86_64__)
+    const int width = vectorWidth();
+    if (powerOfTwo && width >= 8 && n >= smallestSize(8))
+        return transform8<Inverse>(in, out, scratch, n, roots);
+    if (powerOfTwo && width >= 4 && n >= smallestSize(4))
+        return transform4<Inverse>(in, out, scratch, n, roots);
+#endif
+    if (powerOfTwo && n >= smallestSize(2))
+        return transform2<Inverse>(in, out, scratch, n, roots);
+    if (n > 0)
+        plainTransform<Inverse>(in, out, scratch, n, roots);
+}
+
+} // namespace
+
+void generateRoots(double *re, double *im, int n)
+{
+    const double step = -6.283185307179586 / n;
+    for (int k = 0; k < n; ++k) {
+        const double x = k * step;
+        re[k] = std::cos(x);
+        im[k] = -std::sin(x);
+    }
+}
+
+void computeFFT(double *inRe, double *inIm, double *outRe, double *outIm, int n, double *rootsRe,
+                double *rootsIm, double *scratch)
+{
+    run<false>({inRe, inIm}, {outRe, outIm}, {scratch, scratch + n}, n, {rootsRe, rootsIm});
+}
+
+void computeInverseFFT(double *inRe, double *inIm, double *outRe, double *outIm, int n,
+                       double *rootsRe, double *rootsIm, double *scratch)
+{
+    run<true>({inRe, inIm}, {outRe, outIm}, {scratch, scratch + n}, n, {rootsRe, rootsIm});
+}

@@ -1,0 +1,113 @@
+#include <OrvelMath/numerics/JacobiMethod.h>
+#include <OrvelMath/numerics/MatrixNXN.h>
+
+#include <cmath>
+
+JacobiMethod::JacobiMethod(SymmetricMatrixIF *matrix)
+    : m_matrix(matrix)
+    , m_eigenvectors(nullptr)
+    , m_size(0)
+    , m_iterations(0)
+    , m_quality(0.0)
+{
+    m_matrix->getSize(m_size);
+    m_eigenvectors = new MatrixNXN(m_size);
+    m_eigenvectors->makeIdentity();
+}
+
+JacobiMethod::JacobiMethod(const JacobiMethod &) = default;
+JacobiMethod &JacobiMethod::operator=(const JacobiMethod &) = default;
+
+JacobiMethod::~JacobiMethod()
+{
+    delete m_eigenvectors;
+}
+
+bool JacobiMethod::iterate()
+{
+    ++m_iterations;
+    const double sum = sumOfUpperTriangle();
+    m_quality = sum;
+    if (std::fabs(sum) <= 1e-8) // sum of magnitudes; false for a NaN
+        return true;
+
+    // Small elements are passed over in the first three sweeps only, although the threshold has a
+    // value in the fourth too.
+    const double threshold =
+        m_iterations <= 4 ? 0.2 * sum / (double(m_size) * double(m_size)) : 0.0;
+    for (unsigned int p = 0; p < m_size; ++p) {
+        for (unsigned int q = p + 1; q < m_size; ++q)
+            visit(p, q, threshold);
+    }
+    return false;
+}
+
+double JacobiMethod::getQuality()
+{
+    return m_quality;
+}
+
+double JacobiMethod::getEigenvalue(unsigned int i)
+{
+    return m_matrix->getElement(i, i);
+}
+
+void JacobiMethod::getEigenvector(unsigned int i, PValOrderedVector<double> &result)
+{
+    for (unsigned int row = 0; row < m_size; ++row)
+        result.append(m_eigenvectors->getElement(row, i));
+}
+
+double JacobiMethod::sumOfUpperTriangle()
+{
+    double sum = 0.0;
+    for (unsigned int p = 0; p < m_size; ++p) {
+        for (unsigned int q = p + 1; q < m_size; ++q)
+            sum += std::fabs(m_matrix->getElement(p, q));
+    }
+    return sum;
+}
+
+void JacobiMethod::visit(unsigned int p, unsigned int q, double threshold)
+{
+    const double magnitude = std::fabs(m_matrix->getElement(p, q));
+    const double pMagnitude = std::fabs(m_matrix->getElement(p, p));
+    const double qMagnitude = std::fabs(m_matrix->getElement(q, q));
+    const double g = 100.0 * magnitude;
+    if (m_iterations < 4 && threshold > magnitude)
+        return;
+    if (pMagnitude + g == pMagnitude && qMagnitude + g == qMagnitude)
+        m_matrix->setElement(p, q, 0.0);
+    else
+        rotate(p, q);
+}
+
+void JacobiMethod::rotate(unsigned int p, unsigned int q)
+{
+    const double app = m_matrix->getElement(p, p);
+    const double aqq = m_matrix->getElement(q, q);
+    const double apq = m_matrix->getElement(p, q);
+    const double theta = (aqq - app) / (apq + apq);
+    const double sign = theta < 0.0 ? -1.0 : 1.0;
+    const double t = sign / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
+    const double c = 1.0 / std::sqrt(t * t + 1.0);
+    const double s = c * t;
+    const double tau = s / (1.0 + c);
+
+    m_matrix->setElement(p, q, 0.0);
+    m_matrix->setElement(p, p, app - t * apq);
+    m_matrix->setElement(q, q, aqq + t * apq);
+
+    const auto turn = [=](MatrixIF *matrix, unsigned int i) {
+        const double g = matrix->getElement(i, p);
+        const double h = matrix->getElement(i, q);
+        matrix->setElement(i, p, g - s * (g * tau + h));
+        matrix->setElement(i, q, h + s * (g - h * tau));
+    };
+    for (unsigned int i = 0; i < m_size; ++i) {
+        if (i != p && i != q)
+            turn(m_matrix, i);
+    }
+    for (unsigned int i = 0; i < m_size; ++i)
+        turn(m_eigenvectors, i);
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <OrvelCore/runtime/PValOrderedVector.h>
+#include <OrvelMath/numerics/AlgorithmIF.h>
+#include <OrvelMath/numerics/MatrixIF.h>
+
+/// All eigenvalues and eigenvectors of a symmetric matrix by cyclic Jacobi rotations (C. G. J.
+/// Jacobi, 1846; threshold schedule of the first sweeps after H. Rutishauser, 1966).
+///
+/// One iterate() is one sweep over the upper triangle and costs O(n^3). The matrix is borrowed and
+/// OVERWRITTEN: after convergence its diagonal holds the eigenvalues, in no particular order. The
+/// matrix of eigenvectors is owned; a copy of the object shares it with its source, and only one
+/// of the two may be destroyed.
+///
+///     SymmetricMatrixNXN matrix(3);
+///     // ... fill it ...
+///     JacobiMethod method(&matrix);
+///     while (!method.iterate()) {
+///     }
+class ORVELMATH_EXPORT JacobiMethod : public AlgorithmIF
+{
+public:
+    /// Starts on `matrix`, with the identity as eigenvectors.
+    explicit JacobiMethod(SymmetricMatrixIF *matrix);
+    JacobiMethod(const JacobiMethod &);
+    JacobiMethod &operator=(const JacobiMethod &);
+    ~JacobiMethod() override;
+
+    /// One sweep. Returns true, without rotating, when the magnitudes of the strict upper triangle
+    /// sum up to at most 1e-8. The limit is absolute and does not scale with the matrix. A matrix
+    /// that holds a NaN never converges.
+    bool iterate() override;
+
+    /// The sum of magnitudes of the strict upper triangle at the start of the latest sweep; 0.0
+    /// before the first.
+    double getQuality();
+
+    /// The current element (i, i) of the matrix: eigenvalue `i` after convergence.
+    double getEigenvalue(unsigned int i);
+
+    /// Appends the n components of eigenvector `i`, a unit vector; the list is not cleared first.
+    void getEigenvector(unsigned int i, PValOrderedVector<double> &result);
+
+protected:
+    /// Makes element (p, q) zero by a rotation in the plane of coordinates p and q.
+    void rotate(unsigned int p, unsigned int q);
+
+private:
+    double sumOfUpperTriangle();
+    void visit(unsigned int p, unsigned int q, double threshold);
+
+    SymmetricMatrixIF *m_matrix;
+    MatrixIF *m_eigenvectors;
+    unsigned int m_size;
+    unsigned int m_iterations;
+    double m_quality;
+};

@@ -1,0 +1,66 @@
+#include <OrvelMath/numerics/LegendreRows_p.h>
+#include <OrvelMath/numerics/Transforms.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+using namespace Legendre;
+
+namespace {
+
+using Rows = const double *[rowsTogether];
+
+#if defined(__x86_64__)
+ORVEL_TARGET("avx512f")
+void multiplyRows8(const Rows &rows, const double *x, int size, double (&sums)[rowsTogether])
+{
+    multiplyRows<8>(rows, x, size, sums);
+}
+
+ORVEL_TARGET("avx2")
+void multiplyRows4(const Rows &rows, const double *x, int size, double (&sums)[rowsTogether])
+{
+    multiplyRows<4>(rows, x, size, sums);
+}
+#endif
+
+void multiplyRows2(const Rows &rows, const double *x, int size, double (&sums)[rowsTogether])
+{
+    multiplyRows<2>(rows, x, size, sums);
+}
+
+using Multiply = void (*)(const Rows &, const double *, int, double (&)[rowsTogether]);
+
+Multiply chooseMultiply()
+{
+#if defined(__x86_64__)
+    if (vectorWidth() >= 8)
+        return multiplyRows8;
+    if (vectorWidth() >= 4)
+        return multiplyRows4;
+#endif
+    return multiplyRows2;
+}
+
+} // namespace
+
+void legendreTrafo(double *data, double *result, int size, int order, double const *weights,
+                   double const *table, double *scratch)
+{
+    // sqrt(4*pi) and sqrt(2*pi)
+    const double s = order == 0 ? std::sqrt(12.566370614359172) : std::sqrt(6.283185307179586);
+    for (int j = 0; j < size; ++j)
+        scratch[j] = s * data[j] * weights[j];
+
+    const Multiply multiply = chooseMultiply();
+    const int count = size / 2 - order;
+    for (int first = 0; first < count; first += rowsTogether) {
+        Rows rows;
+        for (int r = 0; r < rowsTogether; ++r) // the last row stands in for those beyond it
+            rows[r] = table + std::ptrdiff_t(std::min(first + r, count - 1)) * size;
+        double sums[rowsTogether];
+        multiply(rows, scratch, size, sums);
+        std::copy_n(sums, std::min(rowsTogether, count - first), result + first);
+    }
+}

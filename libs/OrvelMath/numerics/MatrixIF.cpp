@@ -1,0 +1,27 @@
+#include <OrvelMath/numerics/MatrixIF.h>
+
+MatrixIF::MatrixIF() = default;
+MatrixIF::MatrixIF(const MatrixIF &) = default;
+MatrixIF &MatrixIF::operator=(const MatrixIF &) = default;
+MatrixIF::~MatrixIF() = default;
+
+void MatrixIF::makeIdentity()
+{
+    makeNull();
+    unsigned int size;
+    getSize(size);
+    for (unsigned int i = 0; i < size; ++i)
+        setElement(i, i, 1.0);
+}
+
+bool MatrixIF::checkBounds(unsigned int index)
+{
+    unsigned int size;
+    getSize(size);
+    return index < size;
+}
+
+SymmetricMatrixIF::SymmetricMatrixIF() = default;
+SymmetricMatrixIF::SymmetricMatrixIF(const SymmetricMatrixIF &) = default;
+SymmetricMatrixIF &SymmetricMatrixIF::operator=(const SymmetricMatrixIF &) = default;
+SymmetricMatrixIF::~SymmetricMatrixIF() = default;

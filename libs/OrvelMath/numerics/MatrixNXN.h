@@ -1,0 +1,58 @@
+#pragma once
+
+#include <OrvelCore/runtime/OrvelAllocatorT.h>
+#include <OrvelMath/numerics/MatrixIF.h>
+
+#include <vector>
+
+/// Dense square matrix, row by row: element (i, j) stands at i*n + j.
+///
+/// The elements are owned. A copy is member by member: it SHARES the elements with its source, and
+/// only one of the two may be destroyed.
+class ORVELMATH_EXPORT MatrixNXN : public MatrixIF
+{
+public:
+    /// n rows and n columns of arbitrary values; see makeNull() and makeIdentity().
+    explicit MatrixNXN(unsigned int n);
+    MatrixNXN(const MatrixNXN &);
+    MatrixNXN &operator=(const MatrixNXN &);
+    ~MatrixNXN() override;
+
+    double getElement(unsigned int row, unsigned int column) override;
+    void setElement(unsigned int row, unsigned int column, double value) override;
+    void getSize(unsigned int &size) override;
+    void makeIdentity() override;
+    void makeNull() override;
+
+private:
+    unsigned int m_size;
+    double *m_elements;
+};
+
+/// Square matrix that stores the upper triangle row by row: n*(n+1)/2 cells, of which (i, j) and
+/// (j, i) are the same. A copy is deep.
+class ORVELMATH_EXPORT SymmetricMatrixNXN : public SymmetricMatrixIF
+{
+public:
+    /// n rows and n columns of zeros.
+    explicit SymmetricMatrixNXN(unsigned int n);
+    SymmetricMatrixNXN(const SymmetricMatrixNXN &);
+    SymmetricMatrixNXN(SymmetricMatrixNXN &&) noexcept;
+    SymmetricMatrixNXN &operator=(const SymmetricMatrixNXN &);
+    SymmetricMatrixNXN &operator=(SymmetricMatrixNXN &&) noexcept;
+    ~SymmetricMatrixNXN() override;
+
+    double getElement(unsigned int row, unsigned int column) override;
+    void setElement(unsigned int row, unsigned int column, double value) override;
+    void getSize(unsigned int &size) override;
+    void makeIdentity() override;
+    void makeNull() override;
+
+protected:
+    /// The cell of element (i, j), in 32-bit arithmetic that wraps.
+    unsigned int calcIndex(unsigned int i, unsigned int j);
+
+private:
+    unsigned int m_size;
+    std::vector<double, OrvelAllocatorT<double>> m_elements;
+};

@@ -1,0 +1,112 @@
+#include <OrvelMath/numerics/PowerMethod.h>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+void normalize(double *vector, unsigned int size)
+{
+    double sum = 0.0;
+    for (unsigned int i = 0; i < size; ++i)
+        sum += vector[i] * vector[i];
+    const double length = std::sqrt(sum);
+    for (unsigned int i = 0; i < size; ++i)
+        vector[i] /= length;
+}
+
+} // namespace
+
+PowerMethod::PowerMethod(MatrixIF *matrix, double accuracy)
+    : m_matrix(matrix)
+    , m_vector(nullptr)
+    , m_product(nullptr)
+    , m_accuracy(accuracy)
+    , m_iterations(0)
+    , m_quality(0.0)
+{
+    if (!m_matrix)
+        return;
+    unsigned int size;
+    m_matrix->getSize(size);
+    m_vector = new double[size];
+    m_product = new double[size];
+}
+
+PowerMethod::PowerMethod(const PowerMethod &) = default;
+PowerMethod &PowerMethod::operator=(const PowerMethod &) = default;
+
+PowerMethod::~PowerMethod()
+{
+    delete[] m_product;
+    delete[] m_vector;
+}
+
+bool PowerMethod::iterate()
+{
+    if (!m_vector || !m_product || !m_matrix)
+        return true;
+    if (m_iterations == 0)
+        drawStartVector();
+    ++m_iterations;
+    return step();
+}
+
+bool PowerMethod::iterateVector()
+{
+    return step();
+}
+
+double PowerMethod::getQuality()
+{
+    return m_quality;
+}
+
+double PowerMethod::getEigenvalue()
+{
+    return m_eigenvalue;
+}
+
+double *PowerMethod::getEigenvector()
+{
+    return m_vector;
+}
+
+void PowerMethod::drawStartVector()
+{
+    unsigned int size;
+    m_matrix->getSize(size);
+    for (unsigned int i = 0; i < size; ++i)
+        m_vector[i] = std::rand() * 3.0517578125e-5; // 1/32768
+    normalize(m_vector, size);
+}
+
+bool PowerMethod::step()
+{
+    unsigned int size;
+    m_matrix->getSize(size);
+    for (unsigned int i = 0; i < size; ++i) {
+        double sum = 0.0;
+        for (unsigned int j = 0; j < size; ++j)
+            sum += m_matrix->getElement(i, j) * m_vector[j];
+        m_product[i] = sum;
+    }
+
+    double dot = 0.0;
+    for (unsigned int i = 0; i < size; ++i)
+        dot += m_product[i] * m_vector[i];
+    m_eigenvalue = dot;
+    normalize(m_product, size);
+
+    // A negative eigenvalue turns the vector round at each step. The turn is no movement, but the
+    // stored vector keeps it.
+    const double sign = m_eigenvalue < 0.0 ? -1.0 : 1.0;
+    double squaredDistance = 0.0;
+    for (unsigned int i = 0; i < size; ++i) {
+        const double difference = m_vector[i] - sign * m_product[i];
+        squaredDistance += difference * difference;
+        m_vector[i] = m_product[i];
+    }
+    m_quality = squaredDistance;
+    return m_accuracy > std::sqrt(squaredDistance);
+}
