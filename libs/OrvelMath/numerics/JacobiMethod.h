@@ -27,8 +27,9 @@ public:
     ~JacobiMethod() override;
 
     /// One sweep. Returns true, without rotating, when the magnitudes of the strict upper triangle
-    /// sum up to at most 1e-8. The limit is absolute and does not scale with the matrix. A matrix
-    /// that holds a NaN never converges.
+    /// sum up to at most 1e-8. The limit is absolute and does not scale with the matrix. A NaN
+    /// off the diagonal never converges, but for a matrix of two rows, where it moves onto the
+    /// diagonal.
     bool iterate() override;
 
     /// The sum of magnitudes of the strict upper triangle at the start of the latest sweep; 0.0

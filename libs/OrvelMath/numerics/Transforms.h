@@ -46,7 +46,9 @@ ORVELMATH_EXPORT void computeInverseFFT(double *inRe, double *inIm, double *outR
 ///
 ///     result[l] = sum over j of table[l*size + j] * (s * data[j] * weights[j])
 ///
-/// with s = sqrt(4*pi) for order 0 and sqrt(2*pi) otherwise. `scratch` has `size` doubles and
+/// with s = sqrt(4*pi) for order 0 and sqrt(2*pi) otherwise: for coefficients of orthonormal
+/// harmonics the table of order 0 holds the normalised Legendre functions divided by sqrt(2), that
+/// of any other order the functions themselves. `scratch` has `size` doubles and
 /// afterwards holds the weighted samples. The arrays must not overlap. Cost: one pass over the
 /// table, O(size * (size/2 - order)).
 ORVELMATH_EXPORT void legendreTrafo(double *data, double *result, int size, int order,

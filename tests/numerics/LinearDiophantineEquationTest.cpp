@@ -1,0 +1,255 @@
+#include <OrvelMath/numerics/LinearDiophantineEquationC.h>
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <numeric>
+#include <tuple>
+
+namespace {
+
+using Equation = LinearDiophantineEquationC;
+
+constexpr int minInt = std::numeric_limits<int>::min();
+constexpr int maxInt = std::numeric_limits<int>::max();
+
+struct Solution
+{
+    int x = 111, y = 222, xStep = 333, yStep = 444;
+
+    bool operator==(const Solution &o) const
+    {
+        return std::tie(x, y, xStep, yStep) == std::tie(o.x, o.y, o.xStep, o.yStep);
+    }
+};
+
+bool solve(const Equation &equation, int c, Solution &s)
+{
+    return equation.solve(c, s.x, s.y, s.xStep, s.yStep);
+}
+
+Solution solution(const Equation &equation, int c)
+{
+    Solution s;
+    EXPECT_TRUE(solve(equation, c, s));
+    return s;
+}
+
+TEST(LinearDiophantineEquation, ThreeAndFive)
+{
+    const Equation equation(3, 5);
+    EXPECT_TRUE(solution(equation, 1) == (Solution{2, -1, 5, -3}));
+    EXPECT_TRUE(solution(equation, 7) == (Solution{14, -7, 5, -3}));
+    EXPECT_TRUE(solution(equation, 0) == (Solution{0, 0, 5, -3}));
+}
+
+TEST(LinearDiophantineEquation, NoMultipleOfTheDivisorLeavesTheOutputsAlone)
+{
+    const Equation equation(6, 4);
+    Solution s;
+    EXPECT_FALSE(solve(equation, 3, s));
+    EXPECT_TRUE(s == Solution());
+    int x = 111, y = 222;
+    EXPECT_FALSE(equation.findSolutionInRange(3, -10, 10, -10, 10, x, y));
+    EXPECT_EQ(x, 111);
+    EXPECT_EQ(y, 222);
+}
+
+TEST(LinearDiophantineEquation, FirstCoefficientZero)
+{
+    const Equation equation(0, 7);
+    EXPECT_TRUE(solution(equation, 14) == (Solution{0, 2, 1, 0}));
+    int x = 111, y = 222;
+    EXPECT_FALSE(equation.findSolutionInRange(14, -10, 10, -10, 10, x, y));
+    EXPECT_EQ(x, 111);
+    EXPECT_EQ(y, 222);
+}
+
+TEST(LinearDiophantineEquation, SecondCoefficientZero)
+{
+    const Equation equation(7, 0);
+    EXPECT_TRUE(solution(equation, 14) == (Solution{2, 0, 0, -1}));
+    int x = 111, y = 222;
+    EXPECT_FALSE(equation.findSolutionInRange(14, -10, 10, -10, 10, x, y));
+    EXPECT_EQ(x, 111);
+    EXPECT_TRUE(solution(Equation(-7, 0), 14) == (Solution{-2, 0, 0, -1}));
+}
+
+TEST(LinearDiophantineEquation, DivisorMayBeNegative)
+{
+    const Equation equation(4, -6); // divisor -2
+    const Solution s = solution(equation, 2);
+    EXPECT_EQ(4 * s.x - 6 * s.y, 2);
+    EXPECT_EQ(s.xStep, 3);
+    EXPECT_EQ(s.yStep, 2);
+    EXPECT_EQ(s.x, -1); // -1 times the coefficient of Bezout for the divisor -2
+    EXPECT_EQ(s.y, -1);
+}
+
+TEST(LinearDiophantineEquation, RangeGivesTheSmallestOfEachForPositiveCoefficients)
+{
+    // 3x + 5y = 100: (0, 20), (5, 17), ... (30, 2), (35, -1)
+    const Equation equation(3, 5);
+    int x, y;
+    ASSERT_TRUE(equation.findSolutionInRange(100, 0, 100, 0, 100, x, y));
+    EXPECT_EQ(x, 0);
+    EXPECT_EQ(y, 2);
+    EXPECT_FALSE(equation.testSolution(100, x, y));
+}
+
+TEST(LinearDiophantineEquation, SingleSolutionInRangeIsOne)
+{
+    const Equation equation(3, 5);
+    int x, y;
+    ASSERT_TRUE(equation.findSolutionInRange(100, 20, 20, 8, 8, x, y));
+    EXPECT_EQ(x, 20);
+    EXPECT_EQ(y, 8);
+    EXPECT_TRUE(equation.testSolution(100, x, y));
+}
+
+TEST(LinearDiophantineEquation, EmptyIntervalLeavesTheOutputsAlone)
+{
+    const Equation equation(3, 5);
+    int x = 111, y = 222;
+    EXPECT_FALSE(equation.findSolutionInRange(100, 0, 10, 0, 5, x, y));
+    EXPECT_EQ(x, 111);
+    EXPECT_EQ(y, 222);
+}
+
+TEST(LinearDiophantineEquation, SmallPositiveQuotientsAreNotRoundedUp)
+{
+    // 3x + 5y = 1 from (2, -1): x >= 3 asks for t >= 1/5, which the rule turns into t >= 0
+    const Equation equation(3, 5);
+    int x, y;
+    ASSERT_TRUE(equation.findSolutionInRange(1, 3, 100, -100, 100, x, y));
+    EXPECT_EQ(x, 2); // below the range
+    // and x >= 8 asks for t >= 6/5, which becomes t >= 2
+    ASSERT_TRUE(equation.findSolutionInRange(1, 8, 100, -100, 100, x, y));
+    EXPECT_EQ(x, 12);
+}
+
+TEST(LinearDiophantineEquation, TestSolutionWraps)
+{
+    EXPECT_TRUE(Equation(3, 5).testSolution(1, 2, -1));
+    EXPECT_FALSE(Equation(3, 5).testSolution(1, 2, 0));
+    EXPECT_TRUE(Equation(65536, 1).testSolution(7, 65536, 7)); // 2^32 + 7
+    EXPECT_TRUE(Equation(maxInt, 1).testSolution(minInt, 1, 1));
+}
+
+TEST(LinearDiophantineEquation, CopiesAreEqual)
+{
+    const Equation equation(3, 5);
+    Equation assigned(1, 1), moved(1, 1);
+    assigned = equation;
+    moved = Equation(assigned);
+    EXPECT_TRUE(solution(assigned, 4) == solution(equation, 4));
+    EXPECT_TRUE(solution(moved, 4) == solution(equation, 4));
+}
+
+TEST(LinearDiophantineEquation, SolvesExactlyTheSolvable)
+{
+    for (int a = -40; a <= 40; ++a) {
+        for (int b = -40; b <= 40; ++b) {
+            if (a == 0 && b == 0)
+                continue;
+            const Equation equation(a, b);
+            const int g = std::gcd(a, b);
+            for (int c = -120; c <= 120; ++c) {
+                Solution s;
+                ASSERT_EQ(solve(equation, c, s), c % g == 0) << a << ' ' << b << ' ' << c;
+                if (c % g != 0) {
+                    ASSERT_TRUE(s == Solution());
+                    continue;
+                }
+                ASSERT_EQ(a * s.x + b * s.y, c);
+                ASSERT_TRUE(equation.testSolution(c, s.x, s.y));
+                ASSERT_EQ(a * s.xStep + b * s.yStep, 0);
+                // neighbours, with nothing between
+                ASSERT_EQ(std::gcd(s.xStep, s.yStep), 1);
+            }
+        }
+    }
+}
+
+/// The range query as a count over all solutions, with bounds rounded by the rule of the class.
+bool expectedInRange(int a, int b, int c, const Solution &s, const int (&range)[4], int &x, int &y)
+{
+    if (a == 0 || b == 0)
+        return false;
+    const auto rounded = [](int p, int d) {
+        const bool positiveDividend = p > 0;
+        const int magnitude = std::abs(p) / std::abs(d);
+        const bool up = positiveDividend && p % d != 0 && magnitude != 0;
+        const int q = up ? magnitude + 1 : magnitude;
+        return (p < 0) != (d < 0) ? -q : q;
+    };
+    (void)c;
+    const std::pair<int, int> tx =
+        std::minmax({rounded(range[0] - s.x, s.xStep), rounded(s.x - range[1], -s.xStep)});
+    const std::pair<int, int> ty =
+        std::minmax({rounded(range[2] - s.y, s.yStep), rounded(s.y - range[3], -s.yStep)});
+    const int low = std::max(tx.first, ty.first);
+    const int high = std::min(tx.second, ty.second);
+    if (low > high)
+        return false;
+    x = s.x + low * s.xStep;
+    y = s.y + high * s.yStep;
+    return true;
+}
+
+TEST(LinearDiophantineEquation, RangeQueryFollowsItsRounding)
+{
+    const int ranges[][4] = {{0, 50, 0, 50}, {-7, 13, -20, 5}, {3, 3, 0, 9}, {5, -5, 0, 10}};
+    for (int a = -40; a <= 40; ++a) {
+        for (int b = -40; b <= 40; ++b) {
+            if (a == 0 && b == 0)
+                continue;
+            const Equation equation(a, b);
+            for (int c = -60; c <= 60; c += 3) {
+                Solution s;
+                if (!solve(equation, c, s))
+                    continue;
+                for (const auto &range : ranges) {
+                    int x = 111, y = 222, expectedX = 111, expectedY = 222;
+                    const bool expected = expectedInRange(a, b, c, s, range, expectedX, expectedY);
+                    ASSERT_EQ(equation.findSolutionInRange(c, range[0], range[1], range[2],
+                                                           range[3], x, y),
+                              expected);
+                    ASSERT_EQ(x, expectedX);
+                    ASSERT_EQ(y, expectedY);
+                    ASSERT_EQ(equation.testSolution(c, x, y),
+                              std::int64_t(a) * x + std::int64_t(b) * y == c);
+                }
+            }
+        }
+    }
+}
+
+RC_GTEST_PROP(LinearDiophantineEquation, WrapsWithoutUndefinedBehaviour, ())
+{
+    const auto any = rc::gen::arbitrary<int>();
+    const int a = *any, b = *any, c = *any;
+    RC_PRE(a > minInt && b > minInt && c > minInt && (a != 0 || b != 0));
+    const Equation equation(a, b);
+    Solution s;
+    if (solve(equation, c, s))
+        RC_ASSERT(equation.testSolution(c, s.x, s.y)); // holds modulo 2^32
+}
+
+TEST(LinearDiophantineEquationDeathTest, BothCoefficientsZeroFault)
+{
+    EXPECT_DEATH(Equation(0, 0), "");
+}
+
+TEST(LinearDiophantineEquationDeathTest, OverflowingQuotientFaults)
+{
+    EXPECT_DEATH(Equation(minInt, -1), "");
+    const Equation equation(0, -1);
+    Solution s;
+    EXPECT_DEATH(solve(equation, minInt, s), "");
+}
+
+} // namespace

@@ -1,0 +1,217 @@
+#include "support/Bits.h"
+
+#include <OrvelMath/numerics/runPCA.h>
+
+#include <Eigen/Eigenvalues>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using support::preset;
+using support::SameBits;
+
+struct Analysis
+{
+    double values[3] = {preset, preset, preset};
+    double center[3] = {preset, preset, preset};
+    Point3D axes[3] = {{preset, 0, 0}, {preset, 0, 0}, {preset, 0, 0}};
+};
+
+Analysis analyse(PValOrderedVector<Point3D> const &points)
+{
+    Analysis a;
+    runPCA(a.values[0], a.center[0], a.axes[0], a.values[1], a.center[1], a.axes[1], a.values[2],
+           a.center[2], a.axes[2], points);
+    return a;
+}
+
+void expectAxis(Point3D const &axis, double x, double y, double z, double tolerance)
+{
+    const double sign = axis.x() * x + axis.y() * y + axis.z() * z < 0.0 ? -1.0 : 1.0;
+    EXPECT_NEAR(sign * axis.x(), x, tolerance);
+    EXPECT_NEAR(sign * axis.y(), y, tolerance);
+    EXPECT_NEAR(sign * axis.z(), z, tolerance);
+}
+
+/// Eigenpairs, centre and orthonormality against Eigen's solution of the same covariance.
+void expectLikeEigen(PValOrderedVector<Point3D> const &points)
+{
+    Eigen::MatrixXd m(points.size(), 3);
+    for (int i = 0; i < points.size(); ++i)
+        m.row(i) << points[i].x(), points[i].y(), points[i].z();
+    const Eigen::RowVector3d mean = m.colwise().mean();
+    const Eigen::MatrixXd centred = m.rowwise() - mean;
+    const Eigen::Matrix3d covariance = centred.transpose() * centred / double(points.size() - 1);
+    const Eigen::Vector3d expected =
+        Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(covariance).eigenvalues();
+
+    const Analysis a = analyse(points);
+    const double scale = std::max(expected[2], 1e-300);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_NEAR(a.center[i], mean[i], 1e-11 * (1.0 + m.cwiseAbs().maxCoeff()));
+        EXPECT_NEAR(a.values[i], expected[2 - i], 1e-7 * scale + 1e-8);
+        const Eigen::Vector3d axis(a.axes[i].x(), a.axes[i].y(), a.axes[i].z());
+        EXPECT_NEAR(axis.norm(), 1.0, 1e-12);
+        EXPECT_LT((covariance * axis - a.values[i] * axis).norm(), 1e-7 * scale + 1e-8);
+    }
+    EXPECT_GE(a.values[0], a.values[1]);
+    EXPECT_GE(a.values[1], a.values[2]);
+}
+
+TEST(RunPCA, FewerThanThreePointsLeaveAllOutputsAlone)
+{
+    PValOrderedVector<Point3D> points;
+    for (int count = 0; count < 3; ++count) {
+        const Analysis a = analyse(points);
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(a.values[i], preset);
+            EXPECT_EQ(a.center[i], preset);
+            EXPECT_EQ(a.axes[i].x(), preset);
+        }
+        points.append(Point3D(count, 1, 2));
+    }
+}
+
+TEST(RunPCA, CollinearPoints)
+{
+    const Analysis a = analyse({{0, 0, 0}, {1, 2, 2}, {2, 4, 4}});
+    EXPECT_NEAR(a.values[0], 9.0, 1e-14); // squared distances 9, 0, 9, divided by 2
+    EXPECT_NEAR(a.values[1], 0.0, 1e-14);
+    EXPECT_NEAR(a.values[2], 0.0, 1e-14);
+    expectAxis(a.axes[0], 1.0 / 3, 2.0 / 3, 2.0 / 3, 1e-14);
+    EXPECT_EQ(a.center[0], 1.0);
+    EXPECT_EQ(a.center[1], 2.0);
+    EXPECT_EQ(a.center[2], 2.0);
+}
+
+TEST(RunPCA, EqualPointsKeepTheCoordinateAxes)
+{
+    const Analysis a = analyse({{5, 6, 7}, {5, 6, 7}, {5, 6, 7}});
+    for (double value : a.values)
+        EXPECT_EQ(value, 0.0);
+    EXPECT_TRUE(a.axes[0] == Point3D(0, 0, 1));
+    EXPECT_TRUE(a.axes[1] == Point3D(0, 1, 0));
+    EXPECT_TRUE(a.axes[2] == Point3D(1, 0, 0));
+}
+
+TEST(RunPCA, PointsOnTheZAxis)
+{
+    const Analysis a = analyse({{0, 0, 1}, {0, 0, -3}, {0, 0, 5}, {0, 0, 1}});
+    expectAxis(a.axes[0], 0, 0, 1, 0.0);
+    EXPECT_EQ(a.center[0], 0.0);
+    EXPECT_EQ(a.center[1], 0.0);
+    EXPECT_EQ(a.center[2], 1.0);
+    EXPECT_NEAR(a.values[0], 32.0 / 3.0, 1e-14);
+    EXPECT_EQ(a.values[1], 0.0);
+}
+
+TEST(RunPCA, EqualVariancesFollowTheOrderOfTheColumns)
+{
+    PValOrderedVector<Point3D> cube;
+    for (int corner = 0; corner < 8; ++corner)
+        cube.append(Point3D(corner & 1 ? 1 : -1, corner & 2 ? 1 : -1, corner & 4 ? 1 : -1));
+    const Analysis a = analyse(cube);
+    for (double value : a.values)
+        EXPECT_EQ(value, 8.0 / 7.0); // divided by n - 1
+    EXPECT_TRUE(a.axes[0] == Point3D(0, 0, 1));
+    EXPECT_TRUE(a.axes[1] == Point3D(0, 1, 0));
+    EXPECT_TRUE(a.axes[2] == Point3D(1, 0, 0));
+
+    // y is the widest; x and z are equal, z counts as the larger
+    const Analysis b =
+        analyse({{1, 0, 0}, {-1, 0, 0}, {0, 3, 0}, {0, -3, 0}, {0, 0, 1}, {0, 0, -1}});
+    EXPECT_TRUE(b.axes[0] == Point3D(0, 1, 0));
+    EXPECT_TRUE(b.axes[1] == Point3D(0, 0, 1));
+    EXPECT_TRUE(b.axes[2] == Point3D(1, 0, 0));
+}
+
+TEST(RunPCA, MeanHasTheBitsOfThePlainSums)
+{
+    std::mt19937 random(3);
+    std::normal_distribution<double> normal(10.0, 3.0);
+    PValOrderedVector<Point3D> points;
+    double sums[3] = {0.0, 0.0, 0.0};
+    for (int i = 0; i < 1001; ++i) {
+        const double x = normal(random), y = normal(random), z = normal(random);
+        points.append(Point3D(x, y, z));
+        sums[0] += x;
+        sums[1] += y;
+        sums[2] += z;
+    }
+    const Analysis a = analyse(points);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(SameBits(sums[i] / 1001, a.center[i]));
+}
+
+TEST(RunPCA, AgreesWithEigenOnRandomClouds)
+{
+    std::mt19937 random(9);
+    std::normal_distribution<double> normal(0.0, 1.0);
+    for (int cloud = 0; cloud < 50; ++cloud) {
+        PValOrderedVector<Point3D> points;
+        const double stretch[3] = {normal(random) * 5, normal(random) * 2, normal(random)};
+        for (int i = 0; i < 300; ++i) {
+            const double u = normal(random) * stretch[0], v = normal(random) * stretch[1];
+            const double w = normal(random) * stretch[2];
+            points.append(Point3D(u + v - w, u - v, 0.5 * u + w + 100.0));
+        }
+        expectLikeEigen(points);
+    }
+}
+
+PValOrderedVector<Point3D> readVertices(std::string const &file)
+{
+    std::ifstream stream(file);
+    PValOrderedVector<Point3D> points;
+    std::string line;
+    while (std::getline(stream, line)) {
+        std::istringstream words(line);
+        std::string kind;
+        double x, y, z;
+        if (words >> kind >> x >> y >> z && kind == "v")
+            points.append(Point3D(x, y, z));
+    }
+    return points;
+}
+
+TEST(RunPCA, AgreesWithEigenOnRealClouds)
+{
+    int clouds = 0;
+    for (const char *name : {"WusonOBJ.obj", "spider.obj", "regr01.obj"}) {
+        const auto points = readVertices(std::string("/usr/share/assimp/models/OBJ/") + name);
+        if (points.size() < 3)
+            continue;
+        ++clouds;
+        SCOPED_TRACE(name);
+        expectLikeEigen(points);
+    }
+    if (clouds == 0)
+        GTEST_SKIP() << "the test models of Assimp are not installed";
+}
+
+RC_GTEST_PROP(RunPCA, ShiftMovesTheCentreOnly, ())
+{
+    const auto number = rc::gen::inRange(-1000, 1000);
+    PValOrderedVector<Point3D> points, shifted;
+    const int count = *rc::gen::inRange(3, 30);
+    for (int i = 0; i < count; ++i) {
+        const double x = *number, y = *number, z = *number;
+        points.append(Point3D(x, y, z));
+        shifted.append(Point3D(x + 64, y - 128, z + 32));
+    }
+    const Analysis a = analyse(points), b = analyse(shifted);
+    RC_ASSERT(std::fabs(b.center[0] - a.center[0] - 64) < 1e-9);
+    RC_ASSERT(std::fabs(b.center[1] - a.center[1] + 128) < 1e-9);
+    RC_ASSERT(std::fabs(b.center[2] - a.center[2] - 32) < 1e-9);
+    for (int i = 0; i < 3; ++i)
+        RC_ASSERT(std::fabs(a.values[i] - b.values[i]) < 1e-6);
+}
+
+} // namespace
