@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace gallery {
 
@@ -116,6 +117,36 @@ void Panel::path(std::string const &data, Role role)
     m_shapes += std::string("<path class=\"") + roleClass(role) + "\" d=\"" + data + "\"/>\n";
 }
 
+void Panel::inkLine(Vec2 from, Vec2 to)
+{
+    Vec2 const d = to - from;
+    double const spacing = 3.0; // pixels between samples
+    int const steps = static_cast<int>(std::sqrt(d.x * d.x + d.y * d.y) / spacing) + 1;
+    for (int i = 0; i <= steps; ++i) {
+        m_ink.push_back(from + (static_cast<double>(i) / steps) * d);
+    }
+}
+
+/// Angles in radians, clockwise on the screen as its y axis points down.
+void Panel::inkArc(Vec2 centre, double rx, double ry, double turn, double from, double to)
+{
+    int const steps = 120;
+    for (int i = 0; i <= steps; ++i) {
+        double const t = from + (to - from) * i / steps;
+        double const u = rx * std::cos(t);
+        double const v = ry * std::sin(t);
+        m_ink.push_back(centre + Vec2(u * std::cos(turn) - v * std::sin(turn),
+                                      u * std::sin(turn) + v * std::cos(turn)));
+    }
+}
+
+int Panel::inkUnder(LabelBox const &box) const
+{
+    return static_cast<int>(std::count_if(m_ink.begin(), m_ink.end(), [&](Vec2 const &p) {
+        return box.left < p.x && p.x < box.right && box.top < p.y && p.y < box.bottom;
+    }));
+}
+
 void Panel::beginSolution()
 {
     m_shapes += "<g class=\"solution\">\n";
@@ -161,6 +192,9 @@ void Panel::polyline(std::vector<Vec2> const &points, Role role)
     for (Vec2 const &p : points) {
         view.push_back(toView(p));
     }
+    for (std::size_t i = 1; i < view.size(); ++i) {
+        inkLine(view[i - 1], view[i]);
+    }
     path(polyPath(view, false), role);
 }
 
@@ -169,6 +203,9 @@ void Panel::polygon(std::vector<Vec2> const &points, Role role)
     std::vector<Vec2> view;
     for (Vec2 const &p : points) {
         view.push_back(toView(p));
+    }
+    for (std::size_t i = 0; i < view.size(); ++i) {
+        inkLine(view[i], view[(i + 1) % view.size()]);
     }
     path(polyPath(view, true), role);
 }
@@ -208,6 +245,8 @@ void Panel::arc(Vec2 centre, Vec2 a, Vec2 b, Role role)
     }
     Vec2 const from = toView(a);
     Vec2 const to = toView(b);
+    double const start = std::atan2(u.y, u.x);
+    inkArc(toView(centre), radius * m_scaleX, radius * m_scaleY, 0.0, -start, -start - sweep);
     // the view turns y over, so counter-clockwise in the world is SVG's sweep 0
     path("M" + pair(from) + " A" + svgNumber(radius * m_scaleX) + ' ' +
              svgNumber(radius * m_scaleY) + " 0 " + (sweep > turn / 2 ? "1" : "0") + " 0 " +
@@ -238,6 +277,8 @@ void Panel::arcThrough(Vec2 start, Vec2 through, Vec2 end, Role role)
 void Panel::ellipse(Vec2 centre, double a, double b, double degrees, Role role)
 {
     Vec2 const c = toView(centre);
+    double const turn = 2.0 * std::acos(-1.0);
+    inkArc(c, a * m_scaleX, b * m_scaleY, -degrees / 360.0 * turn, 0.0, turn);
     m_shapes += std::string("<ellipse class=\"") + roleClass(role) + '"' + attribute("cx", c.x) +
                 attribute("cy", c.y) + attribute("rx", a * m_scaleX) +
                 attribute("ry", b * m_scaleY);
@@ -308,13 +349,14 @@ void Panel::placeLabels(std::vector<LabelBox> &placed) const
                                 [&](Vec2 const &dot) { return covers(box, dot); });
         };
         LabelBox chosen = boxAt(l.anchor, l.text, l.side);
-        if (l.side != Side::Centre && !free(chosen)) {
-            for (Side const side : order) {
-                LabelBox const other = boxAt(l.anchor, l.text, side);
-                if (free(other)) {
-                    chosen = other;
-                    break;
-                }
+        int least = free(chosen) ? inkUnder(chosen) : std::numeric_limits<int>::max();
+        for (Side const side : order) {
+            LabelBox const other = boxAt(l.anchor, l.text, side);
+            // another side has to be clearly better than the one wished for
+            int const ink = 2 + inkUnder(other);
+            if (l.side != Side::Centre && ink < least && free(other)) {
+                chosen = other;
+                least = ink;
             }
         }
         placed.push_back(chosen);

@@ -118,7 +118,7 @@ std::string SvgCanvas::svg() const
                svgNumber(y) + " h22\"/>\n";
         out += "<text class=\"legend\"" + attribute("x", x + 28.0) + attribute("y", y + 4.0) + '>' +
                xmlEscaped(text) + "</text>\n";
-        x += 28.0 + 7.0 * static_cast<double>(characterCount(text)) + 18.0;
+        x += 28.0 + 6.3 * static_cast<double>(characterCount(text)) + 18.0;
     }
     return out + "</svg>\n";
 }

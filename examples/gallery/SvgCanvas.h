@@ -77,7 +77,8 @@ struct LabelBox
 
 /// One picture of a figure with its own world-to-view transform. Shapes are drawn in the order of
 /// the calls and cut off at the panel's frame; labels are drawn last, above all shapes, on a white
-/// halo, and move to another side of their anchor when the wanted one is taken.
+/// halo, and take the side of their anchor that is free of labels and dots and covers the least of
+/// the curves.
 class Panel
 {
 public:
@@ -136,6 +137,9 @@ private:
     void beginSolution();
     void endSolution();
     void path(std::string const &data, Role role);
+    void inkLine(Vec2 from, Vec2 to);
+    void inkArc(Vec2 centre, double rx, double ry, double turn, double from, double to);
+    int inkUnder(LabelBox const &box) const;
     void placeLabels(std::vector<LabelBox> &placed) const;
     void tick(Vec2 anchor, std::string const &text, Side side);
     std::string svg() const;
@@ -150,6 +154,7 @@ private:
     std::string m_shapes;
     std::vector<Label> m_labels;
     std::vector<Vec2> m_dots; // pixel places that labels keep clear of
+    std::vector<Vec2> m_ink;  // pixel samples of the strokes, which labels would rather not cover
 };
 
 /// A figure: a title, panels in a grid filled row by row, a legend. Coordinates that are not

@@ -6,6 +6,7 @@ std::vector<Figure> allFigures()
 {
     std::vector<Figure> (*const subjects[])() = {
         constructionFigures,
+        conicFigures,
     };
     std::vector<Figure> figures;
     for (auto const subject : subjects) {

@@ -20,6 +20,7 @@ struct Figure
 // One function a subject, each in <subject>Figures.cpp; figures.cpp concatenates them.
 std::vector<Figure> planeFigures();
 std::vector<Figure> constructionFigures();
+std::vector<Figure> conicFigures();
 std::vector<Figure> spaceFigures();
 std::vector<Figure> numericsFigures();
 std::vector<Figure> lookupFigures();
