@@ -5,6 +5,7 @@ namespace gallery {
 std::vector<Figure> allFigures()
 {
     std::vector<Figure> (*const subjects[])() = {
+        planeFigures,
         constructionFigures,
         conicFigures,
     };
