@@ -67,10 +67,10 @@ void drawSegmentCrossings(SvgCanvas &canvas)
     SegmentPair const pairs[] = {
         {{0, 0}, {6, 4}, {1, 4}, {5, 0}, "away from all ends"},
         {{0, 1}, {6, 1}, {3, 0.7}, {4, 4}, "near an end of one"},
-        {{0, 1}, {5, 1}, {4.8, 0.6}, {3.2, 4}, "near ends of both"},
+        {{0, 1}, {5, 1}, {0.85, 1.42}, {-0.9, -0.68}, "near ends of both"},
         {{0, 0.5}, {4, 1}, {4.4, 1.4}, {2, 4}, "ends coincide"},
         {{0, 1}, {2.9, 1}, {3, 0}, {3, 4}, "ranges have no tolerance"},
-        {{0, 2}, {2, 2}, {0.9, 1.92}, {1.1, 2.08}, "cross product below tol²"},
+        {{0, 2}, {6, 2}, {1.5, 1.97}, {4.5, 2.02}, "cross product below tol²"},
     };
     for (SegmentPair const &s : pairs) {
         Point2D out;
