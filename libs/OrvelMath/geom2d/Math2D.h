@@ -65,6 +65,8 @@ ORVELMATH_EXPORT int Math2DComparePoints(Point2D const &a, Point2D const &b, dou
 /// @param out receives the crossing, or the end of the first segment that coincides; untouched
 ///            with `NoIntersection`.
 /// @param tol length; squared, it also limits the cross product of the directions from below.
+///
+/// @image html segment_crossings.svg
 ORVELMATH_EXPORT IntersectionType Math2DIntersect2Lines(Point2D const &p0, Point2D const &p1,
                                                         Point2D const &p2, Point2D const &p3,
                                                         Point2D &out, double tol);
@@ -112,6 +114,8 @@ ORVELMATH_EXPORT int circleLineIntersect(Point2D a, Point2D b, Point2D c, float 
 /// @param x1, y1, x2, y2 ends of the segment, moved to the border where they lie outside. After
 ///                       false they may have been moved in part.
 /// @return true if a part of the segment stays. NaN in an end counts as inside.
+///
+/// @image html clipping.svg
 ORVELMATH_EXPORT bool clipline(double xmin, double ymin, double xmax, double ymax, double &x1,
                                double &y1, double &x2, double &y2);
 
@@ -128,5 +132,7 @@ ORVELMATH_EXPORT bool clipline(double xmin, double ymin, double xmax, double yma
 /// @param tol length.
 ///
 /// The nesting rule is even-odd. Cost: linear in @p count (M. Shimrat, 1962, for the ray).
+///
+/// @image html point_location.svg
 ORVELMATH_EXPORT InsidePolyType Math2DInsidePolygon(Point2D *points, int count, Point2D const &p,
                                                     double *xmin, double *xmax, double tol);

@@ -55,6 +55,8 @@ ORVELMATH_EXPORT double getEllipsePointAngle(Point2D const &p, double semiA, dou
 /// @param tolAngle degrees.
 /// @return 1 at start; 2 at end; 3 if p is on the same side of the pair of ends as @p through;
 ///         otherwise 0.
+///
+/// @image html points_on_curves.svg
 ORVELMATH_EXPORT int pointOnArc(Point2D const &start, Point2D const &through, Point2D const &end,
                                 Point2D const &p, double tolDist, double tolAngle);
 
@@ -85,6 +87,8 @@ ORVELMATH_EXPORT int pointOnArc(double a, double b, Point2D const &p, double tol
 /// @param tol degrees.
 /// @return 1 at a; 2 at b; 3 between; otherwise 0. Unlike `pointOnArc`, equal ends are no full
 ///         ellipse: all other points give 0.
+///
+/// @image html points_on_curves.svg
 ORVELMATH_EXPORT int pointOnEllipsearc(double a, double b, double rotation, Point2D const &p,
                                        double semiA, double semiB, double tol);
 

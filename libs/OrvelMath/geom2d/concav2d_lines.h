@@ -80,6 +80,8 @@ ORVELMATH_EXPORT int distanceBetweenParallels(Point2D const &p0, Point2D const &
 ///            distance of about sqrt(tol * L / 2) from the line.
 /// @return 0 off the segment; 1 at p0, also if at p1 as well; 2 at p1; 3 between the ends. NaN
 ///         gives 3.
+///
+/// @image html points_on_curves.svg
 ORVELMATH_EXPORT int pointOnLine(Point2D const &p0, Point2D const &p1, Point2D const &p,
                                  double tol);
 

@@ -47,6 +47,8 @@ ORVELMATH_EXPORT int getEllipsearcExtrema(Point2D const &centre, double a, doubl
 /// @param a pass the larger semi-axis to be sure of an enclosing box.
 /// @param b, rotation, tol not read.
 /// @return always 0.
+///
+/// @image html extrema.svg
 ORVELMATH_EXPORT int getEllipseExtrema(Point2D const &centre, double a, double b, double rotation,
                                        double &xmin, double &xmax, double &ymin, double &ymax,
                                        double tol);
@@ -77,6 +79,8 @@ ORVELMATH_EXPORT int getArcExtrema(Point2D const &p0, Point2D const &p1, Point2D
 /// @param start, end degrees. Angles above 360 are reduced; an infinite one gives the box of NaN
 ///                   end points.
 /// @return always 0.
+///
+/// @image html extrema.svg
 ORVELMATH_EXPORT int getArcExtrema(Point2D const &centre, double radius, double start, double end,
                                    double &xmin, double &xmax, double &ymin, double &ymax);
 

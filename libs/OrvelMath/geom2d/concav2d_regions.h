@@ -35,6 +35,8 @@ enum LocationType : int {
 ///
 /// A polygon that lies within the band as a whole has no inside. The nesting rule is even-odd.
 /// Cost: linear in the number of vertices (M. Shimrat, 1962, for the ray; the band is our own).
+///
+/// @image html point_location.svg
 ORVELMATH_EXPORT concav2d::LocationType
 pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Point2D const &p, double tol);
 
@@ -46,6 +48,8 @@ pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Point2D const &p,
 ///
 /// The sides are told on the circle through two corners and the point; a point within 1e-6 of a
 /// corner is on the outline.
+///
+/// @image html point_location.svg
 ORVELMATH_EXPORT int pointInsideRectangle(Point2D &p, Point2D &r0, Point2D &r1, Point2D &r2,
                                           Point2D &r3, double tol);
 
@@ -61,6 +65,8 @@ ORVELMATH_EXPORT int pointInsideRectangle(Point2D &p, Point2D &r0, Point2D &r1, 
 ///                                               the lower left corner these are, in this order,
 ///                                               left, right, bottom and top.
 /// @return 1 inside, 0 outside.
+///
+/// @image html clipping.svg
 ORVELMATH_EXPORT int lineInsideRectangle(Point2D &p0, Point2D &p1, Point2D &r0, Point2D &r1,
                                          Point2D &r2, Point2D &r3, double tol, bool onEdge30,
                                          bool onEdge12, bool onEdge01, bool onEdge23);

@@ -45,6 +45,8 @@ namespace concav2d {
 ///
 /// The number of points is the whole part of sweep / step, plus 2. Cost: two allocations, a sine
 /// and a cosine a point.
+///
+/// @image html sampling.svg
 ORVELMATH_EXPORT int getArcPoints(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                   QLinkedList<Point2D *> &points, double tol, double step);
 
@@ -82,6 +84,8 @@ ORVELMATH_EXPORT int getEllipseArcPoints(Point2D const &centre, Point2D const &a
 /// @param step radians of the parameter angle; exactly 0 means five degrees. A negative step, or
 ///             one too small to change the angle, does not end.
 /// @return always 0.
+///
+/// @image html sampling.svg
 ORVELMATH_EXPORT int getEllipsePoints(Point2D const &centre, Point2D const &axisA,
                                       Point2D const &axisB, double rotation,
                                       QLinkedList<Point2D *> &points, double step);

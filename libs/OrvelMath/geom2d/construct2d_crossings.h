@@ -23,6 +23,8 @@ ORVELMATH_EXPORT double mat_round_to_grid(double x, double eps);
 /// @return 1 found; 0 if the line misses the circle or p0 and p1 coincide.
 ///
 /// The radius is expected to be at least 0.
+///
+/// @image html circle_crossings.svg
 ORVELMATH_EXPORT int intersect_line_circle(Point2D const &p0, Point2D const &p1, Point2D const &c,
                                            double r, int which, Point2D &out, double eps);
 
@@ -34,6 +36,8 @@ ORVELMATH_EXPORT int intersect_line_circle(Point2D const &p0, Point2D const &p1,
 /// @param eps length: shortest distance of the centres, grid on which the circles may miss each
 ///            other.
 /// @return 1 found; 0 if the centres coincide, or the circles lie apart or one in the other.
+///
+/// @image html circle_crossings.svg
 ORVELMATH_EXPORT int intersect_circle_circle(Point2D const &c1, double r1, Point2D const &c2,
                                              double r2, int which, Point2D &out, double eps);
 
