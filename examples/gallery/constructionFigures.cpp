@@ -75,7 +75,7 @@ void drawCircleTangent(SvgCanvas &canvas, double r1, double r2, int side, int cr
     char const *const sizes = r1 > r2 ? "r1 > r2" : "r1 < r2";
     Panel &panel = canvas.panel(selector("cross", cross) + ", " + selector("side", side) + "\n" +
                                     sizes + ", " + selector("magnitudes", magnitudes),
-                                {{-3, -3}, {9, 3}});
+                                {{-2.6, -2.7}, {8.6, 2.7}});
     Point2D t1;
     Point2D t2;
     tangente_kreis_kreis(c1, r1, c2, r2, side, cross, t1, t2, magnitudes, kEps);
@@ -93,7 +93,7 @@ void drawCircleTangent(SvgCanvas &canvas, double r1, double r2, int side, int cr
 
 void drawCircleTangents(SvgCanvas &canvas)
 {
-    canvas.layout(4, 240, 150);
+    canvas.layout(4, 256, 132);
     for (int const cross : {0, 1}) {
         for (int const side : {0, 1}) {
             drawCircleTangent(canvas, 2, 1, side, cross, 0);
@@ -149,7 +149,7 @@ void drawLineLineFillets(SvgCanvas &canvas)
     Point2D const p1(4, 1);
     Point2D const p2(-1.5, -4);
     Point2D const p3(1.5, 4);
-    double const r = 1.9;
+    double const r = 1.6;
     for (int const side1 : {0, 1}) {
         for (int const side2 : {0, 1}) {
             Panel &panel = canvas.panel(selector("side1", side1) + ", " + selector("side2", side2),

@@ -20,6 +20,7 @@ public:
     /// (p0, B(0.2), m) and (m, B(0.8), p3). A NaN distance gives two.
     /// \param tol least straight distance, in model units, from the curve's middle to either end
     ///     that is worth two arcs; not an approximation error
+    /// @image html BezierApproximation.svg
     static QList<QList<Point2D>> interpolateCubic(Point2D p0, Point2D p1, Point2D p2, Point2D p3,
                                                   double tol);
 

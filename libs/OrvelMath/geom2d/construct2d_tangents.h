@@ -24,6 +24,7 @@
 ///             the answer is a point of the centre line, at the distance r² / |p - c| from c
 /// @param eps  least distance of p from the centre, a length
 /// @return 1 found, 0 when eps lies strictly above the distance of p from the centre
+/// @image html tangente_punkt_kreis.svg
 ORVELMATH_EXPORT int tangente_punkt_kreis(Point2D const &p, Point2D const &c, double r, int side,
                                           Point2D &from, Point2D &touch, double const &eps);
 
@@ -45,6 +46,7 @@ ORVELMATH_EXPORT int tangente_punkt_kreis(Point2D const &p, Point2D const &c, do
 ///
 /// An inner tangent with r1 = 0 and r2 > 0 divides zero by zero: the result is 1 and the points are
 /// NaN.
+/// @image html tangente_kreis_kreis.svg
 ORVELMATH_EXPORT int tangente_kreis_kreis(Point2D const &c1, double r1, Point2D const &c2,
                                           double r2, int side, int cross, Point2D &t1, Point2D &t2,
                                           int magnitudes, double eps);
@@ -65,6 +67,7 @@ ORVELMATH_EXPORT int tangente_kreis_kreis(Point2D const &c1, double r1, Point2D 
 ///
 /// Centres c2 and c3 on a vertical divide by zero: the outputs, or the result, follow from the
 /// infinities. Number the circles such that c2 has an x of its own.
+/// @image html apolloniusCCC.svg
 ORVELMATH_EXPORT int apolloniusCCC(Point2D const &c1, double r1, bool s1, Point2D const &c2,
                                    double r2, bool s2, Point2D const &c3, double r3, bool s3,
                                    Point2D &centre, double &radius);
@@ -78,6 +81,7 @@ ORVELMATH_EXPORT int apolloniusCCC(Point2D const &c1, double r1, bool s1, Point2
 /// @param eps  limits, strictly above: the squared lengths of both directions; the raw cross
 ///             product of both directions, an area
 /// @return 1 found; 0 for a line without length and for parallel lines
+/// @image html fillet_line_line.svg
 ORVELMATH_EXPORT int fillet_line_line(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                       Point2D const &p3, double r, int side1, int side2, Point2D &m,
                                       Point2D &t1, Point2D &t2, double const &eps);
@@ -94,6 +98,7 @@ ORVELMATH_EXPORT int fillet_line_line(Point2D const &p0, Point2D const &p1, Poin
 ///
 /// An enclosing fillet with r equal to one of the radii divides zero by zero: the result is 1 and
 /// that touching point is NaN.
+/// @image html fillet_kreis_kreis.svg
 ORVELMATH_EXPORT int fillet_kreis_kreis(Point2D const &c1, double r1, Point2D const &c2, double r2,
                                         double r, int side, int inner, Point2D &m, Point2D &t1,
                                         Point2D &t2, double const &eps);
@@ -119,6 +124,7 @@ ORVELMATH_EXPORT int fillet_kreis_kreis(Point2D const &c1, double r1, Point2D co
 ///
 /// With a line without length the origin stands in for the foot of the circle's centre, the
 /// touching point on the line is left as it was, and the result is 1 all the same.
+/// @image html fillet_line_circle.svg
 ORVELMATH_EXPORT int fillet_line_circle(Point2D const &p0, Point2D const &p1, Point2D const &c,
                                         double rc, double r, int side, int far, Point2D &m,
                                         Point2D &t1, Point2D &t2, int inner, double const &eps);
@@ -131,6 +137,7 @@ ORVELMATH_EXPORT int fillet_line_circle(Point2D const &p0, Point2D const &p1, Po
 ///               tangent at both ends only when the two agree
 /// @param eps    limit of the raw cross product of the two directions, an area
 /// @return 1 found, 0 for parallel lines
+/// @image html arc_line1end_to_line2anf.svg
 ORVELMATH_EXPORT int arc_line1end_to_line2anf(Point2D const &p0, Point2D const &p1,
                                               Point2D const &p2, Point2D const &p3, Point2D &m,
                                               double &radius, double const &eps);
@@ -145,6 +152,7 @@ ORVELMATH_EXPORT int arc_line1end_to_line2anf(Point2D const &p0, Point2D const &
 /// @param eps  squared length: with an end nearer to m than its root nothing is changed
 ///
 /// Ends that are NaN are swapped.
+/// @image html adjust_arc_m2pnt.svg
 ORVELMATH_EXPORT void adjust_arc_m2pnt(Point2D &m, Point2D &a, Point2D &b, double r, int mode,
                                        double const &eps);
 
@@ -158,6 +166,7 @@ ORVELMATH_EXPORT void adjust_arc_m2pnt(Point2D &m, Point2D &a, Point2D &b, doubl
 ///
 /// Ends on an axis direction count as passing it. Equal ends mean an arc from their direction up to
 /// 360 degrees, not a full circle, unless that direction is 0. An end on m has the direction 0.
+/// @image html mat_bounding_box_of_arc_m2pnt.svg
 ORVELMATH_EXPORT void mat_bounding_box_of_arc_m2pnt(Point2D const &m, Point2D const &a,
                                                     Point2D const &b, double r, Point2D &lo,
                                                     Point2D &hi, double tol);

@@ -159,6 +159,7 @@ ORVELMATH_EXPORT Ellipse transformEllipse(Ellipse const &e, TMat const &m);
 /// @param count how many points were written
 /// @param points caller's array. Four entries do for ellipses that differ and are of similar size;
 ///     identical ellipses, or an e2 about 1e9 times as large as e1, may give up to twelve
+/// @image html ellipse_crossings.svg
 ORVELMATH_EXPORT void FindIntersections(Ellipse &e1, Ellipse &e2, int &count,
                                         Point2D *const points);
 
@@ -176,6 +177,7 @@ ORVELMATH_EXPORT void FindIntersections(Ellipse &e1, Ellipse &e2, int &count,
 /// | 5 or more | none | none |
 ///
 /// @return true when `point` was written; for "none" it is left alone
+/// @image html FindIntersections2.svg
 ORVELMATH_EXPORT bool FindIntersections2(Ellipse &e1, Ellipse &e2, bool last, bool inner,
                                          Point2D &point);
 
@@ -212,6 +214,7 @@ ORVELMATH_EXPORT int intersect_ellipse_ellipse(Point2D const &c1, double angle1,
 ///     more counts as a tangent, and both selectors give its nearest approach
 /// @return 1 found, 0 not. A line of length 1e-100 or less, or NaN input, returns 1 with an `out`
 ///     that is NaN.
+/// @image html intersect_line_ellipse.svg
 ORVELMATH_EXPORT int intersect_line_ellipse(Point2D const &p0, Point2D const &p1,
                                             Point2D const &centre, double angle, double a, double b,
                                             bool other, Point2D &out, double eps);
