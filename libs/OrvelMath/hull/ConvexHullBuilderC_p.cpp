@@ -39,6 +39,11 @@ bool ConvexHullBuilderCPrivate::buildHull()
             return false;
         }
         buildSolid(coordinates);
+        // Large blocks come and go before the many small ones are freed: the allocator then has no
+        // cause to put the small ones together one by one.
+        collectHullIndices();
+        coordinates = HullPoints();
+        removeDeadFaces();
     }
     return true;
 }

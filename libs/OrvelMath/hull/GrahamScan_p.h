@@ -5,13 +5,14 @@
 #include <QtCore/QList>
 #include <QtCore/QVector>
 
-#include <cmath>
-
 /// Graham's scan: takes points in the order of their angle around the start and keeps the corners
 /// of the convex polygon.
 class GrahamScan
 {
 public:
+    /// Index of a record of which only the position is known.
+    static constexpr int undecided = -1;
+
     explicit GrahamScan(PolarRecord const &start)
         : m_start(start)
     {
@@ -39,11 +40,17 @@ public:
         m_ended = true;
     }
 
-    /// Closes the polygon. The corners then are all entries of `stack` but the last.
-    QVector<PolarRecord> const &close()
+    /// Closes the polygon and returns the indices of its corners.
+    QList<int> close()
     {
         add(m_start);
-        return m_stack;
+        QList<int> indices;
+        indices.reserve(m_stack.size());
+        // The last entry is the start once more, which closed the polygon.
+        for (int i = 0; i + 1 < m_stack.size(); ++i) {
+            indices.append(m_stack.at(i).index);
+        }
+        return indices;
     }
 
 private:

@@ -6,6 +6,20 @@
 
 namespace {
 
+/// Fetches the face after the next ones and its edges: they lie anywhere in the memory.
+void fetchAhead(HullVector<HullFace *> const &faces, std::size_t current)
+{
+    if (current + 16 < faces.size()) {
+        __builtin_prefetch(faces[current + 16]);
+        __builtin_prefetch(&faces[current + 16]->alive);
+    }
+    if (current + 8 < faces.size()) {
+        for (HullEdge const *edge : faces[current + 8]->edges) {
+            __builtin_prefetch(edge);
+        }
+    }
+}
+
 /// Frees the face and the edges that it still owns.
 void destroyFace(HullFace *face)
 {
@@ -64,7 +78,9 @@ void ConvexHullBuilderCPrivate::claimEdges()
 void ConvexHullBuilderCPrivate::removeDeadFaces()
 {
     std::size_t kept = 0;
-    for (HullFace *face : faces) {
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+        fetchAhead(faces, i);
+        HullFace *const face = faces[i];
         if (face->alive) {
             faces[kept++] = face;
         } else {
@@ -76,8 +92,9 @@ void ConvexHullBuilderCPrivate::removeDeadFaces()
 
 void ConvexHullBuilderCPrivate::destroyFaces()
 {
-    for (HullFace *face : faces) {
-        destroyFace(face);
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+        fetchAhead(faces, i);
+        destroyFace(faces[i]);
     }
     faces.clear();
 }

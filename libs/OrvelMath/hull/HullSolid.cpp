@@ -27,6 +27,7 @@ public:
 private:
     void waitForTetrahedron();
     HullFace *nextFace();
+    void fetchAhead() const;
     void removeFaces(int eye);
     void makeFan(int eye);
     void distribute();
@@ -76,6 +77,7 @@ void HullSolid::waitForTetrahedron()
 HullFace *HullSolid::nextFace()
 {
     while (HullFace *const face = m_queue.takeLargest()) {
+        fetchAhead();
         // A horizon that doesn't close leaves the hull as it is.
         if (face->alive &&
             m_horizon.collect(face, m_points[static_cast<std::size_t>(face->furthestPoint)],
@@ -84,6 +86,56 @@ HullFace *HullSolid::nextFace()
         }
     }
     return nullptr;
+}
+
+/// Fetches what the next faces need: they lie anywhere in the memory, each thing is found through
+/// the one before, and waiting for them would take most of the time of a large hull.
+void HullSolid::fetchAhead() const
+{
+    if (HullFace const *const face = m_queue.lookAhead(24)) {
+        __builtin_prefetch(face);
+        __builtin_prefetch(&face->normal);
+    }
+    if (HullFace const *const face = m_queue.lookAhead(18)) {
+        __builtin_prefetch(&m_points[static_cast<std::size_t>(face->furthestPoint)]);
+        for (HullEdge const *edge : face->edges) {
+            __builtin_prefetch(edge);
+        }
+    }
+    if (HullFace const *const face = m_queue.lookAhead(12)) {
+        for (HullEdge const *edge : face->edges) {
+            __builtin_prefetch(edge->twin);
+        }
+    }
+    if (HullFace const *const face = m_queue.lookAhead(8)) {
+        for (HullEdge const *edge : face->edges) {
+            __builtin_prefetch(edge->twin->face);
+            __builtin_prefetch(&edge->twin->face->corner);
+        }
+    }
+    if (HullFace const *const face = m_queue.lookAhead(4)) {
+        for (HullEdge const *edge : face->edges) {
+            HullFace const *const neighbour = edge->twin->face;
+            __builtin_prefetch(&m_points[static_cast<std::size_t>(neighbour->corner)]);
+            for (HullEdge const *further : neighbour->edges) {
+                __builtin_prefetch(further);
+            }
+        }
+    }
+    if (HullFace const *const face = m_queue.lookAhead(2)) {
+        for (HullEdge const *edge : face->edges) {
+            for (HullEdge const *further : edge->twin->face->edges) {
+                __builtin_prefetch(further->twin);
+            }
+        }
+    }
+    if (HullFace const *const face = m_queue.lookAhead(0)) {
+        for (HullEdge const *edge : face->edges) {
+            for (HullEdge const *further : edge->twin->face->edges) {
+                __builtin_prefetch(&further->twin->face->normal);
+            }
+        }
+    }
 }
 
 /// Ends the life of the faces that the eye replaces and lets their outside points wait for the new
@@ -137,24 +189,22 @@ void HullSolid::distribute()
 
 void ConvexHullBuilderCPrivate::buildSolid(HullPoints const &coordinates)
 {
-    {
-        HullSolid solid(*this, coordinates);
-        solid.build();
-        if (solid.hasTornSurface()) {
-            claimEdges();
-        }
+    HullSolid solid(*this, coordinates);
+    solid.build();
+    if (solid.hasTornSurface()) {
+        claimEdges();
     }
-    removeDeadFaces();
-    collectHullIndices();
 }
 
-/// Appends the indices of the vertices of all faces, ascending.
+/// Appends the indices of the vertices of all live faces, ascending.
 void ConvexHullBuilderCPrivate::collectHullIndices()
 {
     HullVector<char> isVertex(static_cast<std::size_t>(points.size()), 0);
     for (HullFace const *face : faces) {
-        for (HullEdge const *edge : face->edges) {
-            isVertex[static_cast<std::size_t>(edge->tail)] = 1;
+        if (face->alive) {
+            for (HullEdge const *edge : face->edges) {
+                isVertex[static_cast<std::size_t>(edge->tail)] = 1;
+            }
         }
     }
     for (int i = 0; i < points.size(); ++i) {
