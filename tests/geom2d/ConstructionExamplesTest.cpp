@@ -19,8 +19,8 @@ TEST(ConstructionExamples, FilletOfTwoLines)
     // the lines y = 0 and x = 0; side 0 is left of a line's direction, side 1 right of it
     int const found = fillet_line_line(Point2D(0, 0), Point2D(10, 0), Point2D(0, 0), Point2D(0, 10),
                                        2.0, 0, 1, m, t1, t2, 1e-6);
-    // found is 1, the centre m is (2, 2), the arc runs counter-clockwise from t1 (0, 2) to t2 (2,
-    // 0) [end]
+    // found is 1, m is (2, 2), the arc runs counter-clockwise from t1 (0, 2) to t2 (2, 0)
+    // [end]
     EXPECT_EQ(found, 1);
     EXPECT_POINT(m, 2, 2);
     EXPECT_POINT(t1, 0, 2);
