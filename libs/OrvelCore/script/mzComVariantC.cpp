@@ -77,14 +77,19 @@ int mzComVariantC::userType() const
     return user != nullptr ? user->record->id : 0;
 }
 
-mzComVariantC mzComVariantC::toSkalarValue() const
+mzComVariantC mzComVariantC::toSkalarValue() const &
+{
+    return mzComVariantC(*this).toSkalarValue();
+}
+
+mzComVariantC mzComVariantC::toSkalarValue() &&
 {
     if (const auto *object = std::get_if<mzComPtrT<mzIUnknown>>(&m_value)) {
         mzComPtrT<prxQVariantBaseC> holder;
         if ((*object)->queryInterface(prxQVariantBaseC::IID(), holder))
             return holder->getComVariant();
     }
-    return *this;
+    return std::move(*this);
 }
 
 mzComVariantC mzComVariantC::toScriptObject() const

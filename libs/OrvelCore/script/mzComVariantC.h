@@ -82,7 +82,8 @@ public:
 
     /// An object that stands for a value (a prxQVariantBaseC) becomes that value; all else is
     /// returned as it is.
-    mzComVariantC toSkalarValue() const;
+    mzComVariantC toSkalarValue() const &;
+    mzComVariantC toSkalarValue() &&;
     /// A user value becomes a new object of the class registered for its type, as scripts see it;
     /// all else, and a value of a type without a class, is returned as it is.
     mzComVariantC toScriptObject() const;

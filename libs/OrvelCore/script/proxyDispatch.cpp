@@ -82,7 +82,8 @@ bool fits(const proxyMemberDescS &member, const Call &call)
 {
     return (unsigned(member.kind) & call.flags) != 0 &&
            member.parameterCount == call.arguments.size() &&
-           std::strcmp(member.name, call.name.utf8()) == 0;
+           member.name[0] == call.name.utf8()[0] // most entries differ here
+           && std::strcmp(member.name, call.name.utf8()) == 0;
 }
 
 bool takesArguments(const proxyMemberDescS &member, const Call &call)
@@ -160,6 +161,7 @@ bool invoke(proxyObjectC &object, const Call &call, mzComVariantC &result,
         return refuse(mzExceptionTypeCast, object, call, exception);
     }
     result = answer.isUserValue() ? answer.toScriptObject() : std::move(answer);
+    exception = mzComPtrT<mzIException>();
     return true;
 }
 

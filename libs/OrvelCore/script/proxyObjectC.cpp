@@ -77,19 +77,6 @@ bool proxyObjectC::queryInterface(const mzIIDS &identifier, mzComPtrC &target)
     return known;
 }
 
-int proxyObjectC::addRef()
-{
-    return m_references.fetch_add(1, std::memory_order_relaxed) + 1;
-}
-
-int proxyObjectC::release()
-{
-    const int left = m_references.fetch_sub(1, std::memory_order_acq_rel) - 1;
-    if (left == 0)
-        delete this;
-    return left;
-}
-
 bool proxyObjectC::invokeByName(const mzComStringC &name, unsigned int flags,
                                 const mzComVariantArrayC &arguments, mzComVariantC &result,
                                 mzComPtrT<mzIException> &exception)

@@ -38,15 +38,21 @@ public:
 
     /// Knows "mzIUnknown" and the names and object identifiers of the object's class and its bases.
     bool queryInterface(const mzIIDS &identifier, mzComPtrC &target) override;
-    int addRef() override;
-    int release() override;
+    int addRef() override { return m_references.fetch_add(1, std::memory_order_relaxed) + 1; }
+    int release() override
+    {
+        const int left = m_references.fetch_sub(1, std::memory_order_acq_rel) - 1;
+        if (left == 0)
+            delete this;
+        return left;
+    }
 
     /// Calls the member `name` of a kind in `flags` that has as many parameters as there are
     /// `arguments`. It is looked for in the class's table, then in those of the bases; of several
     /// the first one whose parameters can take the arguments is called. On success `result` holds
-    /// what the member gave, an object for a value that has a class of its own, and the return
-    /// value is true. Otherwise `exception` tells why, `result` is as it was, and the return value
-    /// is false. Other C++ exceptions of a handler pass through.
+    /// what the member gave, an object for a value that has a class of its own, `exception` is
+    /// null and the return value is true. Otherwise `exception` tells why, `result` is as it was,
+    /// and the return value is false. Other C++ exceptions of a handler pass through.
     virtual bool invokeByName(const mzComStringC &name, unsigned int flags,
                               const mzComVariantArrayC &arguments, mzComVariantC &result,
                               mzComPtrT<mzIException> &exception);

@@ -1,0 +1,114 @@
+#include "QtPeer.h"
+
+#include <OrvelMath/proxymath/proxymath.h>
+
+#include <benchmark/benchmark.h>
+
+// Calls by name, beside Qt's way to call a method by its name. The caller keeps the name of the
+// member, as an interpreter does; the benchmarks with FreshName build it anew for each call.
+namespace {
+
+using Vector3 = vectorC3d<double>;
+
+void getX(benchmark::State &state)
+{
+    const mzComPtrT<prxVector3dC> vector(new prxVector3dC(Vector3(1, 2, 3)));
+    const mzComStringC name("x");
+    const mzComVariantArrayC arguments;
+    mzComVariantC result;
+    mzComPtrT<mzIException> exception;
+    for (auto _ : state) {
+        vector->invokeByName(name, proxyPropertyRead, arguments, result, exception);
+        benchmark::DoNotOptimize(result.toDouble());
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(getX)->Name("get/invokeByName");
+
+void getXFreshName(benchmark::State &state)
+{
+    const mzComPtrT<prxVector3dC> vector(new prxVector3dC(Vector3(1, 2, 3)));
+    mzComVariantC result;
+    mzComPtrT<mzIException> exception;
+    for (auto _ : state) {
+        vector->invokeByName("x", proxyPropertyRead, {}, result, exception);
+        benchmark::DoNotOptimize(result.toDouble());
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(getXFreshName)->Name("get/invokeByNameFreshName");
+
+void qtGetX(benchmark::State &state)
+{
+    QtVector vector(Vector3(1, 2, 3));
+    double result = 0.0;
+    for (auto _ : state) {
+        QMetaObject::invokeMethod(&vector, "x", Qt::DirectConnection, Q_RETURN_ARG(double, result));
+        benchmark::DoNotOptimize(result);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(qtGetX)->Name("get/QMetaObject");
+
+void cross(benchmark::State &state)
+{
+    const mzComPtrT<prxVector3dC> vector(new prxVector3dC(Vector3(1, 2, 3)));
+    const mzComPtrT<mzIUnknown> other(new prxVector3dC(Vector3(4, 5, 6)));
+    const mzComStringC name("cross");
+    const mzComVariantArrayC arguments = {mzComVariantC(other)};
+    mzComVariantC result;
+    mzComPtrT<mzIException> exception;
+    for (auto _ : state) {
+        vector->invokeByName(name, proxyMethod, arguments, result, exception);
+        benchmark::DoNotOptimize(result);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(cross)->Name("cross/invokeByName");
+
+void crossFreshName(benchmark::State &state)
+{
+    const mzComPtrT<prxVector3dC> vector(new prxVector3dC(Vector3(1, 2, 3)));
+    const mzComPtrT<mzIUnknown> other(new prxVector3dC(Vector3(4, 5, 6)));
+    mzComVariantC result;
+    mzComPtrT<mzIException> exception;
+    for (auto _ : state) {
+        vector->invokeByName("cross", proxyMethod, {mzComVariantC(other)}, result, exception);
+        benchmark::DoNotOptimize(result);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(crossFreshName)->Name("cross/invokeByNameFreshName");
+
+void qtCross(benchmark::State &state)
+{
+    QtVector vector(Vector3(1, 2, 3));
+    QtVector other(Vector3(4, 5, 6));
+    QObject *result = nullptr;
+    for (auto _ : state) {
+        QMetaObject::invokeMethod(&vector, "cross", Qt::DirectConnection,
+                                  Q_RETURN_ARG(QObject *, result), Q_ARG(QObject *, &other));
+        benchmark::DoNotOptimize(result);
+        delete result;
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(qtCross)->Name("cross/QMetaObject");
+
+void qtCrossValue(benchmark::State &state)
+{
+    qRegisterMetaType<Vector3>("vectorC3d<double>");
+    QtVector vector(Vector3(1, 2, 3));
+    const Vector3 other(4, 5, 6);
+    Vector3 result;
+    for (auto _ : state) {
+        QMetaObject::invokeMethod(&vector, "crossValue", Qt::DirectConnection,
+                                  Q_RETURN_ARG(vectorC3d<double>, result),
+                                  Q_ARG(vectorC3d<double>, other));
+        benchmark::DoNotOptimize(result);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(qtCrossValue)->Name("cross/QMetaObjectBareValue");
+
+} // namespace
