@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+
+#include <memory>
+
+struct mrb_state;
+struct mrbc_context;
+
+/// A Ruby interpreter that knows the script classes of the process.
+///
+/// Scripts find the module `Orvel`:
+///
+/// | Script | Gives |
+/// |---|---|
+/// | `Orvel.factory` | a new "linquet.mathfactory" |
+/// | `Orvel.create("linquet.vector3d")` | a new object of a class, nil for an unknown one |
+/// | `Orvel::Error` | raised when a call is refused; the message names class, member and arguments
+/// |
+///
+/// On an object every name is a member: `v.len` and `v.x` call or read, `v.x(5)` calls, `v.x = 5`
+/// writes, `v.(1, 2, 3)` calls the object itself, its default member. A member that gives back its
+/// receiver gives the same Ruby object, so that calls chain.
+class Interpreter
+{
+public:
+    /// What came of a piece of script.
+    struct Outcome
+    {
+        bool ok = false;
+        QByteArray text; ///< the value as `inspect` shows it, or the error
+    };
+
+    Interpreter();
+    ~Interpreter();
+    Interpreter(const Interpreter &) = delete;
+    Interpreter &operator=(const Interpreter &) = delete;
+
+    /// Runs `script`. Its variables stay for the next one. `fileName` and `line` say where its
+    /// first line stands.
+    Outcome run(const QByteArray &script, const QByteArray &fileName, int line = 1);
+
+private:
+    mrb_state *m_mrb;
+    mrbc_context *m_context;
+};

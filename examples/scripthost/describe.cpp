@@ -1,0 +1,46 @@
+#include "describe.h"
+
+#include <QtCore/QLocale>
+
+#include <cmath>
+
+namespace {
+
+/// Values a line of text: a matrix has one for each axis.
+int valuesPerGroup(int count)
+{
+    const int side = int(std::lround(std::sqrt(double(count))));
+    return side * side == count ? side : count;
+}
+
+QByteArray joined(mzComDataStreamC &stream)
+{
+    const int count = stream.data().size() / int(sizeof(double));
+    const int group = valuesPerGroup(count);
+    QByteArray text;
+    for (int i = 0; i < count; ++i) {
+        double value = 0.0;
+        stream >> value;
+        if (i > 0)
+            text += i % group == 0 ? "; " : ", ";
+        text += QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
+    }
+    return text;
+}
+
+} // namespace
+
+QByteArray describe(const mzComPtrT<mzIUnknown> &object)
+{
+    mzComPtrT<proxyObjectC> proxy;
+    if (!object->queryInterface(proxyObjectC::IID(), proxy))
+        return "object";
+    const proxyMemberDescListS *list = proxy->getProxyTypeInfo();
+    const QByteArray identifier =
+        list->objectIdentifier != nullptr ? list->objectIdentifier : list->name;
+    const QByteArray name = identifier.mid(identifier.lastIndexOf('.') + 1);
+    mzComDataStreamC stream;
+    if (!mzComVariantC(object).toSkalarValue().writeUserData(stream))
+        return name;
+    return name + "(" + joined(stream) + ")";
+}

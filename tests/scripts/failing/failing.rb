@@ -1,0 +1,2 @@
+v = Orvel.factory.createvec3d
+v.missing
