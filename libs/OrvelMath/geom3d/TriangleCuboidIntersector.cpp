@@ -1,35 +1,12 @@
 #include <OrvelMath/geom3d/TriangleCuboidIntersector.h>
 
-#include <cmath>
+#include <OrvelMath/geom3d/PairLanes_p.h>
 
 namespace MatUtil {
 
 namespace {
 
 using Vector = vectorC3d<double>;
-
-// Sets of coordinate axes, used to select the tests of a path at compile time.
-constexpr unsigned X = 1;
-constexpr unsigned Y = 2;
-constexpr unsigned Z = 4;
-
-template <unsigned Axes, typename Predicate>
-inline bool allOf(Predicate holds)
-{
-    if constexpr ((Axes & X) != 0) {
-        if (!holds(0))
-            return false;
-    }
-    if constexpr ((Axes & Y) != 0) {
-        if (!holds(1))
-            return false;
-    }
-    if constexpr ((Axes & Z) != 0) {
-        if (!holds(2))
-            return false;
-    }
-    return true;
-}
 
 // The smaller (larger) of two; a NaN in the second is passed over.
 inline double smaller(double a, double b)
@@ -54,82 +31,122 @@ inline Vector componentMaximum(Vector const &a, Vector const &b, Vector const &c
                   larger(larger(a.z(), b.z()), c.z()));
 }
 
-// A cuboid as the tests see it: by its centre and its half extents.
-struct CentredBox
+// A vector in lanes, seen from the coordinate S: the two other coordinates side by side, and S in
+// both lanes. The cross products of the two other axes with an edge pair each of them with S.
+template <int S>
+struct Lanes
 {
-    CentredBox(Vector const &minCorner, Vector const &maxCorner)
-        : centre((minCorner + maxCorner) * 0.5)
-        , half((maxCorner - minCorner) * 0.5)
+    static constexpr int first = S == 0 ? 1 : 0;
+    static constexpr int second = S == 2 ? 1 : 2;
+
+    explicit Lanes(Vector const &v)
+        : split{v[S], v[S]}
+        , others{v[first], v[second]}
+    {
+    }
+    Lanes(Pair splitLanes, Pair otherLanes)
+        : split(splitLanes)
+        , others(otherLanes)
+    {
+    }
+    Lanes operator+(Lanes const &o) const { return {split + o.split, others + o.others}; }
+    Lanes operator-(Lanes const &o) const { return {split - o.split, others - o.others}; }
+    Lanes halved() const { return {split * 0.5, others * 0.5}; }
+
+    Pair split;
+    Pair others;
+};
+
+// A lane is true where the projections on (axis x e) come within the box's, [-radius, radius].
+// Both ends of the edge e have the same projection, so `end`, one of them, and `apex`, the opposite
+// vertex, span the triangle's interval; its sign is free, since the box's is symmetric. A NaN in
+// the radius or in either projection makes a comparison fail, and so separates.
+template <int S>
+inline PairMask edgeAxesMeet(Lanes<S> const &e, Lanes<S> const &end, Lanes<S> const &apex,
+                             Lanes<S> const &half)
+{
+    const Pair p = e.others * end.split - e.split * end.others;
+    const Pair q = e.others * apex.split - e.split * apex.others;
+    const Pair radius = magnitude(e.others) * half.split + magnitude(e.split) * half.others;
+    const Pair lo = lesserOr(p, q);
+    const Pair hi = greaterOr(q, p);
+    return (radius >= lo) & (hi >= -radius);
+}
+
+// The plane with normal n through the vertex v misses the box. The sums are the product of n with
+// the box's corner that lies lowest along n, seen from v, and that with the highest, negated:
+// either separates if it is above 0. A NaN does not separate.
+template <int S>
+inline bool planeSeparates(Lanes<S> const &n, Lanes<S> const &v, Lanes<S> const &half)
+{
+    const Pair zero{0.0, 0.0};
+    const Pair cornerSplit = negatedWhere(n.split > zero, half.split);
+    const Pair cornerOthers = negatedWhere(n.others > zero, half.others);
+    const Pair vSplit = negatedWhere(PairMask{0, -1}, v.split);
+    const Pair lowestOthers = n.others * (cornerOthers - v.others);
+    const Pair highestOthers = n.others * (cornerOthers + v.others);
+    const Pair split = n.split * (cornerSplit - vSplit);
+    const Pair first{lowestOthers[0], highestOthers[0]};
+    const Pair second{lowestOthers[1], highestOthers[1]};
+    // Summed in the order x, y, z.
+    const Pair sum = S == 0   ? split + first + second
+                     : S == 1 ? first + split + second
+                              : first + second + split;
+    return answerBits(sum > zero) != 0;
+}
+
+// A triangle beside a box, both relative to the box's centre.
+template <int S>
+struct CentredScene
+{
+    CentredScene(Vector const &p0, Vector const &p1, Vector const &p2, Vector const &minCorner,
+                 Vector const &maxCorner)
+        : CentredScene(p0, p1, p2, Lanes<S>(minCorner), Lanes<S>(maxCorner))
+    {
+    }
+    CentredScene(Vector const &p0, Vector const &p1, Vector const &p2, Lanes<S> const &lo,
+                 Lanes<S> const &hi)
+        : half((hi - lo).halved())
+        , v0(Lanes<S>(p0) - (lo + hi).halved())
+        , v1(Lanes<S>(p1) - (lo + hi).halved())
+        , v2(Lanes<S>(p2) - (lo + hi).halved())
     {
     }
 
-    Vector centre;
-    Vector half;
+    // No cross product of an edge with a coordinate axis other than S separates. The six answers
+    // are gathered before they are asked: which of the axes separates cannot be foreseen, and a
+    // wrong guess costs the processor more than the arithmetic.
+    bool edgeAxesMeet(Vector const &e0, Vector const &e1, Vector const &e2) const
+    {
+        return answerBits(MatUtil::edgeAxesMeet(Lanes<S>(e2), v0, v2, half) &
+                          MatUtil::edgeAxesMeet(Lanes<S>(e0), v1, v0, half) &
+                          MatUtil::edgeAxesMeet(Lanes<S>(e1), v2, v1, half)) == 3;
+    }
+    bool planeSeparates(Vector const &normal) const
+    {
+        return MatUtil::planeSeparates(Lanes<S>(normal), v0, half);
+    }
+
+    Lanes<S> half;
+    Lanes<S> v0, v1, v2;
 };
-
-// Two projections against the box's interval [-radius, radius]. Positive comparisons: a NaN in
-// the radius or in either projection makes one of them fail, and so separates.
-inline bool intervalsMeet(double first, double second, double radius)
-{
-    const double lo = first > second ? second : first;
-    const double hi = first > second ? first : second;
-    return radius >= lo && hi >= -radius;
-}
-
-// The axes crossed with the edge e. Both ends of the edge project onto the same value, so `end`,
-// one of them, and `apex`, the opposite vertex, span the triangle's interval.
-template <unsigned CrossAxes>
-inline bool edgeAxesMeet(Vector const &e, Vector const &end, Vector const &apex, Vector const &h)
-{
-    if constexpr ((CrossAxes & X) != 0) {
-        if (!intervalsMeet(e.z() * end.y() - e.y() * end.z(), e.z() * apex.y() - e.y() * apex.z(),
-                           std::fabs(e.y()) * h.z() + std::fabs(e.z()) * h.y()))
-            return false;
-    }
-    if constexpr ((CrossAxes & Y) != 0) {
-        if (!intervalsMeet(e.x() * end.z() - e.z() * end.x(), e.x() * apex.z() - e.z() * apex.x(),
-                           std::fabs(e.x()) * h.z() + std::fabs(e.z()) * h.x()))
-            return false;
-    }
-    if constexpr ((CrossAxes & Z) != 0) {
-        if (!intervalsMeet(e.y() * end.x() - e.x() * end.y(), e.y() * apex.x() - e.x() * apex.y(),
-                           std::fabs(e.x()) * h.y() + std::fabs(e.y()) * h.x()))
-            return false;
-    }
-    return true;
-}
-
-// Tells whether the plane with normal n through v, a point relative to the box's centre, misses
-// the box. A NaN does not separate here.
-inline bool planeSeparates(Vector const &n, Vector const &v, Vector const &h)
-{
-    Vector lowest;
-    Vector highest;
-    for (int q = 0; q < 3; ++q) {
-        const double negative = -h[q] - v[q];
-        const double positive = h[q] - v[q];
-        lowest[q] = n[q] > 0.0 ? negative : positive;
-        highest[q] = n[q] > 0.0 ? positive : negative;
-    }
-    return n.dot(lowest) > 0.0 || 0.0 > n.dot(highest);
-}
 
 } // namespace
 
 bool triangleIntersectsCuboid(Vector const &a, Vector const &b, Vector const &c,
                               Vector const &minCorner, Vector const &maxCorner)
 {
-    const CentredBox box(minCorner, maxCorner);
-    const Vector &h = box.half;
-    const Vector va = a - box.centre;
-    const Vector vb = b - box.centre;
-    const Vector vc = c - box.centre;
+    const Vector centre = (minCorner + maxCorner) * 0.5;
+    const Vector h = (maxCorner - minCorner) * 0.5;
+    const Vector va = a - centre;
+    const Vector vb = b - centre;
+    const Vector vc = c - centre;
     const Vector ab = vb - va;
     const Vector bc = vc - vb;
     const Vector ca = va - vc;
-
-    if (!edgeAxesMeet<X | Y | Z>(ab, va, vc, h) || !edgeAxesMeet<X | Y | Z>(bc, vb, va, h) ||
-        !edgeAxesMeet<X | Y | Z>(ca, vc, vb, h))
+    const CentredScene<0> seenFromX(a, b, c, minCorner, maxCorner);
+    const CentredScene<1> seenFromY(a, b, c, minCorner, maxCorner);
+    if (!seenFromX.edgeAxesMeet(bc, ca, ab) || !seenFromY.edgeAxesMeet(bc, ca, ab))
         return false;
     for (int q = 0; q < 3; ++q) {
         if (va[q] > h[q] && vb[q] > h[q] && vc[q] > h[q])
@@ -137,7 +154,7 @@ bool triangleIntersectsCuboid(Vector const &a, Vector const &b, Vector const &c,
         if (va[q] < -h[q] && vb[q] < -h[q] && vc[q] < -h[q])
             return false;
     }
-    return !planeSeparates(bc.cross(ca), va, h);
+    return !seenFromX.planeSeparates(bc.cross(ca));
 }
 
 TriangleCuboidIntersector::TriangleCuboidIntersector(Vector const &a, Vector const &b,
@@ -161,31 +178,57 @@ TriangleCuboidIntersector::operator=(TriangleCuboidIntersector const &other) = d
 TriangleCuboidIntersector &
 TriangleCuboidIntersector::operator=(TriangleCuboidIntersector &&other) = default;
 
-// CentroidAxes: coordinates that can push the centroid out of the cuboid. ChangedAxes: coordinates
-// in which the cuboid differs from its parent. CrossAxes: axes whose products with the edges can
-// separate although they did not separate the parent. Cheap tests come first.
-template <unsigned CentroidAxes, unsigned ChangedAxes, unsigned CrossAxes>
-inline TriangleCuboidIntersectionType TriangleCuboidIntersector::test(Vector const &minCorner,
-                                                                      Vector const &maxCorner) const
+// The centroid lies in the closed span of coordinate q.
+inline bool TriangleCuboidIntersector::centroidWithin(Vector const &minCorner,
+                                                      Vector const &maxCorner, int q) const
 {
-    if (allOf<CentroidAxes>(
-            [&](int q) { return maxCorner[q] >= centroid[q] && centroid[q] >= minCorner[q]; }))
+    return maxCorner[q] >= centroid[q] && centroid[q] >= minCorner[q];
+}
+
+inline bool TriangleCuboidIntersector::rangesApart(Vector const &minCorner, Vector const &maxCorner,
+                                                   int q) const
+{
+    return minimum[q] > maxCorner[q] || minCorner[q] > maximum[q];
+}
+
+// One half of a box split along Axis. Within the two other coordinates it is its parent, so these
+// can neither push out a centroid that the parent held nor part the ranges; and the products of
+// Axis with the edges see only them. Cheap tests come first.
+template <int Axis, bool ParentHoldsCentroid>
+inline TriangleCuboidIntersectionType
+TriangleCuboidIntersector::testHalf(Vector const &minCorner, Vector const &maxCorner) const
+{
+    constexpr int A = (Axis + 1) % 3;
+    constexpr int B = (Axis + 2) % 3;
+    bool within = centroidWithin(minCorner, maxCorner, Axis);
+    if constexpr (!ParentHoldsCentroid)
+        within = within && centroidWithin(minCorner, maxCorner, A) &&
+                 centroidWithin(minCorner, maxCorner, B);
+    if (within)
         return TriangleCuboidContainsCentroid;
-
-    if (!allOf<ChangedAxes>(
-            [&](int q) { return !(minimum[q] > maxCorner[q] || minCorner[q] > maximum[q]); }))
+    if (rangesApart(minCorner, maxCorner, Axis))
         return TriangleCuboidDisjoint;
+    const CentredScene<Axis> scene(p0, p1, p2, minCorner, maxCorner);
+    const bool meets = scene.edgeAxesMeet(e0, e1, e2) & !scene.planeSeparates(normal);
+    return meets ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
+}
 
-    const CentredBox box(minCorner, maxCorner);
-    const Vector v0 = p0 - box.centre;
-    const Vector v1 = p1 - box.centre;
-    const Vector v2 = p2 - box.centre;
-    if (!edgeAxesMeet<CrossAxes>(e2, v0, v2, box.half) ||
-        !edgeAxesMeet<CrossAxes>(e0, v1, v0, box.half) ||
-        !edgeAxesMeet<CrossAxes>(e1, v2, v1, box.half))
-        return TriangleCuboidDisjoint;
-
-    return planeSeparates(normal, v0, box.half) ? TriangleCuboidDisjoint : TriangleCuboidOverlap;
+inline TriangleCuboidIntersectionType
+TriangleCuboidIntersector::testAll(Vector const &minCorner, Vector const &maxCorner) const
+{
+    bool within = true;
+    bool apart = false;
+    for (int q = 0; q < 3; ++q) {
+        within = within & centroidWithin(minCorner, maxCorner, q);
+        apart = apart | rangesApart(minCorner, maxCorner, q);
+    }
+    if (within | apart)
+        return within ? TriangleCuboidContainsCentroid : TriangleCuboidDisjoint;
+    const CentredScene<0> seenFromX(p0, p1, p2, minCorner, maxCorner);
+    const CentredScene<1> seenFromY(p0, p1, p2, minCorner, maxCorner);
+    const bool meets = seenFromX.edgeAxesMeet(e0, e1, e2) && seenFromY.edgeAxesMeet(e0, e1, e2) &&
+                       !seenFromX.planeSeparates(normal);
+    return meets ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
 }
 
 TriangleCuboidIntersectionType
@@ -195,16 +238,16 @@ TriangleCuboidIntersector::intersect(Vector const &minCorner, Vector const &maxC
     const bool parentHoldsCentroid = parentType == TriangleCuboidContainsCentroid;
     switch (splitAxis) {
     case 0:
-        return parentHoldsCentroid ? test<X, X, Y | Z>(minCorner, maxCorner)
-                                   : test<X | Y | Z, X, Y | Z>(minCorner, maxCorner);
+        return parentHoldsCentroid ? testHalf<0, true>(minCorner, maxCorner)
+                                   : testHalf<0, false>(minCorner, maxCorner);
     case 1:
-        return parentHoldsCentroid ? test<Y, Y, X | Z>(minCorner, maxCorner)
-                                   : test<X | Y | Z, Y, X | Z>(minCorner, maxCorner);
+        return parentHoldsCentroid ? testHalf<1, true>(minCorner, maxCorner)
+                                   : testHalf<1, false>(minCorner, maxCorner);
     case 2:
-        return parentHoldsCentroid ? test<Z, Z, X | Y>(minCorner, maxCorner)
-                                   : test<X | Y | Z, Z, X | Y>(minCorner, maxCorner);
+        return parentHoldsCentroid ? testHalf<2, true>(minCorner, maxCorner)
+                                   : testHalf<2, false>(minCorner, maxCorner);
     default:
-        return test<X | Y | Z, X | Y | Z, X | Y | Z>(minCorner, maxCorner);
+        return testAll(minCorner, maxCorner);
     }
 }
 

@@ -76,9 +76,15 @@ public:
                                              TriangleCuboidIntersectionType parentType) const;
 
 private:
-    template <unsigned CentroidAxes, unsigned ChangedAxes, unsigned CrossAxes>
-    TriangleCuboidIntersectionType test(vectorC3d<double> const &minCorner,
-                                        vectorC3d<double> const &maxCorner) const;
+    bool centroidWithin(vectorC3d<double> const &minCorner, vectorC3d<double> const &maxCorner,
+                        int q) const;
+    bool rangesApart(vectorC3d<double> const &minCorner, vectorC3d<double> const &maxCorner,
+                     int q) const;
+    template <int Axis, bool ParentHoldsCentroid>
+    TriangleCuboidIntersectionType testHalf(vectorC3d<double> const &minCorner,
+                                            vectorC3d<double> const &maxCorner) const;
+    TriangleCuboidIntersectionType testAll(vectorC3d<double> const &minCorner,
+                                           vectorC3d<double> const &maxCorner) const;
 
     vectorC3d<double> p0;
     vectorC3d<double> p1;

@@ -1,0 +1,177 @@
+// The test of a triangle against a cuboid: the calls that a tree makes while it takes in a mesh,
+// recorded once and run again through our tests and through CGAL's inexact one.
+
+#include "ClosedMeshes.h"
+
+#include <OrvelMath/geom3d/TriangleCuboidIntersector.h>
+
+#include <benchmark/benchmark.h>
+
+#ifdef ORVEL_HAVE_CGAL
+#include <CGAL/Bbox_3.h>
+#include <CGAL/Intersections_3/Bbox_3_Triangle_3.h>
+#include <CGAL/Simple_cartesian.h>
+#endif
+
+#include <cstdint>
+#include <vector>
+
+namespace {
+
+using meshes::Mesh;
+using meshes::Vector;
+
+struct Call
+{
+    std::size_t triangle;
+    Vector lo, hi;
+    int splitAxis;
+    MatUtil::TriangleCuboidIntersectionType parentType;
+};
+
+void record(std::vector<Call> &calls, MatUtil::TriangleCuboidIntersector const &intersector,
+            Call const &call, int axis, int levels)
+{
+    calls.push_back(call);
+    const auto type = intersector.intersect(call.lo, call.hi, call.splitAxis, call.parentType);
+    if (type == MatUtil::TriangleCuboidDisjoint || levels == 0)
+        return;
+    for (int side = 0; side < 2; ++side) {
+        Call child{call.triangle, call.lo, call.hi, axis, type};
+        const double m = (call.lo[axis] + call.hi[axis]) * 0.5;
+        (side == 0 ? child.hi : child.lo)[axis] = m;
+        record(calls, intersector, child, (axis + 1) % 3, levels - 1);
+    }
+}
+
+// The calls for a torus of 4 segments^2 triangles in a tree of the depth given. Triangles from all
+// over the torus are taken until the calls fill the cache: it is the tests that are measured, and
+// not the way of the recorded calls from memory.
+struct Descent
+{
+    Descent(std::size_t segments, int depth)
+        : mesh(meshes::torus(Vector(0.5, 0.5, 0.5), 0.3, 0.12, segments))
+    {
+        const std::size_t count = mesh.triangles.size();
+        for (std::size_t i = 0; i < count && calls.size() < 16000; ++i) {
+            const std::size_t t = i * 389 % count; // prime, and no divisor of the count
+            const MatUtil::TriangleCuboidIntersector intersector(
+                mesh.corner(t, 0), mesh.corner(t, 1), mesh.corner(t, 2));
+            record(calls, intersector,
+                   Call{t, Vector(0, 0, 0), Vector(1, 1, 1), 3, MatUtil::TriangleCuboidDisjoint}, 0,
+                   depth);
+        }
+    }
+
+    Mesh mesh;
+    std::vector<Call> calls;
+};
+
+void finish(benchmark::State &state, Descent const &descent)
+{
+    state.SetItemsProcessed(std::int64_t(descent.calls.size()) * state.iterations());
+    state.counters["calls"] = double(descent.calls.size());
+}
+
+// As the tree asks: the triangle prepared once, the axes reduced.
+void intersectorInDescent(benchmark::State &state)
+{
+    const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
+    for (auto _ : state) {
+        int sum = 0;
+        std::size_t current = descent.mesh.triangles.size();
+        MatUtil::TriangleCuboidIntersector intersector{Vector(), Vector(), Vector()};
+        for (Call const &c : descent.calls) {
+            if (c.triangle != current) {
+                current = c.triangle;
+                intersector = MatUtil::TriangleCuboidIntersector(descent.mesh.corner(current, 0),
+                                                                 descent.mesh.corner(current, 1),
+                                                                 descent.mesh.corner(current, 2));
+            }
+            sum += intersector.intersect(c.lo, c.hi, c.splitAxis, c.parentType);
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    finish(state, descent);
+}
+
+void intersectorFullTest(benchmark::State &state)
+{
+    const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
+    for (auto _ : state) {
+        int sum = 0;
+        std::size_t current = descent.mesh.triangles.size();
+        MatUtil::TriangleCuboidIntersector intersector{Vector(), Vector(), Vector()};
+        for (Call const &c : descent.calls) {
+            if (c.triangle != current) {
+                current = c.triangle;
+                intersector = MatUtil::TriangleCuboidIntersector(descent.mesh.corner(current, 0),
+                                                                 descent.mesh.corner(current, 1),
+                                                                 descent.mesh.corner(current, 2));
+            }
+            sum += intersector.intersect(c.lo, c.hi, 3, c.parentType);
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    finish(state, descent);
+}
+
+void singleQuestion(benchmark::State &state)
+{
+    const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
+    for (auto _ : state) {
+        int sum = 0;
+        for (Call const &c : descent.calls)
+            sum += MatUtil::triangleIntersectsCuboid(
+                descent.mesh.corner(c.triangle, 0), descent.mesh.corner(c.triangle, 1),
+                descent.mesh.corner(c.triangle, 2), c.lo, c.hi);
+        benchmark::DoNotOptimize(sum);
+    }
+    finish(state, descent);
+}
+
+void sizes(benchmark::internal::Benchmark *b)
+{
+    // Segments of the torus (4 segments^2 triangles) and depth of the tree.
+    b->ArgNames({"segments", "depth"});
+    for (int segments : {16, 50, 160})
+        for (int depth : {12, 18, 24})
+            b->Args({segments, depth});
+    b->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK(intersectorInDescent)->Apply(sizes);
+BENCHMARK(intersectorFullTest)->Apply(sizes);
+BENCHMARK(singleQuestion)->Apply(sizes);
+
+#ifdef ORVEL_HAVE_CGAL
+
+void cgalBoxTriangle(benchmark::State &state)
+{
+    using Kernel = CGAL::Simple_cartesian<double>;
+    const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
+    std::vector<Kernel::Triangle_3> triangles;
+    for (std::size_t t = 0; t < descent.mesh.triangles.size(); ++t) {
+        const auto point = [&](std::size_t i) {
+            Vector const &v = descent.mesh.corner(t, i);
+            return Kernel::Point_3(v.x(), v.y(), v.z());
+        };
+        triangles.emplace_back(point(0), point(1), point(2));
+    }
+    std::vector<CGAL::Bbox_3> boxes;
+    for (Call const &c : descent.calls)
+        boxes.emplace_back(c.lo.x(), c.lo.y(), c.lo.z(), c.hi.x(), c.hi.y(), c.hi.z());
+    for (auto _ : state) {
+        int sum = 0;
+        for (std::size_t i = 0; i < boxes.size(); ++i)
+            sum += CGAL::do_intersect(boxes[i], triangles[descent.calls[i].triangle]);
+        benchmark::DoNotOptimize(sum);
+    }
+    finish(state, descent);
+}
+
+BENCHMARK(cgalBoxTriangle)->Apply(sizes);
+
+#endif
+
+} // namespace
