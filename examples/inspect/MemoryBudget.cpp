@@ -7,7 +7,7 @@
 namespace {
 
 // Sets the soft limit and returns the former one.
-rlim_t setAddressSpace(rlim_t bytes)
+rlim_t setAddressSpace([[maybe_unused]] rlim_t bytes)
 {
     rlimit limit{};
     getrlimit(RLIMIT_AS, &limit);
