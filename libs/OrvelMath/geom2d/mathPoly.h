@@ -135,7 +135,7 @@ ORVELMATH_EXPORT TMat unitToEllipse(Ellipse const &e);
 ORVELMATH_EXPORT Conic transformCentred(Conic const &conic, TMat const &m);
 
 /// The ellipse about the origin whose conic is A x² + 2 B x y + C y² = 1: centre (0, 0), a not
-/// below b, angle in radians. A circle (A = C, B = 0) has no direction and gives the angle NaN.
+/// below b, angle in radians. A circle (A = C, B = 0) has no direction: axes and angle are NaN.
 ORVELMATH_EXPORT Ellipse ellipseOfCentred(Conic const &conic);
 
 /// The image of an ellipse under an affine map. A map that makes it a circle leaves the axes and

@@ -81,10 +81,10 @@ Lines singleLine(Conic const &q)
 
 /// A member whose square part has rank one. The linear coefficients go into the quadratic as the
 /// conic holds them, halved: callers rely on the outcome as it is.
-Lines parallelLines(Conic const &q, double turn)
+Lines parallelLines(Conic const &q, Turn turn)
 {
     TMat toAxes;
-    toAxes.rotate(-turn);
+    rotate(toAxes, turn.back());
     Conic const own = transformed(q, toAxes);
     Lines lines;
     double roots[2];
@@ -102,7 +102,7 @@ Lines parallelLines(Conic const &q, double turn)
         }
     }
     TMat back;
-    back.rotate(turn);
+    rotate(back, turn);
     for (int i = 0; i < lines.count; ++i) {
         applyToEnds(back, lines.line[i]);
     }
@@ -110,13 +110,13 @@ Lines parallelLines(Conic const &q, double turn)
 }
 
 /// A member that is a pair of lines through one point; g = B² - A C is not zero.
-Lines crossingLines(Conic const &q, double turn, double g)
+Lines crossingLines(Conic const &q, Turn turn, double g)
 {
     double const x0 = (q.C * q.D - q.B * q.E) / g;
     double const y0 = (q.A * q.E - q.B * q.D) / g;
     TMat toAxes;
     toAxes.translate(-x0, -y0);
-    toAxes.rotate(-turn);
+    rotate(toAxes, turn.back());
     Conic const own = transformed(q, toAxes);
     double const sa = std::sqrt(std::abs(1.0 / own.A));
     double const sb = std::sqrt(std::abs(1.0 / own.C));
@@ -124,7 +124,7 @@ Lines crossingLines(Conic const &q, double turn, double g)
     double const X = sa / larger;
     double const Y = sb / larger;
     TMat back;
-    back.rotate(turn);
+    rotate(back, turn);
     back.translate(x0, y0);
     Lines lines;
     lines.count = 2;
@@ -140,7 +140,7 @@ Lines linesOfMember(Conic const &q)
     if (isZero(q.A) && isZero(q.B) && isZero(q.C)) {
         return singleLine(q);
     }
-    double const turn = axisAngle(q.A, q.B, q.C);
+    Turn const turn = turnBy(axisAngle(q.A, q.B, q.C));
     double const g = q.B * q.B - q.A * q.C;
     return isZero(g) ? parallelLines(q, turn) : crossingLines(q, turn, g);
 }
@@ -167,11 +167,9 @@ int cutWithUnitCircle(Line const &line, Point (&points)[2])
 }
 
 /// Inverse of ellipseToUnit.
-TMat unitToPlane(Ellipse const &e)
+TMat unitToPlane(Ellipse const &e, Turn turn)
 {
-    double const c = std::cos(e.angle);
-    double const s = std::sin(e.angle);
-    return {e.a * c, e.a * s, -(e.b * s), e.b * c, e.cx, e.cy};
+    return {e.a * turn.c, e.a * turn.s, -(e.b * turn.s), e.b * turn.c, e.cx, e.cy};
 }
 
 /// Whether p lies on the ellipse whose unit map is given. The bounds on u and v are a cheap early
@@ -186,11 +184,13 @@ bool onEllipse(Point p, TMat const &toUnit)
 
 int crossingCandidates(Ellipse const &e1, Ellipse const &e2, Point (&candidates)[kMaxCandidates])
 {
-    Conic const q1(e1);
-    Conic const q2(e2);
-    TMat const toUnit1 = ellipseToUnit(e1);
-    TMat const toUnit2 = ellipseToUnit(e2);
-    TMat const toPlane1 = unitToPlane(e1);
+    Turn const turn1 = turnBy(e1.angle);
+    Turn const turn2 = turnBy(e2.angle);
+    Conic const q1 = conicOf(e1, turn1);
+    Conic const q2 = conicOf(e2, turn2);
+    TMat const toUnit1 = ellipseToUnit(e1, turn1);
+    TMat const toUnit2 = ellipseToUnit(e2, turn2);
+    TMat const toPlane1 = unitToPlane(e1, turn1);
     double cubic[4];
     pencilCubic(q1, q2, cubic);
     double lambda[3];

@@ -25,6 +25,20 @@ double reducedDegrees(double angle)
     return angle;
 }
 
+Conic centredConic(Ellipse const &e, Turn turn)
+{
+    double const c = turn.c;
+    double const s = turn.s;
+    double const aa = e.a * e.a;
+    double const bb = e.b * e.b;
+    return {c * c / aa + s * s / bb,
+            (bb - aa) * (2.0 * s * c) / (2.0 * aa * bb),
+            c * c / bb + s * s / aa,
+            0.0,
+            0.0,
+            -1.0};
+}
+
 TMat inverse(TMat const &m)
 {
     double const det = m.m00 * m.m11 - m.m01 * m.m10;
@@ -69,33 +83,30 @@ Conic::Conic(double a, double b, double c, double d, double e, double f)
 }
 
 Conic::Conic(Ellipse const &e)
-    : Conic(centred(e))
+    : Conic(conicOf(e, turnBy(e.angle)))
 {
-    double const c = std::cos(e.angle);
-    double const s = std::sin(e.angle);
-    double const aa = e.a * e.a;
-    double const bb = e.b * e.b;
-    double const cx = e.cx;
-    double const cy = e.cy;
-    D = -cy * B - A * cx;
-    E = -cx * B - C * cy;
-    F = (1.0 / bb + 1.0 / aa) * (cx * cx + cy * cy) / 2.0 - 1.0 +
-        (cx * cx - cy * cy) * (c * c - s * s) * (1.0 / aa - 1.0 / bb) / 2.0 +
-        cx * cy * (1.0 / aa - 1.0 / bb) * 2.0 * s * c;
 }
 
 Conic Conic::centred(Ellipse const &e)
 {
-    double const c = std::cos(e.angle);
-    double const s = std::sin(e.angle);
+    return centredConic(e, turnBy(e.angle));
+}
+
+Conic conicOf(Ellipse const &e, Turn turn)
+{
+    Conic q = centredConic(e, turn);
+    double const c = turn.c;
+    double const s = turn.s;
     double const aa = e.a * e.a;
     double const bb = e.b * e.b;
-    return {c * c / aa + s * s / bb,
-            (bb - aa) * (2.0 * s * c) / (2.0 * aa * bb),
-            c * c / bb + s * s / aa,
-            0.0,
-            0.0,
-            -1.0};
+    double const cx = e.cx;
+    double const cy = e.cy;
+    q.D = -cy * q.B - q.A * cx;
+    q.E = -cx * q.B - q.C * cy;
+    q.F = (1.0 / bb + 1.0 / aa) * (cx * cx + cy * cy) / 2.0 - 1.0 +
+          (cx * cx - cy * cy) * (c * c - s * s) * (1.0 / aa - 1.0 / bb) / 2.0 +
+          cx * cy * (1.0 / aa - 1.0 / bb) * 2.0 * s * c;
+    return q;
 }
 
 void TMat::translate(double dx, double dy)
@@ -106,15 +117,7 @@ void TMat::translate(double dx, double dy)
 
 void TMat::rotate(double angle)
 {
-    double const c = std::cos(angle);
-    double const s = std::sin(angle);
-    TMat const old = *this;
-    m00 = c * old.m00 - s * old.m10;
-    m10 = s * old.m00 + c * old.m10;
-    m01 = c * old.m01 - s * old.m11;
-    m11 = s * old.m01 + c * old.m11;
-    tx = c * old.tx - s * old.ty;
-    ty = s * old.tx + c * old.ty;
+    mathPoly::rotate(*this, turnBy(angle));
 }
 
 void TMat::scale(double sx, double sy)
@@ -161,11 +164,11 @@ Conic transformed(Conic const &q, TMat const &m)
             l10 * i.tx + l11 * i.ty + l12, l20 * i.tx + l21 * i.ty + l22};
 }
 
-TMat ellipseToUnit(Ellipse const &e)
+TMat ellipseToUnit(Ellipse const &e, Turn turn)
 {
     TMat m;
     m.translate(-e.cx, -e.cy);
-    m.rotate(-e.angle);
+    rotate(m, turn.back());
     m.scale(1.0 / e.a, 1.0 / e.b);
     return m;
 }
