@@ -41,6 +41,21 @@ path, ellipse { fill: none; stroke-linejoin: round; stroke-linecap: round; }
 </style>
 )";
 
+/// Estimated width, in pixels, of the longest line of a caption.
+double widestLine(std::string const &caption)
+{
+    double const characterWidth = 6.2;
+    double widest = 0.0;
+    std::size_t begin = 0;
+    while (begin <= caption.size()) {
+        std::size_t const end = std::min(caption.find('\n', begin), caption.size());
+        std::size_t const count = characterCount(caption.substr(begin, end - begin));
+        widest = std::max(widest, characterWidth * static_cast<double>(count));
+        begin = end + 1;
+    }
+    return widest;
+}
+
 } // namespace
 
 char const *roleClass(Role role)
@@ -130,6 +145,9 @@ std::vector<std::string> SvgCanvas::labelFaults() const
         std::vector<LabelBox> boxes;
         panel->placeLabels(boxes);
         Panel::Frame const &frame = panel->m_frame;
+        if (widestLine(panel->m_caption) > frame.width + kGap) {
+            faults.push_back("the caption \"" + panel->m_caption + "\" is wider than its panel");
+        }
         for (std::size_t i = 0; i < boxes.size(); ++i) {
             LabelBox const &box = boxes[i];
             if (box.left < frame.left || box.right > frame.left + frame.width ||

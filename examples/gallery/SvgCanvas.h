@@ -172,8 +172,8 @@ public:
     void legend(Role role, std::string const &text);
 
     std::string svg() const;
-    /// Pairs of label texts of one panel that overlap although every side was tried, and labels
-    /// that stick out of their panel; empty for a good figure.
+    /// Labels of one panel that overlap although every side was tried, labels that stick out of
+    /// their panel, captions wider than it; empty for a good figure.
     std::vector<std::string> labelFaults() const;
 
 private:

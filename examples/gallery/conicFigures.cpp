@@ -163,7 +163,7 @@ void drawBezier(SvgCanvas &canvas)
         Point2D p[4];
         double tol;
     } const cases[] = {
-        {"two arcs through B(0.2) and B(0.8), meeting in B(0.5)",
+        {"two arcs through B(0.2) and B(0.8),\nmeeting in B(0.5)",
          {Point2D(-3, -1.5), Point2D(-2, 2), Point2D(1.5, 2.6), Point2D(3, -0.5)},
          0.1},
         {"tol above the distance of B(0.5) from an end:\none arc",

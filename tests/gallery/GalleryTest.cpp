@@ -83,10 +83,10 @@ TEST(GalleryProgram, WritesEveryFigureAndNothingElse)
 {
     QTemporaryDir const temporary;
     QString const out = temporary.path() + QStringLiteral("/made/on/the/way");
-    QProcess gallery;
-    gallery.start(QStringLiteral(ORVEL_GALLERY), {QStringLiteral("--out"), out});
-    ASSERT_TRUE(gallery.waitForFinished(60000));
-    ASSERT_EQ(gallery.exitCode(), 0) << gallery.readAllStandardError().toStdString();
+    QProcess program;
+    program.start(QStringLiteral(ORVEL_GALLERY), {QStringLiteral("--out"), out});
+    ASSERT_TRUE(program.waitForFinished(60000));
+    ASSERT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
 
     std::vector<Figure> const figures = gallery::allFigures();
     EXPECT_EQ(QDir(out).entryList(QDir::Files).size(), static_cast<int>(figures.size()));
@@ -104,20 +104,20 @@ TEST(GalleryProgram, RefusesAFolderThatCannotBeMade)
     QFile file(blocker);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
-    QProcess gallery;
-    gallery.start(QStringLiteral(ORVEL_GALLERY),
+    QProcess program;
+    program.start(QStringLiteral(ORVEL_GALLERY),
                   {QStringLiteral("--out"), blocker + QStringLiteral("/below")});
-    ASSERT_TRUE(gallery.waitForFinished(60000));
-    EXPECT_NE(gallery.exitCode(), 0);
-    EXPECT_TRUE(gallery.readAllStandardError().contains("cannot make the folder"));
+    ASSERT_TRUE(program.waitForFinished(60000));
+    EXPECT_NE(program.exitCode(), 0);
+    EXPECT_TRUE(program.readAllStandardError().contains("cannot make the folder"));
 }
 
 TEST(GalleryProgram, AsksForItsFolder)
 {
-    QProcess gallery;
-    gallery.start(QStringLiteral(ORVEL_GALLERY), QStringList());
-    ASSERT_TRUE(gallery.waitForFinished(60000));
-    EXPECT_NE(gallery.exitCode(), 0);
+    QProcess program;
+    program.start(QStringLiteral(ORVEL_GALLERY), QStringList());
+    ASSERT_TRUE(program.waitForFinished(60000));
+    EXPECT_NE(program.exitCode(), 0);
 }
 
 TEST(SvgCanvas, RefusesCoordinatesThatAreNotFinite)
@@ -126,6 +126,16 @@ TEST(SvgCanvas, RefusesCoordinatesThatAreNotFinite)
     gallery::Panel &panel = canvas.panel("", {{0, 0}, {1, 1}});
     EXPECT_THROW(panel.line({0, 0}, {std::nan(""), 1}, Role::Given), std::runtime_error);
     EXPECT_THROW(panel.circle({0, 0}, HUGE_VAL, Role::Given), std::runtime_error);
+}
+
+TEST(Axonometric, LooksFromTheAzimuthAndTheElevation)
+{
+    gallery::Axonometric const front(0, 0); // from the positive x axis: y to the right, z up
+    EXPECT_NEAR(front(5.0, 1.0, 2.0).x, 1, 1e-15);
+    EXPECT_NEAR(front(5.0, 1.0, 2.0).y, 2, 1e-15);
+    EXPECT_NEAR(front.depth(5.0, 1.0, 2.0), 5, 1e-15);
+    gallery::Axonometric const top(0, 90);
+    EXPECT_NEAR(top.depth(5.0, 1.0, 2.0), 2, 1e-15);
 }
 
 TEST(SvgCanvas, EscapesTextAndKeepsTheNumbersShort)
@@ -137,6 +147,38 @@ TEST(SvgCanvas, EscapesTextAndKeepsTheNumbersShort)
     EXPECT_NE(svg.find("a &lt; b &amp; &quot;c&quot;"), std::string::npos);
     EXPECT_NE(svg.find("M16 136 L49.33 36"), std::string::npos);
     EXPECT_TRUE(contentOf(QByteArray::fromStdString(svg)).wellFormed);
+}
+
+TEST(SvgCanvas, LabelsLeaveTheirSideForAFreeOne)
+{
+    SvgCanvas canvas("pair");
+    canvas.layout(1, 200, 200);
+    gallery::Panel &panel = canvas.panel("", {{0, 0}, {1, 1}});
+    panel.point({0.5, 0.5}, Role::Given, "first", gallery::Side::N);
+    panel.point({0.5, 0.5}, Role::Given, "second", gallery::Side::N);
+    EXPECT_TRUE(canvas.labelFaults().empty());
+}
+
+TEST(SvgCanvas, CountsASolutionOnceWhateverItHolds)
+{
+    SvgCanvas canvas("marks");
+    gallery::Panel &panel = canvas.panel("", {{0, 0}, {1, 1}});
+    panel.solution([&panel] {
+        panel.line({0, 0}, {1, 1}, Role::Result);
+        panel.point({1, 1}, Role::Result, "end");
+    });
+    panel.solutionPoint({0.5, 0.2});
+    EXPECT_EQ(contentOf(QByteArray::fromStdString(canvas.svg())).solutions, 2);
+}
+
+TEST(SvgCanvas, NamesCaptionsWiderThanTheirPanel)
+{
+    SvgCanvas canvas("wide");
+    canvas.layout(1, 100, 100);
+    canvas.panel("two short lines\nfit below it", {{0, 0}, {1, 1}});
+    EXPECT_TRUE(canvas.labelFaults().empty());
+    canvas.panel("one line that is far too long for it", {{0, 0}, {1, 1}});
+    EXPECT_EQ(canvas.labelFaults().size(), 1U);
 }
 
 TEST(SvgCanvas, NamesLabelsThatFindNoRoom)
