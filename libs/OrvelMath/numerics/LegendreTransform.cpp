@@ -17,12 +17,6 @@ void multiplyRows8(const Rows &rows, const double *x, int size, double (&sums)[r
 {
     multiplyRows<8>(rows, x, size, sums);
 }
-
-ORVEL_TARGET("avx2")
-void multiplyRows4(const Rows &rows, const double *x, int size, double (&sums)[rowsTogether])
-{
-    multiplyRows<4>(rows, x, size, sums);
-}
 #endif
 
 void multiplyRows2(const Rows &rows, const double *x, int size, double (&sums)[rowsTogether])
@@ -32,13 +26,13 @@ void multiplyRows2(const Rows &rows, const double *x, int size, double (&sums)[r
 
 using Multiply = void (*)(const Rows &, const double *, int, double (&)[rowsTogether]);
 
+/// Vectors of four would not be faster than those of two: a transposition across their halves costs
+/// more than it saves.
 Multiply chooseMultiply()
 {
 #if defined(__x86_64__)
     if (vectorWidth() >= 8)
         return multiplyRows8;
-    if (vectorWidth() >= 4)
-        return multiplyRows4;
 #endif
     return multiplyRows2;
 }
