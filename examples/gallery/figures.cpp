@@ -8,6 +8,7 @@ std::vector<Figure> allFigures()
         planeFigures,
         constructionFigures,
         conicFigures,
+        numericsFigures,
     };
     std::vector<Figure> figures;
     for (auto const subject : subjects) {
