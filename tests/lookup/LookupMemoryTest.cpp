@@ -25,18 +25,34 @@ std::atomic<long> allocationsLeft(std::numeric_limits<long>::max());
 
 } // namespace
 
-void *operator new(std::size_t size)
+static void *counted(void *memory)
 {
-    if (allocationsLeft.fetch_sub(1) <= 0) {
-        throw std::bad_alloc();
-    }
-    void *const memory = std::malloc(size);
     if (!memory) {
         throw std::bad_alloc();
     }
     allocations.fetch_add(1);
     liveBytes.fetch_add(static_cast<long>(malloc_usable_size(memory)));
     return memory;
+}
+
+static void failWhenTold()
+{
+    if (allocationsLeft.fetch_sub(1) <= 0) {
+        throw std::bad_alloc();
+    }
+}
+
+void *operator new(std::size_t size)
+{
+    failWhenTold();
+    return counted(std::malloc(size));
+}
+
+void *operator new(std::size_t size, std::align_val_t alignment)
+{
+    failWhenTold();
+    std::size_t const unit = static_cast<std::size_t>(alignment);
+    return counted(std::aligned_alloc(unit, (size + unit - 1) / unit * unit));
 }
 
 void operator delete(void *memory) noexcept
@@ -46,6 +62,16 @@ void operator delete(void *memory) noexcept
 }
 
 void operator delete(void *memory, std::size_t) noexcept
+{
+    operator delete(memory);
+}
+
+void operator delete(void *memory, std::align_val_t) noexcept
+{
+    operator delete(memory);
+}
+
+void operator delete(void *memory, std::size_t, std::align_val_t) noexcept
 {
     operator delete(memory);
 }

@@ -2,16 +2,20 @@
 
 #include <array>
 
+/// A point of K dimensions.
+template <int K>
+using LookupPoint = std::array<double, K>;
+
 /// An axis-parallel box of K dimensions, both ends included.
 template <int K>
 struct LookupRegion
 {
-    std::array<double, K> low;
-    std::array<double, K> high;
+    LookupPoint<K> low;
+    LookupPoint<K> high;
 
     /// The box that a ball of `radius` around `centre` touches from within. A negative radius gives
     /// a box whose `low` exceeds its `high`.
-    static LookupRegion around(std::array<double, K> const &centre, double radius)
+    static LookupRegion around(LookupPoint<K> const &centre, double radius)
     {
         LookupRegion region;
         for (int i = 0; i < K; ++i) {
@@ -21,17 +25,15 @@ struct LookupRegion
         return region;
     }
 
-    /// No value outside in any coordinate; a NaN counts as inside.
-    template <typename Access, typename Value>
-    bool encloses(Value const &value) const
+    /// No coordinate of the point outside; a NaN counts as inside.
+    bool encloses(LookupPoint<K> const &p) const
     {
+        bool outside = false; // no branch a coordinate: which one decides can't be foreseen
         for (int i = 0; i < K; ++i) {
-            double const c = Access::coordinate(value, i);
-            if (low[i] > c || c > high[i]) {
-                return false;
-            }
+            outside |= low[i] > p[i];
+            outside |= p[i] > high[i];
         }
-        return true;
+        return !outside;
     }
 
     bool intersects(LookupRegion const &other) const
@@ -54,7 +56,7 @@ struct LookupRegion
         return true;
     }
 
-    /// Whether values beyond a plane at `split` across dimension d, on the side below or from it
+    /// Whether points beyond a plane at `split` across dimension d, on the side below or from it
     /// upwards, can lie in the box.
     bool reachesBelow(double split, int d) const { return !(low[d] > split); }
     bool reachesAbove(double split, int d) const { return !(split > high[d]); }

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -24,13 +23,16 @@
 ///                     left  right        /       \.
 ///                     of a  of a        c         e
 ///
-/// A run holds at least one value once it stands in a tree. It is allocated together with the room
-/// for its values, and is made anew to grow.
-template <int K, typename Value, typename Access>
+/// The coordinates stand in K rows, so that two points at a time are measured; a row that isn't
+/// full ends in NaN. A run is allocated together with the room for its values, and is made anew to
+/// grow. It holds at least one value once it stands in a tree.
+template <int K, typename Payload>
 class LookupRun
 {
 public:
     static constexpr int maxCapacity = 64;
+
+    using Point = LookupPoint<K>;
 
     /// An empty run with room for at least `count` values.
     static LookupRun *create(int count)
@@ -39,13 +41,14 @@ public:
         while (capacity < count) {
             capacity *= 2;
         }
-        void *const memory = ::operator new(bytes(capacity));
-        return new (memory) LookupRun(capacity);
+        return new (::operator new(bytes(capacity))) LookupRun(capacity);
     }
 
     static void destroy(LookupRun *run)
     {
-        std::destroy_n(run->values(), run->m_count);
+        if constexpr (hasPayload) {
+            std::destroy_n(run->payloads(), run->m_count);
+        }
         run->~LookupRun();
         ::operator delete(run);
     }
@@ -57,25 +60,39 @@ public:
     int capacity() const { return m_capacity; }
     bool isFull() const { return m_count == m_capacity; }
 
-    /// The root of the subtree, and the number of values in the left subtree below it.
-    Value &root() { return values()[0]; }
+    Point point(int index) const
+    {
+        Point p;
+        for (int i = 0; i < K; ++i) {
+            p[i] = row(i)[index];
+        }
+        return p;
+    }
+    Payload &payload(int index) { return hasPayload ? payloads()[index] : nothing; }
+    Payload const &payload(int index) const { return hasPayload ? payloads()[index] : nothing; }
+    /// Number of values in the left subtree of the run's root.
     int leftCount() const { return leftCounts()[0]; }
 
-    /// Moves `count` values of `other`, from index `first` on, to the end of this run. They must be
-    /// a whole subtree, and this run empty.
+    /// Moves `count` values of `other`, from index `first` on, into this empty run. They must be a
+    /// whole subtree.
     void take(LookupRun &other, int first, int count)
     {
-        std::uninitialized_move_n(other.values() + first, count, values());
+        for (int i = 0; i < K; ++i) {
+            std::copy_n(other.row(i) + first, count, row(i));
+        }
+        if constexpr (hasPayload) {
+            std::uninitialized_move_n(other.payloads() + first, count, payloads());
+        }
         std::copy_n(other.leftCounts() + first, count, leftCounts());
         m_count = static_cast<std::uint16_t>(count);
         for (int i = 0; i < count; ++i) {
-            extendBox(values()[i]);
+            extendBox(point(i));
         }
     }
 
-    /// Stores `value` where the descent from the run's root, which stands at `level`, ends. False,
+    /// Stores a value where the descent from the run's root, which stands at `level`, ends. False,
     /// and nothing stored, when that is below `deepestLevel`. The run must not be full.
-    bool insert(Value &&value, int level, int deepestLevel)
+    bool insert(Point const &p, Payload &&payload, int level, int deepestLevel)
     {
         std::array<std::uint8_t, maxCapacity> passedOnTheLeft;
         int passed = 0;
@@ -86,7 +103,7 @@ public:
                 return false;
             }
             int const right = first + 1 + leftCounts()[first];
-            if (Access::coordinate(values()[first], d) > Access::coordinate(value, d)) {
+            if (row(d)[first] > p[d]) {
                 passedOnTheLeft[passed++] = static_cast<std::uint8_t>(first);
                 end = right;
                 ++first;
@@ -97,122 +114,153 @@ public:
         for (int i = 0; i < passed; ++i) {
             ++leftCounts()[passedOnTheLeft[i]];
         }
-        extendBox(value);
-        insertAt(first, std::move(value));
+        insertAt(first, p, std::move(payload));
+        extendBox(p);
         return true;
     }
 
-    /// Searches the subtree, whose root splits on dimension d.
+    /// Searches the subtree, whose root splits on dimension d; true when it holds a new best value.
     template <typename Search>
-    void findNearest(Search &search, int d, bool queryIsFinite) const
+    bool findNearest(Search &search, int d) const
     {
+        prefetch();
         if (!(search.maxSq >= boxDistance(search.query))) {
-            return;
+            return false;
         }
-        if (!queryIsFinite) {
-            // The order of the walk matters: infinite differences hide subtrees from it.
-            walkToNearest(search, 0, m_count, d);
-            return;
+        if (!search.queryIsFinite) {
+            // Infinite differences hide subtrees from the walk, so it must be made.
+            return walkToNearest(search, 0, m_count, d);
         }
         std::array<double, maxCapacity> distances;
-        double nearest = std::numeric_limits<double>::infinity();
-        for (int i = 0; i < m_count; ++i) {
-            Value const &value = values()[i];
-            double const d2 = search.accept(value) ? search.squaredDistance(value)
-                                                   : std::numeric_limits<double>::quiet_NaN();
-            nearest = d2 < nearest ? d2 : nearest;
-            distances[i] = d2;
-        }
+        double const nearest = measure(search, distances.data());
         if (!(search.maxSq >= nearest)) {
-            return;
+            return false;
         }
-        double const *const begin = distances.data();
-        double const *const end = begin + m_count;
-        double const *const found = std::find(begin, end, nearest);
-        if (found != end && std::find(found + 1, end, nearest) == end) {
+        int found = 0;
+        int ties = 0;
+        for (int i = 0; i < m_count; ++i) {
+            bool const isNearest = distances[i] <= nearest;
+            found = isNearest ? i : found;
+            ties += isNearest ? 1 : 0;
+        }
+        if (ties > 1) {
             search.maxSq = nearest;
-            search.best = values() + (found - begin);
-        } else if (found != end) {
-            walkToNearest(search, 0, m_count, d);
+            return walkToNearest(search, 0, m_count, d);
         }
+        if (ties == 1) {
+            search.take(nearest, point(found), payload(found));
+        }
+        return ties == 1;
     }
 
     /// Calls `visit` with each value inside the region, in pre-order.
     template <typename Visit>
-    void collectInRegion(LookupRegion<K> const &region, int d, Visit &visit) const
+    void collectInRegion(LookupRegion<K> const &region, Visit &visit) const
     {
         if (region.contains(m_box)) {
             for (int i = 0; i < m_count; ++i) {
-                visit(values()[i]);
+                visit(point(i), payload(i));
             }
         } else if (region.intersects(m_box)) {
-            walkRegion(region, visit, 0, m_count, d);
+            for (int i = 0; i < m_count; ++i) {
+                Point const p = point(i);
+                if (region.encloses(p)) {
+                    visit(p, payload(i));
+                }
+            }
         }
     }
 
 private:
+    // Two doubles that are computed side by side. Every lane is a result of its own, so that the
+    // bits are those of plain doubles.
+    using Pair = double __attribute__((vector_size(2 * sizeof(double))));
+
     explicit LookupRun(int capacity)
         : m_count(0)
         , m_capacity(static_cast<std::uint16_t>(capacity))
     {
         m_box.low.fill(std::numeric_limits<double>::infinity());
         m_box.high.fill(-std::numeric_limits<double>::infinity());
+        std::uninitialized_fill_n(row(0), K * capacity, std::numeric_limits<double>::quiet_NaN());
     }
     ~LookupRun() = default;
 
     static int next(int d) { return d + 1 == K ? 0 : d + 1; }
 
-    // Layout of the memory: the run, the values, the left counts.
+    // Layout of the memory: the run, the rows of coordinates, the payloads, the left counts.
+    static constexpr bool hasPayload = !std::is_empty_v<Payload>;
+    static constexpr std::size_t payloadSize = hasPayload ? sizeof(Payload) : 0;
+    static inline Payload nothing = {};
+
     static std::size_t bytes(int capacity)
     {
-        static_assert(alignof(Value) <= alignof(double), "values follow the run without a gap");
-        static_assert(std::is_nothrow_move_constructible_v<Value> &&
-                          std::is_nothrow_move_assignable_v<Value>,
+        static_assert(alignof(Payload) <= alignof(double), "payloads follow doubles without a gap");
+        static_assert(std::is_nothrow_move_constructible_v<Payload> &&
+                          std::is_nothrow_move_assignable_v<Payload>,
                       "values change places within a run");
-        return sizeof(LookupRun) + static_cast<std::size_t>(capacity) * (sizeof(Value) + 1);
+        return sizeof(LookupRun) +
+               static_cast<std::size_t>(capacity) * (K * sizeof(double) + payloadSize + 1);
     }
-    Value *values() { return reinterpret_cast<Value *>(this + 1); }
-    Value const *values() const { return reinterpret_cast<Value const *>(this + 1); }
-    std::uint8_t *leftCounts() { return reinterpret_cast<std::uint8_t *>(values() + m_capacity); }
+    double *row(int i) { return reinterpret_cast<double *>(this + 1) + i * m_capacity; }
+    double const *row(int i) const
+    {
+        return reinterpret_cast<double const *>(this + 1) + i * m_capacity;
+    }
+    Payload *payloads() { return reinterpret_cast<Payload *>(row(K)); }
+    Payload const *payloads() const { return reinterpret_cast<Payload const *>(row(K)); }
+    std::uint8_t *leftCounts()
+    {
+        return reinterpret_cast<std::uint8_t *>(row(K)) + payloadSize * m_capacity;
+    }
     std::uint8_t const *leftCounts() const
     {
-        return reinterpret_cast<std::uint8_t const *>(values() + m_capacity);
+        return reinterpret_cast<std::uint8_t const *>(row(K)) + payloadSize * m_capacity;
     }
 
-    void insertAt(int place, Value &&value)
+    void insertAt(int place, Point const &p, Payload &&payload)
     {
-        Value *const v = values();
-        std::uint8_t *const c = leftCounts();
-        if (place == m_count) {
-            new (v + place) Value(std::move(value));
-        } else {
-            new (v + m_count) Value(std::move(v[m_count - 1]));
-            std::move_backward(v + place, v + m_count - 1, v + m_count);
-            v[place] = std::move(value);
+        for (int i = 0; i < K; ++i) {
+            std::copy_backward(row(i) + place, row(i) + m_count, row(i) + m_count + 1);
+            row(i)[place] = p[i];
         }
+        if constexpr (hasPayload) {
+            Payload *const v = payloads();
+            if (place == m_count) {
+                new (v + place) Payload(std::move(payload));
+            } else {
+                new (v + m_count) Payload(std::move(v[m_count - 1]));
+                std::move_backward(v + place, v + m_count - 1, v + m_count);
+                v[place] = std::move(payload);
+            }
+        }
+        std::uint8_t *const c = leftCounts();
         std::copy_backward(c + place, c + m_count, c + m_count + 1);
         c[place] = 0;
         ++m_count;
     }
 
-    /// A NaN opens the box to all sides, for no test of the box may pass over it.
-    void extendBox(Value const &value)
+    /// A NaN leaves the box as it is, for no point with one is ever the answer.
+    void extendBox(Point const &p)
     {
         for (int i = 0; i < K; ++i) {
-            double const c = Access::coordinate(value, i);
-            if (std::isnan(c)) {
-                m_box.low[i] = -std::numeric_limits<double>::infinity();
-                m_box.high[i] = std::numeric_limits<double>::infinity();
-            } else {
-                m_box.low[i] = c < m_box.low[i] ? c : m_box.low[i];
-                m_box.high[i] = c > m_box.high[i] ? c : m_box.high[i];
-            }
+            m_box.low[i] = p[i] < m_box.low[i] ? p[i] : m_box.low[i];
+            m_box.high[i] = p[i] > m_box.high[i] ? p[i] : m_box.high[i];
+        }
+    }
+
+    /// Fetches about half the memory of a large run while the box is still being tested.
+    void prefetch() const
+    {
+        char const *const start = reinterpret_cast<char const *>(this);
+        for (int line = 1; line <= 12; ++line) {
+            __builtin_prefetch(start + 64 * line);
         }
     }
 
     /// Squared distance from the query to the box. Rounding is monotone and the sum runs in the
     /// order of the coordinates, so that no value of the run has a smaller computed distance.
-    double boxDistance(std::array<double, K> const &query) const
+    double boxDistance(Point const &query) const
     {
         double sum = 0.0;
         for (int i = 0; i < K; ++i) {
@@ -224,12 +272,46 @@ private:
         return sum;
     }
 
-    /// The search of the tree on the subtree that fills the indices from `first` up to `end`.
+    /// Writes the squared distance of every acceptable value, NaN for the others, and returns the
+    /// smallest; infinity when there is none.
     template <typename Search>
-    void walkToNearest(Search &search, int first, int end, int d) const
+    double measure(Search &search, double *distances) const
     {
-        search.examine(values()[first]);
-        double const split = Access::coordinate(values()[first], d);
+        double const infinity = std::numeric_limits<double>::infinity();
+        Pair smallest[2] = {{infinity, infinity}, {infinity, infinity}};
+        for (int j = 0; j < m_count; j += 4) {
+            for (int half = 0; half < 2; ++half) {
+                int const at = j + 2 * half;
+                Pair sum = {0.0, 0.0};
+                for (int i = 0; i < K; ++i) {
+                    double const *const c = row(i) + at;
+                    Pair const difference =
+                        Pair{search.query[i], search.query[i]} - Pair{c[0], c[1]};
+                    sum += difference * difference;
+                }
+                if constexpr (!Search::acceptsAll) {
+                    for (int lane = 0; lane < 2; ++lane) {
+                        if (!search.accept(point(at + lane))) {
+                            sum[lane] = std::numeric_limits<double>::quiet_NaN();
+                        }
+                    }
+                }
+                distances[at] = sum[0];
+                distances[at + 1] = sum[1];
+                smallest[half] = sum < smallest[half] ? sum : smallest[half];
+            }
+        }
+        return std::min(std::min(smallest[0][0], smallest[0][1]),
+                        std::min(smallest[1][0], smallest[1][1]));
+    }
+
+    /// The search of the tree on the subtree that fills the indices from `first` up to `end`; true
+    /// when it holds a new best value.
+    template <typename Search>
+    bool walkToNearest(Search &search, int first, int end, int d) const
+    {
+        bool found = search.examine(point(first), payload(first));
+        double const split = row(d)[first];
         int const right = first + 1 + leftCounts()[first];
         std::pair<int, int> towards(right, end);
         std::pair<int, int> away(first + 1, right);
@@ -237,29 +319,12 @@ private:
             towards.swap(away);
         }
         if (towards.first < towards.second) {
-            walkToNearest(search, towards.first, towards.second, next(d));
+            found |= walkToNearest(search, towards.first, towards.second, next(d));
         }
         if (away.first < away.second && search.reachesPlane(split, d)) {
-            walkToNearest(search, away.first, away.second, next(d));
+            found |= walkToNearest(search, away.first, away.second, next(d));
         }
-    }
-
-    template <typename Visit>
-    void walkRegion(LookupRegion<K> const &region, Visit &visit, int first, int end, int d) const
-    {
-        Value const &value = values()[first];
-        if (region.template encloses<Access>(value)) {
-            visit(value);
-        }
-        double const split = Access::coordinate(value, d);
-        int const left = first + 1;
-        int const right = left + leftCounts()[first];
-        if (left < right && region.reachesBelow(split, d)) {
-            walkRegion(region, visit, left, right, next(d));
-        }
-        if (right < end && region.reachesAbove(split, d)) {
-            walkRegion(region, visit, right, end, next(d));
-        }
+        return found;
     }
 
     std::uint16_t m_count;

@@ -1,53 +1,75 @@
 #pragma once
 
-#include <array>
+#include <OrvelMath/lookup/LookupRegion_p.h>
+
 #include <cmath>
+#include <type_traits>
 #include <utility>
+
+/// Lets every value be the answer.
+struct LookupAcceptAll
+{
+    template <typename Point>
+    bool operator()(Point const &) const
+    {
+        return true;
+    }
+};
 
 /// The state of one search for the nearest value: what is asked, and the best so far.
 ///
-/// Distances are squared throughout. A value at the same distance as the best one replaces it, so
-/// the order in which the tree examines its values decides a tie.
-template <int K, typename Value, typename Access, typename Accept>
+/// Distances are squared throughout and compared exactly. `accept(point)` tells whether a value may
+/// be the answer.
+template <int K, typename Payload, typename Accept>
 struct LookupSearch
 {
-    std::array<double, K> query;
-    Accept accept;
-    double maxSq; ///< squared distance of the best value, or the squared limit while there is none
-    Value const *best = nullptr;
+    using Point = LookupPoint<K>;
 
-    LookupSearch(std::array<double, K> const &queryPoint, double maxDistance, Accept acceptValue)
+    static constexpr bool acceptsAll = std::is_same_v<Accept, LookupAcceptAll>;
+
+    Point query;
+    Accept accept;
+    bool queryIsFinite = true;
+    double maxSq; ///< squared distance of the best value, or the squared limit while there is none
+    bool found = false;
+    Point bestPoint = {};
+    Payload const *bestPayload = nullptr;
+
+    LookupSearch(Point const &queryPoint, double maxDistance, Accept acceptPoint)
         : query(queryPoint)
-        , accept(acceptValue)
+        , accept(acceptPoint)
         , maxSq(maxDistance * maxDistance)
     {
-    }
-
-    double squaredDistance(Value const &value) const
-    {
-        return squaredDistance(value, std::make_integer_sequence<int, K>());
-    }
-
-    void examine(Value const &value)
-    {
-        double const d2 = squaredDistance(value);
-        if (maxSq >= d2 && accept(value)) {
-            maxSq = d2;
-            best = &value;
+        for (double const c : query) {
+            queryIsFinite = queryIsFinite && std::isfinite(c);
         }
     }
 
-    /// Whether a value beyond the plane at `split` across dimension d can still be the nearest.
+    double squaredDistance(Point const &p) const
+    {
+        return squaredDistance(p, std::make_integer_sequence<int, K>());
+    }
+
+    /// Whether a value beyond the plane at `split` across dimension d can still be the best.
     bool reachesPlane(double split, int d) const { return maxSq >= square(query[d] - split); }
 
-    bool queryIsFinite() const
+    /// Takes the value as the best one when it is at least as near; true when it is.
+    bool examine(Point const &p, Payload const &payload)
     {
-        for (double const c : query) {
-            if (!std::isfinite(c)) {
-                return false;
-            }
+        double const d2 = squaredDistance(p);
+        bool const isBest = maxSq >= d2 && accept(p);
+        if (isBest) {
+            take(d2, p, payload);
         }
-        return true;
+        return isBest;
+    }
+
+    void take(double d2, Point const &p, Payload const &payload)
+    {
+        maxSq = d2;
+        found = true;
+        bestPoint = p;
+        bestPayload = &payload;
     }
 
 private:
@@ -55,8 +77,8 @@ private:
 
     // A left fold: the squares are added in the order of the coordinates.
     template <int... I>
-    double squaredDistance(Value const &value, std::integer_sequence<int, I...>) const
+    double squaredDistance(Point const &p, std::integer_sequence<int, I...>) const
     {
-        return (... + square(query[I] - Access::coordinate(value, I)));
+        return (... + square(query[I] - p[I]));
     }
 };

@@ -4,7 +4,6 @@
 #include <OrvelMath/lookup/LookupRun_p.h>
 #include <OrvelMath/lookup/LookupSearch_p.h>
 
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -12,7 +11,8 @@
 #include <utility>
 #include <vector>
 
-/// A k-d tree with one value in every node, built by insertion only (Bentley, 1975).
+/// A k-d tree with one value in every node, built by insertion only (Bentley, 1975). A value is a
+/// point of K dimensions and a payload, which may be an empty class.
 ///
 /// The node at level L splits on coordinate L modulo K: values with a smaller coordinate go left,
 /// equal and greater ones right. The order of insertion alone shapes the tree; nothing is balanced,
@@ -23,20 +23,21 @@
 /// the same tree, written in pre-order into one piece of memory. A run that has no more room gives
 /// its root to a node and its two subtrees to runs of their own.
 ///
-/// `Access::coordinate(value, i)` reads coordinate i of a value. Concurrent reads are safe, since
-/// all state of a search is in the call; a writer needs exclusive use.
-template <int K, typename Value, typename Access>
+/// Concurrent reads are safe, since all state of a search is in the call; a writer needs exclusive
+/// use.
+template <int K, typename Payload>
 class LookupTree
 {
 public:
     static constexpr int deepestLevel = 1001;
 
-    using Point = std::array<double, K>;
+    using Point = LookupPoint<K>;
 
-    /// What a search found: null when nothing.
+    /// What a search found; without a payload when it found nothing.
     struct Nearest
     {
-        Value const *value = nullptr;
+        Point point = {};
+        Payload const *payload = nullptr;
         double distance = 0.0;
     };
 
@@ -48,23 +49,26 @@ public:
     /// Number of stored values.
     std::uint64_t size() const { return m_count; }
 
-    /// Stores a copy of `value`, or nothing below the deepest level. When memory is exhausted it
-    /// throws and the tree stays as it was.
-    void insert(Value const &value);
+    /// Stores a value, or nothing below the deepest level. When memory is exhausted it throws and
+    /// the tree stays as it was.
+    void insert(Point const &point, Payload payload);
 
-    /// The value nearest to `query` among those that `accept` allows and that are at most
-    /// `maxDistance` away. Of several at the same distance the one examined last: a node comes
+    /// The value nearest to `query` among those whose point `accept` allows and that are at most
+    /// `maxDistance` away.
+    ///
+    /// Of several at the same distance it is the last one in the order of the search: a node comes
     /// before its subtrees, and the subtree on the query's side of the node before the other one.
     template <typename Accept>
     Nearest findNearest(Point const &query, double maxDistance, Accept accept) const;
 
-    /// Calls `visit` with every value inside the closed box, in pre-order: a node, its left
-    /// subtree, its right subtree.
+    /// Calls `visit(point, payload)` with every value inside the closed box, in pre-order: a node,
+    /// its left subtree, its right subtree. A point with a NaN is outside of no box and may come
+    /// too; a distance measured to it tells it apart.
     template <typename Visit>
     void collectInRegion(LookupRegion<K> const &region, Visit visit) const;
 
 private:
-    using Run = LookupRun<K, Value, Access>;
+    using Run = LookupRun<K, Payload>;
     struct Node;
 
     /// What hangs on one side of a node: nothing, a node or a run.
@@ -80,24 +84,26 @@ private:
             : m_bits(reinterpret_cast<std::uintptr_t>(run) | runBit)
         {
         }
-        bool isNull() const { return m_bits == 0; }
-        bool isRun() const { return (m_bits & runBit) != 0; }
-        bool isNode() const { return !isNull() && !isRun(); }
+        bool isNull() const { return m_bits == runBit; }
+        bool isRun() const { return !isNode() && !isNull(); }
+        bool isNode() const { return (m_bits & runBit) == 0; }
         Node *node() const { return reinterpret_cast<Node *>(m_bits); }
         Run *run() const { return reinterpret_cast<Run *>(m_bits & ~runBit); }
         bool operator==(Link other) const { return m_bits == other.m_bits; }
 
     private:
         static constexpr std::uintptr_t runBit = 1;
-        std::uintptr_t m_bits = 0;
+        std::uintptr_t m_bits = runBit;
     };
 
-    struct Node
+    /// In one cache line.
+    struct alignas(64) Node
     {
         Node *parent = nullptr;
-        Link children[2]; ///< left, right
-        double split = 0; ///< the coordinate of `value` on which the node splits
-        Value value;
+        Link children[2]; ///< left, right; never both empty
+        double split = 0; ///< the coordinate of `point` on which the node splits
+        Point point = {};
+        Payload payload = {};
 
         /// The side on which a coordinate belongs, and the other one.
         Link &towards(double c) { return children[split > c ? 0 : 1]; }
@@ -105,14 +111,24 @@ private:
         Link away(double c) const { return children[split > c ? 1 : 0]; }
     };
 
+    /// Where a search stands: at a link, below a node, where the splits are on dimension d.
+    struct Place
+    {
+        Link link;
+        Node const *parent;
+        int d;
+    };
+
     static int next(int d) { return d + 1 == K ? 0 : d + 1; }
     static int previous(int d) { return d == 0 ? K - 1 : d - 1; }
 
     Node *reserveNode();
     void makeRoom(Link &link, Node *parent, int d);
-    static Link subtreeOf(Run &run, int first, int count);
     template <typename Search>
-    static Link climb(Search &search, Link done, Node const *&node, int &d);
+    static void descend(Search const &search, Place &place);
+    template <typename Search>
+    static void climb(Search &search, Place &place, Node const *&bestNode);
+    static bool isBelow(Node const *node, Node const *ancestor);
     template <typename Visit>
     static void collect(Link link, int d, LookupRegion<K> const &region, Visit &visit);
 
@@ -124,8 +140,8 @@ private:
     std::size_t m_usedNodes = 0;
 };
 
-template <int K, typename Value, typename Access>
-LookupTree<K, Value, Access>::~LookupTree()
+template <int K, typename Payload>
+LookupTree<K, Payload>::~LookupTree()
 {
     if (m_root.isRun()) {
         Run::destroy(m_root.run());
@@ -140,10 +156,9 @@ LookupTree<K, Value, Access>::~LookupTree()
     }
 }
 
-template <int K, typename Value, typename Access>
-void LookupTree<K, Value, Access>::insert(Value const &value)
+template <int K, typename Payload>
+void LookupTree<K, Payload>::insert(Point const &point, Payload payload)
 {
-    Value copy(value);
     Link *link = &m_root;
     Node *parent = nullptr;
     int level = 0;
@@ -154,21 +169,22 @@ void LookupTree<K, Value, Access>::insert(Value const &value)
             makeRoom(*link, parent, d);
         }
         if (link->isRun()) {
-            m_count += link->run()->insert(std::move(copy), level, deepestLevel) ? 1 : 0;
+            bool const stored = link->run()->insert(point, std::move(payload), level, deepestLevel);
+            m_count += stored ? 1 : 0;
             return;
         }
         if (level >= deepestLevel) {
             return;
         }
         parent = link->node();
-        link = &parent->towards(Access::coordinate(copy, d));
+        link = &parent->towards(point[d]);
     }
 }
 
 /// Puts a larger run into `link`, or, where there is none, a node with the run's root and two runs
 /// with its subtrees.
-template <int K, typename Value, typename Access>
-void LookupTree<K, Value, Access>::makeRoom(Link &link, Node *parent, int d)
+template <int K, typename Payload>
+void LookupTree<K, Payload>::makeRoom(Link &link, Node *parent, int d)
 {
     Run *const run = link.run();
     if (run->capacity() < Run::maxCapacity) {
@@ -178,24 +194,24 @@ void LookupTree<K, Value, Access>::makeRoom(Link &link, Node *parent, int d)
         Run::destroy(run);
         return;
     }
-    Node *const node = reserveNode();
+    using OwnedRun = std::unique_ptr<Run, decltype(&Run::destroy)>;
     int const left = run->leftCount();
     int const right = run->count() - 1 - left;
-    std::unique_ptr<Run, decltype(&Run::destroy)> leftRun(left ? Run::create(left + 1) : nullptr,
-                                                          &Run::destroy);
-    std::unique_ptr<Run, decltype(&Run::destroy)> rightRun(right ? Run::create(right + 1) : nullptr,
-                                                           &Run::destroy);
-    if (left) {
+    Node *const node = reserveNode();
+    OwnedRun leftRun(left > 0 ? Run::create(left + 1) : nullptr, &Run::destroy);
+    OwnedRun rightRun(right > 0 ? Run::create(right + 1) : nullptr, &Run::destroy);
+    if (leftRun) {
         leftRun->take(*run, 1, left);
         node->children[0] = leftRun.release();
     }
-    if (right) {
+    if (rightRun) {
         rightRun->take(*run, 1 + left, right);
         node->children[1] = rightRun.release();
     }
     node->parent = parent;
-    node->value = std::move(run->root());
-    node->split = Access::coordinate(node->value, d);
+    node->point = run->point(0);
+    node->payload = std::move(run->payload(0));
+    node->split = node->point[d];
     ++m_usedNodes;
     link = node;
     Run::destroy(run);
@@ -203,8 +219,8 @@ void LookupTree<K, Value, Access>::makeRoom(Link &link, Node *parent, int d)
 
 /// The next unused node. It counts as used only when the caller says so, after the last allocation
 /// that can fail.
-template <int K, typename Value, typename Access>
-auto LookupTree<K, Value, Access>::reserveNode() -> Node *
+template <int K, typename Payload>
+auto LookupTree<K, Payload>::reserveNode() -> Node *
 {
     if (m_usedNodes == m_blocks.size() * blockSize) {
         m_blocks.push_back(std::make_unique<Node[]>(blockSize));
@@ -212,72 +228,96 @@ auto LookupTree<K, Value, Access>::reserveNode() -> Node *
     return &m_blocks[m_usedNodes / blockSize][m_usedNodes % blockSize];
 }
 
-template <int K, typename Value, typename Access>
+template <int K, typename Payload>
 template <typename Accept>
-auto LookupTree<K, Value, Access>::findNearest(Point const &query, double maxDistance,
-                                               Accept accept) const -> Nearest
+auto LookupTree<K, Payload>::findNearest(Point const &query, double maxDistance,
+                                         Accept accept) const -> Nearest
 {
-    LookupSearch<K, Value, Access, Accept> search(query, maxDistance, accept);
-    bool const queryIsFinite = search.queryIsFinite();
-    Link link = m_root;
-    Node const *node = nullptr;
-    int d = 0;
+    LookupSearch<K, Payload, Accept> search(query, maxDistance, accept);
+    Place place = {m_root, nullptr, 0};
+    Node const *bestNode = nullptr; // holds the best value, or the run with it
     do {
-        while (link.isNode()) {
-            node = link.node();
-            search.examine(node->value);
-            link = node->towards(query[d]);
-            d = next(d);
+        descend(search, place);
+        if (place.link.isRun() && place.link.run()->findNearest(search, place.d)) {
+            bestNode = place.parent;
         }
-        if (link.isRun()) {
-            link.run()->findNearest(search, d, queryIsFinite);
-        }
-        link = climb(search, link, node, d);
-    } while (node);
-    return search.best ? Nearest{search.best, std::sqrt(search.maxSq)} : Nearest();
-}
-
-/// From `node`, whose subtree `done` has been searched, up to the first node whose other side must
-/// be searched too, and that side; a null node when there is none.
-template <int K, typename Value, typename Access>
-template <typename Search>
-auto LookupTree<K, Value, Access>::climb(Search &search, Link done, Node const *&node, int &d)
-    -> Link
-{
-    while (node) {
-        int const dimension = previous(d);
-        Link const away = node->away(search.query[dimension]);
-        // Two empty sides look the same here, and neither is worth a visit.
-        if (!(done == away) && search.reachesPlane(node->split, dimension)) {
-            return away;
-        }
-        done = node;
-        node = node->parent;
-        d = dimension;
+        climb(search, place, bestNode);
+    } while (place.parent);
+    if (!search.found) {
+        return Nearest();
     }
-    return Link();
+    return {search.bestPoint, search.bestPayload, std::sqrt(search.maxSq)};
 }
 
-template <int K, typename Value, typename Access>
+/// Down the side of the query to a run, or to where nothing hangs. Both children are fetched while
+/// the comparison is still under way, which is most of the cost of a level.
+template <int K, typename Payload>
+template <typename Search>
+void LookupTree<K, Payload>::descend(Search const &search, Place &place)
+{
+    while (place.link.isNode()) {
+        place.parent = place.link.node();
+        __builtin_prefetch(place.parent->children[0].node());
+        __builtin_prefetch(place.parent->children[1].node());
+        place.link = place.parent->towards(search.query[place.d]);
+        place.d = next(place.d);
+    }
+}
+
+/// From a subtree that has been searched up to the first node whose other side must be searched
+/// too, and to that side; to no parent when there is none.
+///
+/// A node is examined on the way up, when its first side is done and only if its plane is near
+/// enough, for no value of its own is nearer than that. It comes before that side in the order of
+/// the search, so a tie with a value from there is lost.
+template <int K, typename Payload>
+template <typename Search>
+void LookupTree<K, Payload>::climb(Search &search, Place &place, Node const *&bestNode)
+{
+    while (place.parent) {
+        Node const *const node = place.parent;
+        int const d = previous(place.d);
+        Link const away = node->away(search.query[d]);
+        if (!(place.link == away) && search.reachesPlane(node->split, d)) {
+            bool const tied = search.found && search.squaredDistance(node->point) == search.maxSq;
+            if (!(tied && isBelow(bestNode, node)) && search.examine(node->point, node->payload)) {
+                bestNode = node;
+            }
+            place.link = away;
+            return;
+        }
+        place = {node, node->parent, d};
+    }
+}
+
+template <int K, typename Payload>
+bool LookupTree<K, Payload>::isBelow(Node const *node, Node const *ancestor)
+{
+    while (node && node != ancestor) {
+        node = node->parent;
+    }
+    return node != nullptr;
+}
+
+template <int K, typename Payload>
 template <typename Visit>
-void LookupTree<K, Value, Access>::collectInRegion(LookupRegion<K> const &region, Visit visit) const
+void LookupTree<K, Payload>::collectInRegion(LookupRegion<K> const &region, Visit visit) const
 {
     if (region.intersects(region)) { // not turned inside out
         collect(m_root, 0, region, visit);
     }
 }
 
-template <int K, typename Value, typename Access>
+template <int K, typename Payload>
 template <typename Visit>
-void LookupTree<K, Value, Access>::collect(Link link, int d, LookupRegion<K> const &region,
-                                           Visit &visit)
+void LookupTree<K, Payload>::collect(Link link, int d, LookupRegion<K> const &region, Visit &visit)
 {
     if (link.isRun()) {
-        link.run()->collectInRegion(region, d, visit);
+        link.run()->collectInRegion(region, visit);
     } else if (link.isNode()) {
         Node const &node = *link.node();
-        if (region.template encloses<Access>(node.value)) {
-            visit(node.value);
+        if (region.encloses(node.point)) {
+            visit(node.point, node.payload);
         }
         if (region.reachesBelow(node.split, d)) {
             collect(node.children[0], next(d), region, visit);

@@ -8,34 +8,24 @@
 
 namespace {
 
-struct LookupEntry2D
-{
-    Point2D point;
-    QVariant userData;
-};
-
-struct LookupEntry2DAccess
-{
-    static double coordinate(LookupEntry2D const &entry, int i)
-    {
-        return i == 0 ? entry.point.x() : entry.point.y();
-    }
-};
-
-using Tree = LookupTree<2, LookupEntry2D, LookupEntry2DAccess>;
+using Tree = LookupTree<2, QVariant>;
 
 Tree::Point coordinates(Point2D const &point)
 {
     return {point.x(), point.y()};
 }
 
+Point2D pointOf(Tree::Point const &p)
+{
+    return {p[0], p[1]};
+}
+
 PRefPtr<Point2DLookupResultC> makeResult(Tree::Nearest const &nearest)
 {
-    if (!nearest.value) {
+    if (!nearest.payload) {
         return nullptr;
     }
-    return new Point2DLookupResultC(nearest.value->point, nearest.value->userData,
-                                    nearest.distance);
+    return new Point2DLookupResultC(pointOf(nearest.point), *nearest.payload, nearest.distance);
 }
 
 } // namespace
@@ -96,18 +86,18 @@ public:
     {
     }
 
-    /// Calls `visit` with each entry inside the open disc and its squared distance, in the order
-    /// of the tree.
+    /// Calls `visit(point, userData, squared distance)` with each entry inside the open disc, in
+    /// the order of the tree.
     template <typename Visit>
     void visitDisc(Point2D const &centre, double radius, Visit visit) const
     {
         auto const region = LookupRegion<2>::around(coordinates(centre), radius);
-        tree->collectInRegion(region, [&](LookupEntry2D const &entry) {
-            double const dx = centre.x() - entry.point.x();
-            double const dy = centre.y() - entry.point.y();
+        tree->collectInRegion(region, [&](Tree::Point const &p, QVariant const &userData) {
+            double const dx = centre.x() - p[0];
+            double const dy = centre.y() - p[1];
             double const squaredDistance = dx * dx + dy * dy;
             if (radius * radius > squaredDistance) {
-                visit(entry, squaredDistance);
+                visit(p, userData, squaredDistance);
             }
         });
     }
@@ -115,9 +105,10 @@ public:
     std::vector<Tree::Nearest> entriesInDisc(Point2D const &centre, double radius) const
     {
         std::vector<Tree::Nearest> entries;
-        visitDisc(centre, radius, [&](LookupEntry2D const &entry, double squaredDistance) {
-            entries.push_back({&entry, std::sqrt(squaredDistance)});
-        });
+        visitDisc(centre, radius,
+                  [&](Tree::Point const &p, QVariant const &userData, double squaredDistance) {
+                      entries.push_back({p, &userData, std::sqrt(squaredDistance)});
+                  });
         return entries;
     }
 
@@ -157,21 +148,20 @@ Point2DLookupC::~Point2DLookupC()
 
 void Point2DLookupC::insert(Point2D const &point, QVariant const &userData)
 {
-    d->tree->insert({point, userData});
+    d->tree->insert(coordinates(point), userData);
 }
 
 PRefPtr<Point2DLookupResultC> Point2DLookupC::findNearest(Point2D const &point,
                                                           double maxDistance) const
 {
-    auto const acceptAll = [](LookupEntry2D const &) { return true; };
-    return makeResult(d->tree->findNearest(coordinates(point), maxDistance, acceptAll));
+    return makeResult(d->tree->findNearest(coordinates(point), maxDistance, LookupAcceptAll()));
 }
 
 PRefPtr<Point2DLookupResultC> Point2DLookupC::findNearestNotEqual(Point2D const &point,
                                                                   double maxDistance) const
 {
-    auto const acceptOthers = [&point](LookupEntry2D const &entry) {
-        return !(entry.point.x() == point.x() && entry.point.y() == point.y());
+    auto const acceptOthers = [&point](Tree::Point const &p) {
+        return !(p[0] == point.x() && p[1] == point.y());
     };
     return makeResult(d->tree->findNearest(coordinates(point), maxDistance, acceptOthers));
 }
@@ -205,8 +195,9 @@ Point2DLookupC::findKNearestNeighbors(Point2D const &point, int k, double maxDis
 QList<Point2D> Point2DLookupC::findWithinRange(Point2D const &point, double radius) const
 {
     QList<Point2D> result;
-    d->visitDisc(point, radius,
-                 [&](LookupEntry2D const &entry, double) { result.append(entry.point); });
+    d->visitDisc(point, radius, [&](Tree::Point const &p, QVariant const &, double) {
+        result.append(pointOf(p));
+    });
     return result;
 }
 
@@ -214,8 +205,8 @@ QList<QPair<Point2D, QVariant>> Point2DLookupC::findWithinRangeUserData(Point2D 
                                                                         double radius) const
 {
     QList<QPair<Point2D, QVariant>> result;
-    d->visitDisc(point, radius, [&](LookupEntry2D const &entry, double) {
-        result.append(qMakePair(entry.point, entry.userData));
+    d->visitDisc(point, radius, [&](Tree::Point const &p, QVariant const &userData, double) {
+        result.append(qMakePair(pointOf(p), userData));
     });
     return result;
 }

@@ -5,19 +5,21 @@
 
 namespace {
 
-struct Point3DAccess
+/// The points are all that is stored.
+struct NoPayload
 {
-    static double coordinate(Point3D const &point, int i)
-    {
-        return i == 0 ? point.x() : i == 1 ? point.y() : point.z();
-    }
 };
 
-using Tree = LookupTree<3, Point3D, Point3DAccess>;
+using Tree = LookupTree<3, NoPayload>;
 
 Tree::Point coordinates(Point3D const &point)
 {
     return {point.x(), point.y(), point.z()};
+}
+
+Point3D pointOf(Tree::Point const &p)
+{
+    return {p[0], p[1], p[2]};
 }
 
 } // namespace
@@ -46,27 +48,25 @@ Point3DLookupC::~Point3DLookupC()
 
 void Point3DLookupC::insert(Point3D const &point)
 {
-    d->tree->insert(point);
+    d->tree->insert(coordinates(point), {});
 }
 
 std::pair<Point3D, bool> Point3DLookupC::findNearest(Point3D const &point, double maxDistance) const
 {
-    auto const acceptAll = [](Point3D const &) { return true; };
-    Point3D const *const nearest =
-        d->tree->findNearest(coordinates(point), maxDistance, acceptAll).value;
-    return nearest ? std::make_pair(*nearest, true) : std::make_pair(Point3D(), false);
+    auto const nearest = d->tree->findNearest(coordinates(point), maxDistance, LookupAcceptAll());
+    return {pointOf(nearest.point), nearest.payload != nullptr};
 }
 
 QList<Point3D> Point3DLookupC::findWithinRange(Point3D const &point, double radius) const
 {
     QList<Point3D> result;
     auto const region = LookupRegion<3>::around(coordinates(point), radius);
-    d->tree->collectInRegion(region, [&](Point3D const &p) {
-        double const dx = point.x() - p.x();
-        double const dy = point.y() - p.y();
-        double const dz = point.z() - p.z();
+    d->tree->collectInRegion(region, [&](Tree::Point const &p, NoPayload) {
+        double const dx = point.x() - p[0];
+        double const dy = point.y() - p[1];
+        double const dz = point.z() - p[2];
         if (radius * radius > dx * dx + dy * dy + dz * dz) {
-            result.append(p);
+            result.append(pointOf(p));
         }
     });
     return result;
