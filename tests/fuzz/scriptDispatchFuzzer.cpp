@@ -103,8 +103,10 @@ public:
     explicit Program(Input &input)
         : m_input(input)
     {
-        for (const char *name : classNames)
+        for (const char *name : classNames) {
             m_objects.push_back(Object(proxyFactoryC::instance().create(mzIIDS(name)).get()));
+            require(bool(m_objects.back()));
+        }
     }
 
     void step()
@@ -186,6 +188,8 @@ private:
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size)
 {
+    // Naming a class keeps the library linked; its classes are known from the server's start on.
+    require(prxMathFactoryC::getStaticProxyTypeInfo() != nullptr);
     mzComServerStateEventC::startServer();
     {
         Input input(data, size);

@@ -23,58 +23,31 @@ mzComStringC mzComReadableTypeName(const mzComStringC &name)
     return result;
 }
 
-mzComVariantC::mzComVariantC(const mzComPtrT<mzIUnknown> &object)
-{
-    if (object)
-        m_value = object;
-}
-
-double mzComVariantC::toDouble() const
-{
-    const double *value = std::get_if<double>(&m_value);
-    return value != nullptr ? *value : 0.0;
-}
-
-mzComStringC mzComVariantC::toString() const
-{
-    const mzComStringC *value = std::get_if<mzComStringC>(&m_value);
-    return value != nullptr ? *value : mzComStringC();
-}
-
-mzComPtrT<mzIUnknown> mzComVariantC::toObject() const
-{
-    const auto *value = std::get_if<mzComPtrT<mzIUnknown>>(&m_value);
-    return value != nullptr ? *value : mzComPtrT<mzIUnknown>();
-}
-
 mzComVariantC mzComVariantC::fromUserData(int id, const void *value)
 {
     mzComVariantC variant;
     if (const valueTypeRegistry::Entry *entry = valueTypeRegistry::find(id)) {
         const mzComValueMarshalS *record = entry->record;
-        variant.m_value = UserValue{
-            record, std::shared_ptr<const void>(record->create(value), [record](const void *copy) {
-                record->destroy(const_cast<void *>(copy));
-            })};
+        variant.m_kind = Kind::User;
+        variant.m_record = record;
+        variant.m_user.reset(record->create(value), record->destroy);
     }
     return variant;
 }
 
 mzComUserDataStatusE mzComVariantC::getUserData(int id, void *value) const
 {
-    const UserValue *user = std::get_if<UserValue>(&m_value);
-    if (user == nullptr)
+    if (!isUserValue())
         return mzUserDataNone;
-    if (user->record->id != id)
+    if (m_record->id != id)
         return mzUserDataOtherType;
-    user->record->copy(user->value.get(), value);
+    m_record->copy(m_user.get(), value);
     return mzUserDataOk;
 }
 
 int mzComVariantC::userType() const
 {
-    const UserValue *user = std::get_if<UserValue>(&m_value);
-    return user != nullptr ? user->record->id : 0;
+    return isUserValue() ? m_record->id : 0;
 }
 
 mzComVariantC mzComVariantC::toSkalarValue() const &
@@ -84,9 +57,9 @@ mzComVariantC mzComVariantC::toSkalarValue() const &
 
 mzComVariantC mzComVariantC::toSkalarValue() &&
 {
-    if (const auto *object = std::get_if<mzComPtrT<mzIUnknown>>(&m_value)) {
+    if (isObject()) {
         mzComPtrT<prxQVariantBaseC> holder;
-        if ((*object)->queryInterface(prxQVariantBaseC::IID(), holder))
+        if (m_object->queryInterface(prxQVariantBaseC::IID(), holder))
             return holder->getComVariant();
     }
     return std::move(*this);
@@ -107,24 +80,27 @@ mzComVariantC mzComVariantC::toScriptObject() const
 
 mzComStringC mzComVariantC::typeName() const
 {
-    if (isDouble())
+    switch (m_kind) {
+    case Kind::Double:
         return "number";
-    if (isString())
+    case Kind::String:
         return "string";
-    if (const auto *object = std::get_if<mzComPtrT<mzIUnknown>>(&m_value)) {
+    case Kind::Object: {
         mzComPtrT<proxyObjectC> proxy;
-        const bool known = (*object)->queryInterface(proxyObjectC::IID(), proxy);
+        const bool known = m_object->queryInterface(proxyObjectC::IID(), proxy);
         return known ? proxy->getProxyTypeInfo()->name : "object";
     }
-    if (const UserValue *user = std::get_if<UserValue>(&m_value))
-        return mzComReadableTypeName(user->record->name());
+    case Kind::User:
+        return mzComReadableTypeName(m_record->name());
+    case Kind::Empty:
+        break;
+    }
     return "nothing";
 }
 
 bool mzComVariantC::writeUserData(mzComDataStreamC &stream) const
 {
-    const UserValue *user = std::get_if<UserValue>(&m_value);
-    return user != nullptr && user->record->write(user->value.get(), stream);
+    return isUserValue() && m_record->write(m_user.get(), stream);
 }
 
 bool mzComVariantC::readUserData(int id, mzComDataStreamC &stream)

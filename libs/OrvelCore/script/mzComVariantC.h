@@ -9,7 +9,6 @@
 
 #include <memory>
 #include <typeinfo>
-#include <variant>
 
 /// How values of one type travel in an mzComVariantC. One static record per type; it must outlive
 /// every variant that holds such a value.
@@ -44,32 +43,38 @@ class ORVELCORE_EXPORT mzComVariantC
 public:
     mzComVariantC() = default;
     mzComVariantC(double value)
-        : m_value(value)
+        : m_kind(Kind::Double)
+        , m_number(value)
     {
     }
     mzComVariantC(const mzComStringC &value)
-        : m_value(value)
+        : m_kind(Kind::String)
+        , m_text(value)
     {
     }
     mzComVariantC(const char *utf8)
-        : m_value(mzComStringC(utf8))
+        : mzComVariantC(mzComStringC(utf8))
     {
     }
     /// A null pointer gives the empty variant.
-    mzComVariantC(const mzComPtrT<mzIUnknown> &object);
+    mzComVariantC(const mzComPtrT<mzIUnknown> &object)
+        : m_kind(object ? Kind::Object : Kind::Empty)
+        , m_object(object)
+    {
+    }
 
-    bool isEmpty() const { return std::holds_alternative<std::monostate>(m_value); }
-    bool isDouble() const { return std::holds_alternative<double>(m_value); }
-    bool isString() const { return std::holds_alternative<mzComStringC>(m_value); }
-    bool isObject() const { return std::holds_alternative<mzComPtrT<mzIUnknown>>(m_value); }
-    bool isUserValue() const { return std::holds_alternative<UserValue>(m_value); }
+    bool isEmpty() const { return m_kind == Kind::Empty; }
+    bool isDouble() const { return m_kind == Kind::Double; }
+    bool isString() const { return m_kind == Kind::String; }
+    bool isObject() const { return m_kind == Kind::Object; }
+    bool isUserValue() const { return m_kind == Kind::User; }
 
     /// The number; 0 if the variant holds none.
-    double toDouble() const;
+    double toDouble() const { return m_number; }
     /// The text; empty if the variant holds none.
-    mzComStringC toString() const;
+    const mzComStringC &toString() const { return m_text; }
     /// The object; null if the variant holds none.
-    mzComPtrT<mzIUnknown> toObject() const;
+    const mzComPtrT<mzIUnknown> &toObject() const { return m_object; }
 
     /// A copy of `value`, which has the type registered under `id`. An unknown id gives the empty
     /// variant.
@@ -105,13 +110,15 @@ public:
     static int registeredValueTypeCount();
 
 private:
-    struct UserValue
-    {
-        const mzComValueMarshalS *record;
-        std::shared_ptr<const void> value;
-    };
+    enum class Kind { Empty, Double, String, Object, User };
 
-    std::variant<std::monostate, double, mzComStringC, mzComPtrT<mzIUnknown>, UserValue> m_value;
+    // What does not belong to the kind has its default value.
+    Kind m_kind = Kind::Empty;
+    double m_number = 0.0;
+    mzComStringC m_text;
+    mzComPtrT<mzIUnknown> m_object;
+    const mzComValueMarshalS *m_record = nullptr;
+    std::shared_ptr<const void> m_user;
 };
 Q_DECLARE_METATYPE(mzComVariantC)
 
