@@ -24,18 +24,37 @@ bool isAtEnd(double place, double length, double tol)
     return tol > place || place > length - tol;
 }
 
+/// Whether `Math2DComparePoints` gives 0, without its branches.
+bool coincide(Point2D const &a, Point2D const &b, double tol)
+{
+    return !((a.x() > b.x() + tol) | (b.x() - tol > a.x()) | (a.y() > b.y() + tol) |
+             (b.y() - tol > a.y()));
+}
+
+/// Whether a quotient lies outside 0 to 1 by so much that no rounding or underflow of the division
+/// changes it. Most pairs of segments are refused here, without a division.
+bool isSurelyOff(double numerator, double divisor)
+{
+    double const n = divisor < 0 ? -numerator : numerator;
+    double const d = std::fabs(divisor);
+    return (n < d * -1e-200) | (n > d * (1 + 1e-15));
+}
+
 /// Crossing and class of the segments p0 + t d and p2 + s e, whose cross product is given.
 IntersectionType cross(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &p3,
                        Vector const &d, Vector const &e, double crossProduct, Point2D &out,
                        double tol)
 {
-    double const t = ((p2.x() - p0.x()) * e.y - (p2.y() - p0.y()) * e.x) / crossProduct;
+    double const tNumerator = (p2.x() - p0.x()) * e.y - (p2.y() - p0.y()) * e.x;
+    // Along the second segment from p3 back to p2.
+    double const uNumerator =
+        (p1.y() - p3.y()) * (p0.x() - p1.x()) - (p1.x() - p3.x()) * (p0.y() - p1.y());
+    if (isSurelyOff(tNumerator, crossProduct) | isSurelyOff(uNumerator, crossProduct))
+        return NoIntersection;
+    double const t = tNumerator / crossProduct;
     if (t < 0 || t > 1)
         return NoIntersection;
-    // Along the second segment from p3 back to p2.
-    double const u =
-        ((p1.y() - p3.y()) * (p0.x() - p1.x()) - (p1.x() - p3.x()) * (p0.y() - p1.y())) /
-        crossProduct;
+    double const u = uNumerator / crossProduct;
     if (u < 0 || u > 1)
         return NoIntersection;
     out = Point2D(p0.x() + t * d.x, p0.y() + t * d.y);
@@ -65,11 +84,11 @@ int Math2DComparePoints(Point2D const &a, Point2D const &b, double tol)
 IntersectionType Math2DIntersect2Lines(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                        Point2D const &p3, Point2D &out, double tol)
 {
-    for (Point2D const *end : {&p0, &p1}) {
-        if (Math2DComparePoints(*end, p3, tol) == 0 || Math2DComparePoints(*end, p2, tol) == 0) {
-            out = *end;
-            return EndToEnd;
-        }
+    bool const atFirst = coincide(p0, p3, tol) | coincide(p0, p2, tol);
+    bool const atSecond = coincide(p1, p3, tol) | coincide(p1, p2, tol);
+    if (atFirst | atSecond) {
+        out = atFirst ? p0 : p1;
+        return EndToEnd;
     }
     Vector const d(p0, p1);
     Vector const e(p2, p3);

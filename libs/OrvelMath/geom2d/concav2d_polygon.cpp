@@ -1,57 +1,10 @@
 #include <OrvelMath/geom2d/concav2d_lines.h>
 #include <OrvelMath/geom2d/concav2d_regions.h>
+#include <OrvelMath/geom2d/rayBand_p.h>
 
 namespace concav2d {
 
 namespace {
-
-enum class Level { Below, Above, InBand };
-
-/// A horizontal band, borders included.
-struct Band
-{
-    double low;
-    double high;
-
-    Level levelOf(double y) const
-    {
-        if (low > y)
-            return Level::Below;
-        return y > high ? Level::Above : Level::InBand;
-    }
-};
-
-struct Extent
-{
-    double min = 2147483647.0;
-    double max = -2147483648.0;
-};
-
-Extent xExtent(PPtrOrderedVector<Point2D> const &polygon)
-{
-    Extent extent;
-    int const count = polygon.size();
-    for (int i = 0; i < count; ++i) {
-        double const x = polygon[i]->x();
-        if (x < extent.min)
-            extent.min = x;
-        if (x > extent.max)
-            extent.max = x;
-    }
-    return extent;
-}
-
-/// Index of the first vertex that is not strictly within the band, or -1.
-int firstOutside(PPtrOrderedVector<Point2D> const &polygon, Band const &band)
-{
-    int const count = polygon.size();
-    for (int i = 0; i < count; ++i) {
-        double const y = polygon[i]->y();
-        if (!(band.low < y && y < band.high))
-            return i;
-    }
-    return -1;
-}
 
 bool isBetween(double x, double a, double b)
 {
@@ -68,55 +21,58 @@ bool isWithin(double x, double middle, double tol)
 LocationType pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Point2D const &p,
                                  double tol)
 {
+    using rayBand::Level;
+
     int const count = polygon.size();
     if (count < 3)
         return Outside;
-    Extent const extent = xExtent(polygon);
+    auto const at = [&polygon](int i) -> Point2D const & { return *polygon[i]; };
+    rayBand::Extent const extent = rayBand::xExtent(at, count, {2147483647.0, -2147483648.0});
     if (p.x() > extent.max + tol || extent.min - tol > p.x())
         return Outside;
 
     Point2D const rayEnd(extent.max + 10000.0, p.y());
-    Band const band{p.y() - tol, p.y() + tol};
-    int const start = firstOutside(polygon, band);
+    rayBand::Band const band{p.y() - tol, p.y() + tol};
+    int const start = rayBand::firstOutside(at, count, band);
     if (start < 0)
         return Outside;
 
+    rayBand::EdgeFilter const filter(p, rayEnd.x(), extent.min, tol);
     int crossings = 0;
-    Point2D const *cur = polygon[start];
-    Level curLevel = band.levelOf(cur->y());
-    Level last = band.low > cur->y() ? Level::Below : Level::Above;
-    for (int step = 0, i = start; step < count; ++step) {
-        i = i + 1 == count ? 0 : i + 1;
-        Point2D const *const next = polygon[i];
-        Level const nextLevel = band.levelOf(next->y());
+    auto const onBoundary = [&](Point2D const &cur, Level curLevel, Point2D const &next,
+                                Level nextLevel, Level last) {
         bool const curInBand = curLevel == Level::InBand;
         bool const nextInBand = nextLevel == Level::InBand;
-
-        if (curInBand && nextInBand && isBetween(p.x(), cur->x(), next->x()))
-            return OnBoundary;
-        if (curInBand && isWithin(cur->x(), p.x(), tol))
-            return OnBoundary;
-        if (nextInBand && isWithin(next->x(), p.x(), tol))
-            return OnBoundary;
-
-        if (!curInBand && !nextInBand) {
-            if (curLevel != nextLevel) {
-                Point2D crossing;
-                IntersectionType const type =
-                    intersectEdgeEdge(*cur, *next, p, rayEnd, crossing, tol);
-                if (type == EndToEnd || type == EndOnEdge)
-                    return OnBoundary;
-                if (type == Crossing)
-                    ++crossings;
+        if (curInBand && nextInBand && isBetween(p.x(), cur.x(), next.x()))
+            return true;
+        if (curInBand && isWithin(cur.x(), p.x(), tol))
+            return true;
+        if (nextInBand && isWithin(next.x(), p.x(), tol))
+            return true;
+        if (curInBand) {
+            if (!nextInBand && cur.x() > p.x() - tol && nextLevel != last)
+                ++crossings;
+        } else if (!nextInBand && nextLevel != curLevel) {
+            switch (filter(cur, next)) {
+            case rayBand::EdgeFilter::Answer::Misses:
+                return false;
+            case rayBand::EdgeFilter::Answer::Crosses:
+                ++crossings;
+                return false;
+            case rayBand::EdgeFilter::Answer::Unclear:
+                break;
             }
-        } else if (curInBand && !nextInBand && cur->x() > p.x() - tol && nextLevel != last) {
-            ++crossings;
+            Point2D crossing;
+            IntersectionType const type = intersectEdgeEdge(cur, next, p, rayEnd, crossing, tol);
+            if (type == EndToEnd || type == EndOnEdge)
+                return true;
+            if (type == Crossing)
+                ++crossings;
         }
-        if (!curInBand)
-            last = curLevel;
-        cur = next;
-        curLevel = nextLevel;
-    }
+        return false;
+    };
+    if (rayBand::walk(at, count, start, band, onBoundary))
+        return OnBoundary;
     return crossings % 2 != 0 ? Inside : Outside;
 }
 
