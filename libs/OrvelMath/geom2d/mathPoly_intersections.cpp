@@ -125,8 +125,8 @@ int intersect_line_ellipse(Point2D const &p0, Point2D const &p1, Point2D const &
     Point2D const q0 = toOwnFrame(p0);
     Point2D const d = toOwnFrame(p1) - q0;
     double const length = d.Length();
-    // a line without direction keeps e at zero and ends in a point that is not a number
-    Point2D const e = length > 1e-100 ? d / length : Point2D();
+    // a line of no length keeps e at zero and ends in a point that is not a number
+    Point2D const e = length > 1e-100 ? d / length : Point2D(); // a length
 
     double const aa = a * a;
     double const bb = b * b;
