@@ -1,0 +1,109 @@
+#include <OrvelMath/numerics/CircleFit.h>
+#include <OrvelMath/numerics/EigenVectorComputationC.h>
+#include <OrvelMath/numerics/LinearDiophantineEquationC.h>
+#include <OrvelMath/numerics/Transforms.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <vector>
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define SANITIZED
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define SANITIZED
+#endif
+#endif
+
+// Counting needs a malloc of the program's own, which sanitizers bring too.
+#if defined(__GLIBC__) && !defined(SANITIZED)
+
+namespace {
+thread_local int allocations = 0;
+} // namespace
+
+extern "C" void *__libc_malloc(std::size_t size);
+
+extern "C" void *malloc(std::size_t size)
+{
+    ++allocations;
+    return __libc_malloc(size);
+}
+
+namespace {
+
+template <typename Call>
+int allocationsOf(Call call)
+{
+    const int before = allocations;
+    call();
+    return allocations - before;
+}
+
+TEST(Transforms, AllocateNothing)
+{
+    for (int n : {1, 2, 8, 16, 32, 64, 100, 128, 1024, 4096}) {
+        const std::size_t size = std::size_t(n);
+        std::vector<double> re(size, 1.0), im(size, 2.0), outRe(size), outIm(size);
+        std::vector<double> rootsRe(size), rootsIm(size), scratch(2 * size);
+        EXPECT_EQ(allocationsOf([&] {
+                      generateRoots(rootsRe.data(), rootsIm.data(), n);
+                      computeFFT(re.data(), im.data(), outRe.data(), outIm.data(), n,
+                                 rootsRe.data(), rootsIm.data(), scratch.data());
+                      computeInverseFFT(outRe.data(), outIm.data(), re.data(), im.data(), n,
+                                        rootsRe.data(), rootsIm.data(), scratch.data());
+                  }),
+                  0);
+    }
+    std::vector<double> grid(256), coefficients(64), workspace(2 * 256 + 5 * 16);
+    std::vector<double> weights(16), table(16 * 36);
+    std::vector<int> offsets(8, 0);
+    EXPECT_EQ(allocationsOf([&] {
+                  computeFSTSlow(grid.data(), grid.data(), coefficients.data(), coefficients.data(),
+                                 workspace.data(), false, table.data(), weights.data(),
+                                 offsets.data(), 8);
+              }),
+              0);
+}
+
+TEST(CircleFits, AllocateNothing)
+{
+    const std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> points{
+        {6, 2}, {1, 7}, {-4, 2}};
+    EXPECT_EQ(allocationsOf([&] {
+                  MatUtil::kasaFit(points);
+                  MatUtil::taubinFit(points, 0.0);
+              }),
+              0);
+}
+
+TEST(EigenVectorComputation, AllocatesItsRecordOnly)
+{
+    const matrixC3x3<double> matrix({2, 1, 0}, {1, 3, 1}, {0, 1, 4});
+    EXPECT_EQ(allocationsOf([&] { EigenVectorComputationC{matrix}; }), 1);
+    double first[3], second[3], values[3];
+    for (int algorithm = 0; algorithm < 3; ++algorithm) {
+        EXPECT_EQ(allocationsOf([&] {
+                      MatUtil::getEigenVector3d(matrix, first, second, values,
+                                                MatUtil::EigenVectorAlgoE(algorithm));
+                  }),
+                  0);
+    }
+}
+
+TEST(LinearDiophantineEquation, AllocatesNothing)
+{
+    EXPECT_EQ(allocationsOf([] {
+                  int x, y, xStep, yStep;
+                  const LinearDiophantineEquationC equation(3, 5);
+                  equation.solve(1, x, y, xStep, yStep);
+                  equation.findSolutionInRange(100, 0, 100, 0, 100, x, y);
+              }),
+              0);
+}
+
+} // namespace
+
+#endif
