@@ -145,9 +145,7 @@ Points ConvexHullBuilderC::computeConvexHull2D(Points const &points)
     Points hull;
     hull.reserve(indices.size());
     for (int index : indices) {
-        if (index < points.size()) { // the empty input has no point 0
-            hull.append(points[index]);
-        }
+        hull.append(points.value(index)); // the empty input has no point 0
     }
     return hull;
 }

@@ -65,8 +65,8 @@ public:
     /// same in each call.
     static QList<int> computeConvexHullIndices2D(QVector<vectorC2d<double>> const &points);
 
-    /// The points at `computeConvexHullIndices2D`, in its order. The empty vector gives the empty
-    /// vector: the index that is reported for it has no point.
+    /// The points at `computeConvexHullIndices2D`, in its order. The empty vector gives the one
+    /// point (0, 0), since the index that is reported for it has no point.
     static QVector<vectorC2d<double>> computeConvexHull2D(QVector<vectorC2d<double>> const &points);
 
     /// Discards points and results and takes over `points`; the list is shared, not copied.

@@ -41,15 +41,15 @@ struct HullFace
 {
     HullEdge *edges[3];
     int furthestPoint = -1; ///< index of the furthest outside point, -1 without outside points
-    unsigned number;        ///< working data: place in the order of creation
     double furthestDistance = 0.0;
     QList<int> outsidePoints; ///< in order of assignment
     vectorC3d<double> normal; ///< unit normal, pointing out of the hull
     bool alive = true;        ///< false once the face has been replaced
 
-    // Working data of a build, like `number`; it fills what alignment would leave empty.
+    // Working data of a build.
     HullFaceMark mark = HullFaceMark::None;
-    int corner; ///< edges[0]->tail, without the way over the edge
+    int corner;      ///< edges[0]->tail, without the way over the edge
+    unsigned number; ///< place in the order of creation
 
     /// Signed distance of `p` above the plane of the face.
     double height(vectorC3d<double> const &p, HullPoints const &points) const

@@ -44,12 +44,12 @@ void HullOutside::assign(HullVector<HullFace *> const &faces)
 void HullOutside::noteBlock(HullBlock const &block, std::size_t first)
 {
     for (std::size_t i = 0; i < block.size; ++i) {
-        std::size_t const number = block.slotAt(i);
+        std::size_t const number = static_cast<std::size_t>(block.slot[i]);
         m_slotOf[first + i] = static_cast<int>(number);
         Slot &slot = m_slots[number];
         ++slot.count;
-        if (block.heightAt(i) >= slot.furthestDistance && number > 0) {
-            noteFurthest(slot, m_waiting[first + i], block.heightAt(i));
+        if (block.height[i] >= slot.furthestDistance && number > 0) {
+            noteFurthest(slot, m_waiting[first + i], block.height[i]);
         }
     }
 }

@@ -1,44 +1,11 @@
 #include <OrvelMath/hull/ConvexHullBuilderC_p.h>
+#include <OrvelMath/hull/HullLanes_p.h>
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace {
-
-/// The point with the largest measure so far; of equal ones the lexicographically smallest.
-class Furthest
-{
-public:
-    explicit Furthest(vectorC3d<double> const &start)
-        : m_point(start)
-    {
-    }
-
-    void offer(double measure, int candidate, vectorC3d<double> const &point)
-    {
-        if (measure >= m_measure) {
-            take(measure, candidate, point);
-        }
-    }
-
-    double measure() const { return m_measure; }
-    int index() const { return m_index; }
-
-private:
-    void take(double measure, int candidate, vectorC3d<double> const &point)
-    {
-        if (measure > m_measure || lexicographicallyLess(point, m_point)) {
-            m_measure = measure;
-            m_index = candidate;
-            m_point = point;
-        }
-    }
-
-    double m_measure = 0.0;
-    int m_index = 0;
-    vectorC3d<double> m_point;
-};
 
 /// Indices of the lexicographically smallest and largest point, the first of equal ones.
 std::pair<int, int> lexicographicExtremes(HullPoints const &points)
@@ -64,27 +31,90 @@ std::pair<int, int> lexicographicExtremes(HullPoints const &points)
 
 /// Squared distance from the axis through `start` along the unit vector `axis`. Beyond the start
 /// the axial part counts twice instead of not at all: required so.
-Furthest furthestFromAxis(HullPoints const &points, vectorC3d<double> const &start,
-                          vectorC3d<double> const &axis)
+struct AxisMeasure
 {
-    Furthest furthest(start);
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        vectorC3d<double> const w = start - points[i];
-        double const t = axis.dot(w);
-        furthest.offer((w + axis * std::abs(t)).squaredLength(), static_cast<int>(i), points[i]);
+    vectorC3d<double> start;
+    vectorC3d<double> axis;
+
+    HULL_LANES_INLINE void operator()(Lanes &measure, LanePoints const &p) const
+    {
+        LanePoints w{start.x() - p.x, start.y() - p.y, start.z() - p.z};
+        Lanes t;
+        dotLanes(t, w, axis);
+        t = t < 0.0 ? -t : t;
+        w.x += axis.x() * t;
+        w.y += axis.y() * t;
+        w.z += axis.z() * t;
+        measure = 0.0 + w.x * w.x + w.y * w.y + w.z * w.z;
+    }
+};
+
+/// Distance from the plane through `start` with the unit normal `normal`, on either side.
+struct PlaneMeasure
+{
+    vectorC3d<double> start;
+    vectorC3d<double> normal;
+
+    HULL_LANES_INLINE void operator()(Lanes &measure, LanePoints const &p) const
+    {
+        LanePoints const w{start.x() - p.x, start.y() - p.y, start.z() - p.z};
+        dotLanes(measure, w, normal);
+        measure = measure < 0.0 ? -measure : measure;
+    }
+};
+
+/// The point with the largest measure so far; of equal ones the lexicographically smallest.
+struct Furthest
+{
+    double measure;
+    int index;
+    vectorC3d<double> point;
+
+    void offer(double candidateMeasure, std::size_t candidate, vectorC3d<double> const &p)
+    {
+        if (candidateMeasure > measure ||
+            (candidateMeasure == measure && lexicographicallyLess(p, point))) {
+            measure = candidateMeasure;
+            index = static_cast<int>(candidate);
+            point = p;
+        }
+    }
+};
+
+template <typename Measure>
+HULL_LANES_INLINE Furthest findFurthest(HullPoints const &points, Measure const &measure)
+{
+    Furthest furthest{0.0, 0, measure.start};
+    for (std::size_t i = 0; i < points.size(); i += laneCount) {
+        vectorC3d<double> tail[laneCount]; // the last points, filled up
+        std::size_t const count = std::min(points.size() - i, laneCount);
+        bool const whole = count == laneCount;
+        if (!whole) {
+            std::copy_n(points.data() + i, count, tail);
+        }
+        LanePoints lanes = {};
+        readPoints(lanes, whole ? points.data() + i : tail);
+        Lanes measures;
+        measure(measures, lanes);
+        if (anyLane(measures >= furthest.measure)) {
+            for (std::size_t k = 0; k < count; ++k) {
+                furthest.offer(measures[k], i + k, points[i + k]);
+            }
+        }
     }
     return furthest;
 }
 
-/// Distance from the plane through `start` with the unit normal `normal`, on either side.
-Furthest furthestFromPlane(HullPoints const &points, vectorC3d<double> const &start,
-                           vectorC3d<double> const &normal)
+template <typename Measure>
+HULL_WIDE_LANES Furthest findFurthestWide(HullPoints const &points, Measure const &measure)
 {
-    Furthest furthest(start);
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        furthest.offer(std::abs((start - points[i]).dot(normal)), static_cast<int>(i), points[i]);
-    }
-    return furthest;
+    return findFurthest(points, measure);
+}
+
+template <typename Measure>
+Furthest furthestBy(Measure const &measure, HullPoints const &points)
+{
+    return hasWideLanes() ? findFurthestWide(points, measure) : findFurthest(points, measure);
 }
 
 /// A triangle by the indices of its corners.
@@ -119,16 +149,16 @@ int ConvexHullBuilderCPrivate::computeInitialSimplex(HullPoints const &coordinat
         return 0;
     }
 
-    Furthest const fromAxis = furthestFromAxis(coordinates, at(a), ab / ab.length());
-    if (std::sqrt(fromAxis.measure()) < 1e-8) { // a length
+    Furthest const fromAxis = furthestBy(AxisMeasure{at(a), ab / ab.length()}, coordinates);
+    if (std::sqrt(fromAxis.measure) < 1e-8) { // a length
         return 1;
     }
-    int const c = fromAxis.index();
+    int const c = fromAxis.index;
 
     vectorC3d<double> const normal = hullUnit((at(c) - at(a)).cross(ab));
-    Furthest const fromPlane = furthestFromPlane(coordinates, at(a), normal);
-    int const d = fromPlane.index();
-    if (fromPlane.measure() < 1e-8) { // a length
+    Furthest const fromPlane = furthestBy(PlaneMeasure{at(a), normal}, coordinates);
+    int const d = fromPlane.index;
+    if (fromPlane.measure < 1e-8) { // a length
         bool const reversed = orientFace(coordinates, {a, b, c}, d);
         int const second = reversed ? c : b;
         int const third = reversed ? b : c;

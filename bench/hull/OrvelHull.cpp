@@ -1,0 +1,35 @@
+#include "HullBench.h"
+
+#include <OrvelMath/hull/ConvexHullBuilderC.h>
+
+#include <memory>
+
+namespace {
+
+void inSpace(benchmark::State &state, std::string const &kind)
+{
+    QList<vectorC3d<double>> points;
+    for (Point3 const &p : spaceCloud(kind, static_cast<int>(state.range(0)))) {
+        points.append({p[0], p[1], p[2]});
+    }
+    measureBuild(state, [&points] {
+        auto builder = std::make_unique<ConvexHullBuilderC>(points);
+        builder->buildHull();
+        return builder;
+    });
+}
+
+void inThePlane(benchmark::State &state, std::string const &kind)
+{
+    QVector<vectorC2d<double>> points;
+    for (Point2 const &p : planeCloud(kind, static_cast<int>(state.range(0)))) {
+        points.append({p[0], p[1]});
+    }
+    measureBuild(state,
+                 [&points] { return ConvexHullBuilderC::computeConvexHullIndices2D(points); });
+}
+
+bool const registered =
+    (forSpaceClouds("Orvel", inSpace), forPlaneClouds("Orvel", inThePlane), true);
+
+} // namespace
