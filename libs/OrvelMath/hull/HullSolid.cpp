@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace {
+
 /// Quickhull from a tetrahedron on: the furthest point of the face with the largest outside
 /// distance sees part of the hull, and a fan from its horizon to the point takes the place of that
 /// part.
@@ -186,6 +188,8 @@ void HullSolid::distribute()
         }
     }
 }
+
+} // namespace
 
 void ConvexHullBuilderCPrivate::buildSolid(HullPoints const &coordinates)
 {
