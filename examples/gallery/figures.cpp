@@ -9,6 +9,7 @@ std::vector<Figure> allFigures()
         constructionFigures,
         conicFigures,
         numericsFigures,
+        lookupFigures,
     };
     std::vector<Figure> figures;
     for (auto const subject : subjects) {
