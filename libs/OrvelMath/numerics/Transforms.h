@@ -2,21 +2,23 @@
 
 #include <OrvelMath/OrvelMathExport.h>
 
-// Fourier and Legendre transforms on arrays of the caller.
-//
-// Complex data are always two arrays, real parts and imaginary parts. Nothing here allocates, and
-// nothing outside the arrays told is touched. Sizes are trusted. There is no state: concurrent
-// calls on separate arrays are safe.
-//
-// THE FORWARD TRANSFORM HAS THE POSITIVE EXPONENT, contrary to most other libraries:
-//
-// | Function          | Result                                                | Scaled by |
-// |-------------------|-------------------------------------------------------|-----------|
-// | computeFFT        | X[k] = sum over j of x[j] * exp(+2*pi*i*j*k/n)        | 1         |
-// | computeInverseFFT | x[j] = 1/n sum over k of X[k] * exp(-2*pi*i*j*k/n)    | 1/n       |
-//
-// The result of every function is the same to the last bit on every processor: vector units take
-// independent butterflies or rows side by side and never split a sum.
+/// \file
+/// Fourier and Legendre transforms on arrays of the caller.
+///
+/// Complex data are always two arrays, real parts and imaginary parts. Nothing here allocates, and
+/// nothing outside the arrays told is touched. Sizes are trusted. There is no state: concurrent
+/// calls on separate arrays are safe.
+///
+/// THE FORWARD TRANSFORM HAS THE POSITIVE EXPONENT, contrary to most other libraries:
+///
+/// | Function          | Result                                                | Scaled by |
+/// |-------------------|-------------------------------------------------------|-----------|
+/// | computeFFT        | X[k] = sum over j of x[j] * exp(+2*pi*i*j*k/n)        | 1         |
+/// | computeInverseFFT | x[j] = 1/n sum over k of X[k] * exp(-2*pi*i*j*k/n)    | 1/n       |
+///
+/// The transforms give the same bits on every processor: vector units take independent butterflies
+/// or rows side by side and never split a sum. (The roots come from the C library's sine and
+/// cosine.)
 
 /// Fills the table of roots for transforms of size `n`: entry k is exp(+2*pi*i*k/n), its parts in
 /// `re[k]` and `im[k]`. Nothing happens for n <= 0.
