@@ -10,6 +10,8 @@ int main(int argc, char **argv)
     CLI::App app("Tells what a mesh is like: measures, convex hull, pictures.", "orvel-inspect");
     app.require_subcommand(0, 1);
     addHullCommand(app);
+    addVolumeCommand(app);
+    addCompareCommand(app);
     try {
         app.parse(argc, argv);
         return 0;

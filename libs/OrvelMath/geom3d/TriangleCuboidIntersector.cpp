@@ -209,21 +209,20 @@ TriangleCuboidIntersector::testHalf(Vector const &minCorner, Vector const &maxCo
     if (rangesApart(minCorner, maxCorner, Axis))
         return TriangleCuboidDisjoint;
     const CentredScene<Axis> scene(p0, p1, p2, minCorner, maxCorner);
-    const bool meets = scene.edgeAxesMeet(e0, e1, e2) & !scene.planeSeparates(normal);
-    return meets ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
+    const bool edgesMeet = scene.edgeAxesMeet(e0, e1, e2);
+    const bool planeSeparates = scene.planeSeparates(normal);
+    return edgesMeet & !planeSeparates ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
 }
 
 inline TriangleCuboidIntersectionType
 TriangleCuboidIntersector::testAll(Vector const &minCorner, Vector const &maxCorner) const
 {
-    bool within = true;
-    bool apart = false;
-    for (int q = 0; q < 3; ++q) {
-        within = within & centroidWithin(minCorner, maxCorner, q);
-        apart = apart | rangesApart(minCorner, maxCorner, q);
-    }
-    if (within | apart)
-        return within ? TriangleCuboidContainsCentroid : TriangleCuboidDisjoint;
+    if (centroidWithin(minCorner, maxCorner, 0) && centroidWithin(minCorner, maxCorner, 1) &&
+        centroidWithin(minCorner, maxCorner, 2))
+        return TriangleCuboidContainsCentroid;
+    if (rangesApart(minCorner, maxCorner, 0) || rangesApart(minCorner, maxCorner, 1) ||
+        rangesApart(minCorner, maxCorner, 2))
+        return TriangleCuboidDisjoint;
     const CentredScene<0> seenFromX(p0, p1, p2, minCorner, maxCorner);
     const CentredScene<1> seenFromY(p0, p1, p2, minCorner, maxCorner);
     const bool meets = seenFromX.edgeAxesMeet(e0, e1, e2) && seenFromY.edgeAxesMeet(e0, e1, e2) &&

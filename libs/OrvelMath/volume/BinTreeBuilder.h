@@ -89,6 +89,10 @@ public:
     /// resolution that it meets, touching included. To be called before `findOuterArea`. A triangle
     /// with a NaN is not recorded. Linear in the number of cells met; recursion is as deep as the
     /// tree.
+    ///
+    /// Touching is decided in rounded arithmetic: a triangle that lies to the last bit in the plane
+    /// between two cells may be missed by both, which lets the fill through. Choose `bounds` so
+    /// that no face of the mesh lies in such a plane, or so that all halves are exact.
     void addTriangle(vectorC3d<double> const &a, vectorC3d<double> const &b,
                      vectorC3d<double> const &c);
 
