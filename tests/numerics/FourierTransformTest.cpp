@@ -255,6 +255,20 @@ TEST(ComputeFFT, MayWriteOverItsInput)
     }
 }
 
+TEST(ComputeFFT, MayWriteOverTheRoots)
+{
+    for (int n : {4, 64, 128, 1024}) {
+        SCOPED_TRACE(n);
+        Signal input = randomSignal(n, 78), roots = rootsOf(n);
+        const Signal expected = run(input, true);
+        GuardedArray scratch(2 * n);
+        computeInverseFFT(input.re.data(), input.im.data(), roots.re.data(), roots.im.data(), n,
+                          roots.re.data(), roots.im.data(), scratch.data());
+        expectSameBits(expected, roots);
+        EXPECT_TRUE(scratch.intact());
+    }
+}
+
 TEST(ComputeFFT, ArraysNeedNoAlignment)
 {
     const int n = 256;

@@ -29,8 +29,9 @@ void transform2(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, Complex
     transform<2, Inverse>(in, out, scratch, n, roots);
 }
 
-/// Butterfly by butterfly in `scratch`, then bit-reversed to `out`: for sizes too small for vectors
-/// and for those that are no power of two, of which floor(log2(n)) stages are run.
+/// Butterfly by butterfly in `scratch`, then bit-reversed to `out`: for sizes too small for
+/// vectors, for those that are no power of two, of which floor(log2(n)) stages are run, and for
+/// outputs that take the place of the roots.
 template <bool Inverse>
 void plainTransform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
 {
@@ -61,15 +62,16 @@ void plainTransform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, Com
 template <bool Inverse>
 void run(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
 {
-    const bool powerOfTwo = n > 0 && (n & (n - 1)) == 0;
+    // The passes keep results in `out` while they still need the roots.
+    const bool inPasses = n > 0 && (n & (n - 1)) == 0 && !overlap(out, roots, n);
 #if defined(__x86_64__)
     const int width = vectorWidth();
-    if (powerOfTwo && width >= 8 && n >= smallestSize(8))
+    if (inPasses && width >= 8 && n >= smallestSize(8))
         return transform8<Inverse>(in, out, scratch, n, roots);
-    if (powerOfTwo && width >= 4 && n >= smallestSize(4))
+    if (inPasses && width >= 4 && n >= smallestSize(4))
         return transform4<Inverse>(in, out, scratch, n, roots);
 #endif
-    if (powerOfTwo && n >= smallestSize(2))
+    if (inPasses && n >= smallestSize(2))
         return transform2<Inverse>(in, out, scratch, n, roots);
     if (n > 0)
         plainTransform<Inverse>(in, out, scratch, n, roots);

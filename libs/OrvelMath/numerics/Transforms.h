@@ -30,8 +30,8 @@ ORVELMATH_EXPORT void generateRoots(double *re, double *im, int n);
 /// arrays, and n <= 0 none. All arrays have n doubles, `scratch` has 2*n. `rootsRe` and `rootsIm`
 /// are the table of generateRoots() for this n.
 ///
-/// The input is not changed, unless it is given as the output too, which is allowed. Input and
-/// output must not overlap `scratch`, nor any of them the roots. What stands in `scratch`
+/// The input is not changed, unless the output is given the same arrays, which is allowed, as is
+/// writing over the roots. Neither input nor output may overlap `scratch`. What stands in `scratch`
 /// afterwards is unspecified. Cost: O(n log n).
 ORVELMATH_EXPORT void computeFFT(double *inRe, double *inIm, double *outRe, double *outIm, int n,
                                  double *rootsRe, double *rootsIm, double *scratch);
