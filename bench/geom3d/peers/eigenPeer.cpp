@@ -1,0 +1,73 @@
+#include "eigenPeer.h"
+
+#include <Eigen/Geometry>
+#include <Eigen/LU>
+
+namespace {
+
+using Matrix = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;
+using MatrixMap = Eigen::Map<Matrix>;
+using ConstMatrixMap = Eigen::Map<const Matrix>;
+using VectorMap = Eigen::Map<Eigen::Vector3d>;
+using ConstVectorMap = Eigen::Map<const Eigen::Vector3d>;
+using QuaternionMap = Eigen::Map<Eigen::Quaterniond>;
+using ConstQuaternionMap = Eigen::Map<const Eigen::Quaterniond>;
+
+} // namespace
+
+void eigenPeer::multiply(double (*result)[4], const double (*a)[4], const double (*b)[4])
+{
+    MatrixMap product(*result);
+    product = ConstMatrixMap(*a) * ConstMatrixMap(*b); // by way of a temporary
+}
+
+void eigenPeer::invert(double (*m)[4])
+{
+    MatrixMap map(*m);
+    map = map.inverse().eval();
+}
+
+void eigenPeer::invertOrthogonal(double (*m)[4])
+{
+    MatrixMap map(*m);
+    const Eigen::Matrix3d turned = map.topLeftCorner<3, 3>().transpose();
+    const Eigen::Vector3d moved = -(turned * map.topRightCorner<3, 1>());
+    map.topLeftCorner<3, 3>() = turned;
+    map.topRightCorner<3, 1>() = moved;
+}
+
+void eigenPeer::transform(const double (*m)[4], const double *point, double *image)
+{
+    const ConstMatrixMap map(*m);
+    VectorMap mapped(image);
+    mapped.noalias() =
+        map.topLeftCorner<3, 3>() * ConstVectorMap(point) + map.topRightCorner<3, 1>();
+}
+
+void eigenPeer::transformRespectW(const double (*m)[4], const double *point, double *image)
+{
+    const ConstMatrixMap map(*m);
+    const Eigen::Vector4d full = map * ConstVectorMap(point).homogeneous();
+    VectorMap mapped(image);
+    mapped = full.hnormalized();
+}
+
+void eigenPeer::matrixOf(const double *quaternion, double (*m)[4])
+{
+    MatrixMap map(*m);
+    map.setIdentity();
+    map.topLeftCorner<3, 3>() = ConstQuaternionMap(quaternion).toRotationMatrix().transpose();
+}
+
+void eigenPeer::quaternionOf(const double (*m)[4], double *quaternion)
+{
+    const ConstMatrixMap map(*m);
+    QuaternionMap result(quaternion);
+    result = Eigen::Matrix3d(map.topLeftCorner<3, 3>().transpose());
+}
+
+void eigenPeer::slerp(const double *from, const double *to, double t, double *between)
+{
+    QuaternionMap result(between);
+    result = ConstQuaternionMap(from).slerp(t, ConstQuaternionMap(to));
+}

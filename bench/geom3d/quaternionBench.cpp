@@ -1,0 +1,100 @@
+#include "samples.h"
+
+#include <benchmark/benchmark.h>
+
+#ifdef ORVEL_HAVE_EIGEN
+#include "peers/eigenPeer.h"
+#endif
+
+#include <array>
+
+namespace {
+
+void QuaternionToMatrixOrvel(benchmark::State &state)
+{
+    const std::vector<Quaternion4D> q = anyQuaternions();
+    Turn turn;
+    for (auto _ : state) {
+        Matrix4X4C m = q[turn.next()].GetMatrix();
+        benchmark::DoNotOptimize(m);
+    }
+}
+BENCHMARK(QuaternionToMatrixOrvel);
+
+void MatrixToQuaternionOrvel(benchmark::State &state)
+{
+    const std::vector<Matrix4X4C> m = anyMatrices(true);
+    Quaternion4D q;
+    Turn turn;
+    for (auto _ : state) {
+        q.SetMatrix(m[turn.next()]);
+        benchmark::DoNotOptimize(q);
+    }
+}
+BENCHMARK(MatrixToQuaternionOrvel);
+
+void SlerpOrvel(benchmark::State &state)
+{
+    const std::vector<Quaternion4D> q = anyQuaternions();
+    Turn turn;
+    for (auto _ : state) {
+        Quaternion4D between = q[turn.next()].Slerp(q[0], 0.3);
+        benchmark::DoNotOptimize(between);
+    }
+}
+BENCHMARK(SlerpOrvel);
+
+#ifdef ORVEL_HAVE_EIGEN
+
+using Components = std::array<double, 4>;
+
+std::vector<Components> anyComponents()
+{
+    std::vector<Components> result;
+    for (const Quaternion4D &q : anyQuaternions()) {
+        Components c;
+        q.GetComponents(c[0], c[1], c[2], c[3]);
+        result.push_back(c);
+    }
+    return result;
+}
+
+void QuaternionToMatrixEigen(benchmark::State &state)
+{
+    const std::vector<Components> q = anyComponents();
+    Turn turn;
+    for (auto _ : state) {
+        double m[4][4];
+        eigenPeer::matrixOf(q[turn.next()].data(), m);
+        benchmark::DoNotOptimize(m);
+    }
+}
+BENCHMARK(QuaternionToMatrixEigen);
+
+void MatrixToQuaternionEigen(benchmark::State &state)
+{
+    const std::vector<Matrix4X4C> m = anyMatrices(true);
+    Turn turn;
+    for (auto _ : state) {
+        Components q;
+        eigenPeer::quaternionOf(m[turn.next()].GetConstMatrixRef(), q.data());
+        benchmark::DoNotOptimize(q);
+    }
+}
+BENCHMARK(MatrixToQuaternionEigen);
+
+void SlerpEigen(benchmark::State &state)
+{
+    const std::vector<Components> q = anyComponents();
+    Turn turn;
+    for (auto _ : state) {
+        Components between;
+        eigenPeer::slerp(q[turn.next()].data(), q[0].data(), 0.3, between.data());
+        benchmark::DoNotOptimize(between);
+    }
+}
+BENCHMARK(SlerpEigen);
+
+#endif
+
+} // namespace

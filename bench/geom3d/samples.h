@@ -1,0 +1,66 @@
+#pragma once
+
+#include <OrvelMath/base/Matrix4X4C.h>
+#include <OrvelMath/base/Quaternion4D.h>
+
+#include <random>
+#include <vector>
+
+/// Inputs for the benchmarks: a fixed seed, and a number of samples that stays in the first cache.
+constexpr std::size_t sampleCount = 64;
+
+inline double anyNumber(std::mt19937_64 &random, double limit)
+{
+    return std::uniform_real_distribution<double>(-limit, limit)(random);
+}
+
+inline Point3D anyPoint(std::mt19937_64 &random, double limit = 10.0)
+{
+    const double x = anyNumber(random, limit);
+    const double y = anyNumber(random, limit);
+    return Point3D(x, y, anyNumber(random, limit));
+}
+
+/// Rotations with translation, scaled if wanted.
+inline std::vector<Matrix4X4C> anyMatrices(bool orthonormal)
+{
+    std::mt19937_64 random(20240229);
+    std::vector<Matrix4X4C> matrices(sampleCount);
+    for (Matrix4X4C &m : matrices) {
+        const Point3D angles = anyPoint(random, 180.0);
+        m.Rotate(angles.x(), angles.y(), angles.z());
+        if (!orthonormal)
+            m.Scale(1.5, 0.75, 2.0);
+        const Point3D shift = anyPoint(random);
+        m.Translate(shift.x(), shift.y(), shift.z());
+    }
+    return matrices;
+}
+
+inline std::vector<Point3D> anyPoints()
+{
+    std::mt19937_64 random(20240301);
+    std::vector<Point3D> points(sampleCount);
+    for (Point3D &p : points)
+        p = anyPoint(random);
+    return points;
+}
+
+inline std::vector<Quaternion4D> anyQuaternions()
+{
+    std::mt19937_64 random(20240302);
+    std::vector<Quaternion4D> quaternions(sampleCount);
+    for (Quaternion4D &q : quaternions)
+        q.SetRotation(anyPoint(random), anyNumber(random, 3.1));
+    return quaternions;
+}
+
+/// Goes round the samples.
+class Turn
+{
+public:
+    std::size_t next() { return mIndex = (mIndex + 1) % sampleCount; }
+
+private:
+    std::size_t mIndex = 0;
+};
