@@ -342,6 +342,19 @@ TEST(LinearSystem, InfinitePivotTurnsFiniteValuesToZero)
     EXPECT_EQ(system.reduced[2], 0.0);
 }
 
+TEST(LinearSystem, NanSpreadsThroughTheTransformRecord)
+{
+    // The second step multiplies the NaN of the last row by the zeros of its matrix.
+    const auto system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
+    for (double value : system.transform)
+        EXPECT_TRUE(std::isnan(value));
+    const double rhs[2] = {1.0, 1.0};
+    double solution[2];
+    EXPECT_EQ(system.solve(rhs, solution), 1);
+    EXPECT_TRUE(std::isnan(solution[0]));
+    EXPECT_EQ(solution[1], 0.0);
+}
+
 TEST(LinearSystem, EqualCandidatesTakeTheFirstRow)
 {
     const auto system = fromRows<3, 3>({{2.0, 1.0, 0.0}, {-2.0, 0.0, 1.0}, {2.0, 5.0, 5.0}}, 1e-12);

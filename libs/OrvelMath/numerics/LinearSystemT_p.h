@@ -50,10 +50,21 @@ private:
     double &u(int row, int column) { return reduced[row + R * column]; }
     double u(int row, int column) const { return reduced[row + R * column]; }
 
-    void reduce();
+    /// What the reduction of one column does to the rows: exchange, scale, subtract.
+    struct Step
+    {
+        bool hasPivot;
+        int row;             ///< where the pivot goes
+        int pivotRow;        ///< where it stood
+        double scale;        ///< 1 / pivot
+        double multiples[R]; ///< of the unscaled pivot row, added to each row below it
+    };
+
+    int reduce(Step *steps);
     int findPivotRow(int column, int firstRow) const;
-    void eliminate(int column, int row, int pivotRow, double *operation);
-    void applyToTransform(const double *operation);
+    void eliminate(int column, Step &step);
+    void applyToTransform(const Step &step);
+    void multiplyTransform(const Step *steps, int count);
 
     bool isConsistent(const double *y) const;
     int findPivotColumn(int row, int end) const;
@@ -69,6 +80,26 @@ void setIdentity(double *matrix)
         matrix[cell] = cell % (N + 1) == 0 ? 1.0 : 0.0;
 }
 
+template <int N>
+bool isFinite(const double (&values)[N])
+{
+    for (double value : values) {
+        if (!std::isfinite(value))
+            return false;
+    }
+    return true;
+}
+
+template <int N>
+void swapRows(double *matrix, int first, int second, int columnCount)
+{
+    for (int cell = 0; cell < N * columnCount; cell += N) {
+        const double swapped = matrix[first + cell];
+        matrix[first + cell] = matrix[second + cell];
+        matrix[second + cell] = swapped;
+    }
+}
+
 } // namespace LinearSystemDetail
 
 template <int R, int C>
@@ -79,35 +110,39 @@ LinearSystemT<R, C>::LinearSystemT(const double *columns, double pivotEpsilon)
 {
     for (int cell = 0; cell < R * C; ++cell)
         reduced[cell] = source[cell] = columns[cell];
-    reduce();
+    Step steps[C];
+    const int stepCount = reduce(steps);
+    if (!LinearSystemDetail::isFinite(transform))
+        multiplyTransform(steps, stepCount);
 }
 
 template <int R, int C>
-void LinearSystemT<R, C>::reduce()
+int LinearSystemT<R, C>::reduce(Step *steps)
 {
     LinearSystemDetail::setIdentity<R>(transform);
     double pivotProduct = 1.0;
-    int row = 0;
-    for (int column = 0; column < C && row < R; ++column) {
-        double operation[R * R];
-        LinearSystemDetail::setIdentity<R>(operation);
-
-        const int pivotRow = findPivotRow(column, row);
-        if (std::fabs(u(pivotRow, column)) > epsilon) {
-            ++rank;
-            if (pivotRow != row)
-                pivotProduct = -pivotProduct;
-            pivotProduct *= u(pivotRow, column);
-            eliminate(column, row, pivotRow, operation);
-            ++row;
-        } else {
-            for (int i = row; i < R; ++i)
+    int column = 0;
+    for (; column < C && rank < R; ++column) {
+        Step &step = steps[column];
+        step.row = rank;
+        step.pivotRow = findPivotRow(column, rank);
+        const double pivot = u(step.pivotRow, column);
+        step.hasPivot = std::fabs(pivot) > epsilon;
+        if (!step.hasPivot) {
+            for (int i = rank; i < R; ++i)
                 u(i, column) = 0.0;
+            continue;
         }
-        applyToTransform(operation);
+        if (step.pivotRow != rank)
+            pivotProduct = -pivotProduct;
+        pivotProduct *= pivot;
+        eliminate(column, step);
+        applyToTransform(step);
+        ++rank;
     }
     if (rank >= (R > C ? R : C))
         determinant = pivotProduct;
+    return column;
 }
 
 /// The first row of the greatest magnitude; a NaN neither displaces nor is displaced.
@@ -122,52 +157,72 @@ int LinearSystemT<R, C>::findPivotRow(int column, int firstRow) const
     return best;
 }
 
-/// Brings the pivot to `row`, scales it to 1 and clears the column below it. `operation`, the
-/// identity on entry, becomes the matrix of these row operations.
+/// Brings the pivot to its row, scales it to 1 and clears the column below it.
 template <int R, int C>
-void LinearSystemT<R, C>::eliminate(int column, int row, int pivotRow, double *operation)
+void LinearSystemT<R, C>::eliminate(int column, Step &step)
 {
-    if (pivotRow != row) {
-        for (int c = column; c < C; ++c) {
-            const double swapped = u(row, c);
-            u(row, c) = u(pivotRow, c);
-            u(pivotRow, c) = swapped;
-        }
-        operation[pivotRow + R * row] = 1.0;
-        operation[row + R * row] = 0.0;
-        operation[pivotRow + R * pivotRow] = 0.0;
-    }
+    const int row = step.row;
+    if (step.pivotRow != row)
+        LinearSystemDetail::swapRows<R>(reduced + R * column, row, step.pivotRow, C - column);
 
     const double pivot = u(row, column);
-    const double inversePivot = 1.0 / pivot;
+    step.scale = 1.0 / pivot;
     for (int c = column + 1; c < C; ++c)
         u(row, c) /= pivot;
     u(row, column) = 1.0;
-    operation[row + R * pivotRow] = inversePivot;
 
     for (int i = row + 1; i < R; ++i) {
         const double factor = u(i, column);
         for (int c = column + 1; c < C; ++c)
             u(i, c) -= u(row, c) * factor;
         u(i, column) = 0.0;
-        operation[i + R * pivotRow] = -factor * inversePivot;
+        step.multiples[i] = -factor * step.scale;
     }
 }
 
+/// T = P * T, P being the matrix of the step, without the products with the zeros of P.
 template <int R, int C>
-void LinearSystemT<R, C>::applyToTransform(const double *operation)
+void LinearSystemT<R, C>::applyToTransform(const Step &step)
 {
-    double product[R * R];
-    for (int c = 0; c < R; ++c) {
-        for (int r = 0; r < R; ++r) {
-            double sum = 0.0;
-            for (int k = 0; k < R; ++k)
-                sum += operation[r + R * k] * transform[k + R * c];
-            product[r + R * c] = sum;
-        }
+    const int row = step.row;
+    if (step.pivotRow != row)
+        LinearSystemDetail::swapRows<R>(transform, row, step.pivotRow, R);
+    for (int cell = 0; cell < R * R; cell += R) {
+        const double value = transform[row + cell];
+        for (int i = row + 1; i < R; ++i)
+            transform[i + cell] += step.multiples[i] * value;
+        transform[row + cell] = 0.0 + step.scale * value; // a sum is never a negative zero
     }
-    for (int cell = 0; cell < R * R; ++cell)
-        transform[cell] = product[cell];
+}
+
+/// T once more, by full products. The zeros of P count where T is not finite: they spread NaN from
+/// one row to the others.
+template <int R, int C>
+void LinearSystemT<R, C>::multiplyTransform(const Step *steps, int count)
+{
+    LinearSystemDetail::setIdentity<R>(transform);
+    for (const Step *step = steps; step != steps + count; ++step) {
+        double operation[R * R];
+        LinearSystemDetail::setIdentity<R>(operation);
+        if (step->hasPivot) {
+            if (step->pivotRow != step->row)
+                LinearSystemDetail::swapRows<R>(operation, step->row, step->pivotRow, R);
+            operation[step->row + R * step->pivotRow] = step->scale;
+            for (int i = step->row + 1; i < R; ++i)
+                operation[i + R * step->pivotRow] = step->multiples[i];
+        }
+        double product[R * R];
+        for (int c = 0; c < R; ++c) {
+            for (int r = 0; r < R; ++r) {
+                double sum = 0.0;
+                for (int k = 0; k < R; ++k)
+                    sum += operation[r + R * k] * transform[k + R * c];
+                product[r + R * c] = sum;
+            }
+        }
+        for (int cell = 0; cell < R * R; ++cell)
+            transform[cell] = product[cell];
+    }
 }
 
 template <int R, int C>
@@ -251,5 +306,5 @@ double LinearSystemT<R, C>::backSubstitute(int row, int column, double value, co
         if (j != skip)
             sum += known[j] * u(row, j);
     }
-    return std::fabs(u(row, column)) > 0.0 ? (value - sum) / u(row, column) : 0.0;
+    return value - sum; // the pivot is exactly 1
 }
