@@ -8,6 +8,7 @@ std::vector<Figure> allFigures()
         planeFigures,
         constructionFigures,
         conicFigures,
+        spaceFigures,
         numericsFigures,
         lookupFigures,
     };

@@ -53,7 +53,7 @@ Matrix4X4C::Matrix4X4C()
 
 Matrix4X4C::Matrix4X4C(const double (&values)[4][4])
 {
-    SetMatrixRef(values);
+    std::memcpy(m_m, values, sizeof m_m);
 }
 
 Matrix4X4C::Matrix4X4C(const matrixC4x4<double> &m)
@@ -220,7 +220,7 @@ void Matrix4X4C::InvertOrthogonal()
             std::swap(m_m[row][col], m_m[col][row]);
         }
     }
-    Point3D const t = GetMatT();
+    Point3D const t = column(m_m, 3);
     for (auto row = m_m; row != m_m + 3; ++row) {
         double const *const r = *row;
         (*row)[3] = (r[1] * t.y() + r[0] * t.x() + r[2] * t.z() + 0.0) * -1.0;
@@ -275,7 +275,7 @@ bool Matrix4X4C::operator!=(const Matrix4X4C &o) const
 
 Matrix4X4C Matrix4X4C::operator*(const Matrix4X4C &o) const
 {
-    Matrix4X4C result;
+    Matrix4X4C result{Unwritten()};
     Math3DMultMatrix(result.m_m, m_m, o.m_m);
     return result;
 }
@@ -288,7 +288,7 @@ Matrix4X4C &Matrix4X4C::operator*=(const Matrix4X4C &o)
 
 Matrix4X4C Matrix4X4C::operator-() const
 {
-    Matrix4X4C result;
+    Matrix4X4C result{Unwritten()};
     for (int row = 0; row < 4; ++row) {
         for (int col = 0; col < 4; ++col) {
             result.m_m[row][col] = -m_m[row][col];
@@ -305,5 +305,6 @@ Point3D Matrix4X4C::MultMatrixVector(const Point3D &p) const
 Point3D Matrix4X4C::MultMatrixVectorRespectW(const Point3D &p) const
 {
     double const reciprocal = 1.0 / rowTimesPoint(m_m[3], p);
-    return MultMatrixVector(p) * reciprocal;
+    return {rowTimesPoint(m_m[0], p) * reciprocal, rowTimesPoint(m_m[1], p) * reciprocal,
+            rowTimesPoint(m_m[2], p) * reciprocal};
 }

@@ -163,5 +163,11 @@ public:
     ORVELMATH_CLASS_ALLOCATION
 
 private:
+    struct Unwritten
+    {
+    };
+    /// Leaves the elements unwritten, for results that are filled in at once.
+    explicit Matrix4X4C(Unwritten) {}
+
     double m_m[4][4];
 };
