@@ -213,13 +213,13 @@ TEST(Dispatcher, LetsOtherExceptionsPass)
     EXPECT_THROW(call(probe(), "throwsOther"), std::bad_alloc);
 }
 
-TEST(Dispatcher, LeavesTheResultAloneWhenItFails)
+TEST(Dispatcher, EmptiesTheResultWhenItFails)
 {
     const mzComPtrT<Probe> object(new Probe);
     mzComVariantC result("preset");
     mzComPtrT<mzIException> exception;
     EXPECT_FALSE(object->invokeByName("missing", proxyMethod, {}, result, exception));
-    EXPECT_STREQ(result.toString().utf8(), "preset");
+    EXPECT_TRUE(result.isEmpty());
     ASSERT_TRUE(exception);
     mzComPtrT<mzIException> same;
     EXPECT_TRUE(exception->queryInterface(mzIException::IID(), same));

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -111,6 +112,20 @@ TEST(Variant, HoldsOneKindAtATime)
     EXPECT_TRUE(number.toString().isEmpty());
     EXPECT_FALSE(number.toObject());
     EXPECT_TRUE(mzComVariantC(mzComPtrT<mzIUnknown>()).isEmpty());
+}
+
+TEST(Variant, IsEmptyAfterAMove)
+{
+    mzComVariantC from[] = {2.5, "two", mzComVariantC(pairProxy(1, 2)), pairVariant(1, 2)};
+    for (mzComVariantC &variant : from) {
+        const mzComStringC type = variant.typeName();
+        mzComVariantC constructed = std::move(variant);
+        EXPECT_TRUE(variant.isEmpty() && variant.toDouble() == 0.0 && !variant.toObject());
+        EXPECT_TRUE(constructed.typeName() == type);
+        variant = std::move(constructed);
+        EXPECT_TRUE(constructed.isEmpty() && constructed.toString().isEmpty());
+        EXPECT_TRUE(variant.typeName() == type);
+    }
 }
 
 TEST(Variant, NamesItsTypeForMessages)

@@ -30,7 +30,7 @@ mzComVariantC mzComVariantC::fromUserData(int id, const void *value)
         const mzComValueMarshalS *record = entry->record;
         variant.m_kind = Kind::User;
         variant.m_record = record;
-        variant.m_user.reset(record->create(value), record->destroy);
+        variant.m_shared.reset(record->create(value), record->destroy);
     }
     return variant;
 }
@@ -41,7 +41,7 @@ mzComUserDataStatusE mzComVariantC::getUserData(int id, void *value) const
         return mzUserDataNone;
     if (m_record->id != id)
         return mzUserDataOtherType;
-    m_record->copy(m_user.get(), value);
+    m_record->copy(m_shared.get(), value);
     return mzUserDataOk;
 }
 
@@ -100,7 +100,7 @@ mzComStringC mzComVariantC::typeName() const
 
 bool mzComVariantC::writeUserData(mzComDataStreamC &stream) const
 {
-    return isUserValue() && m_record->write(m_user.get(), stream);
+    return isUserValue() && m_record->write(m_shared.get(), stream);
 }
 
 bool mzComVariantC::readUserData(int id, mzComDataStreamC &stream)

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <typeinfo>
+#include <utility>
 
 /// How values of one type travel in an mzComVariantC. One static record per type; it must outlive
 /// every variant that holds such a value.
@@ -49,7 +50,7 @@ public:
     }
     mzComVariantC(const mzComStringC &value)
         : m_kind(Kind::String)
-        , m_text(value)
+        , m_shared(std::make_shared<mzComStringC>(value))
     {
     }
     mzComVariantC(const char *utf8)
@@ -63,6 +64,28 @@ public:
     {
     }
 
+    mzComVariantC(const mzComVariantC &) = default;
+    mzComVariantC &operator=(const mzComVariantC &) = default;
+    /// Leaves `other` empty.
+    mzComVariantC(mzComVariantC &&other) noexcept
+        : m_kind(std::exchange(other.m_kind, Kind::Empty))
+        , m_number(std::exchange(other.m_number, 0.0))
+        , m_record(other.m_record)
+        , m_object(std::move(other.m_object))
+        , m_shared(std::move(other.m_shared))
+    {
+    }
+    mzComVariantC &operator=(mzComVariantC &&other) noexcept
+    {
+        m_kind = std::exchange(other.m_kind, Kind::Empty);
+        m_number = std::exchange(other.m_number, 0.0);
+        m_record = other.m_record;
+        m_object = std::move(other.m_object);
+        m_shared = std::move(other.m_shared);
+        return *this;
+    }
+    ~mzComVariantC() = default;
+
     bool isEmpty() const { return m_kind == Kind::Empty; }
     bool isDouble() const { return m_kind == Kind::Double; }
     bool isString() const { return m_kind == Kind::String; }
@@ -72,7 +95,10 @@ public:
     /// The number; 0 if the variant holds none.
     double toDouble() const { return m_number; }
     /// The text; empty if the variant holds none.
-    const mzComStringC &toString() const { return m_text; }
+    mzComStringC toString() const
+    {
+        return isString() ? *static_cast<const mzComStringC *>(m_shared.get()) : mzComStringC();
+    }
     /// The object; null if the variant holds none.
     const mzComPtrT<mzIUnknown> &toObject() const { return m_object; }
 
@@ -112,13 +138,11 @@ public:
 private:
     enum class Kind { Empty, Double, String, Object, User };
 
-    // What does not belong to the kind has its default value.
     Kind m_kind = Kind::Empty;
-    double m_number = 0.0;
-    mzComStringC m_text;
-    mzComPtrT<mzIUnknown> m_object;
-    const mzComValueMarshalS *m_record = nullptr;
-    std::shared_ptr<const void> m_user;
+    double m_number = 0.0;                        // 0 for the other kinds
+    const mzComValueMarshalS *m_record = nullptr; // of a user value
+    mzComPtrT<mzIUnknown> m_object;               // null for the other kinds
+    std::shared_ptr<const void> m_shared;         // the text or the user value
 };
 Q_DECLARE_METATYPE(mzComVariantC)
 

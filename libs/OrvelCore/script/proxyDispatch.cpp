@@ -145,6 +145,8 @@ const proxyMemberDescListS *findClass(const proxyMemberDescListS &list, const ch
 bool invoke(proxyObjectC &object, const Call &call, mzComVariantC &result,
             mzComPtrT<mzIException> &exception)
 {
+    result = mzComVariantC();
+    exception = mzComPtrT<mzIException>();
     if (!mayCall(object))
         return refuse(mzExceptionWrongThread, object, call, exception);
     bool isKnown = false;
@@ -152,16 +154,15 @@ bool invoke(proxyObjectC &object, const Call &call, mzComVariantC &result,
     if (member == nullptr)
         return refuse(isKnown ? mzExceptionTypeCast : mzExceptionNoMember, object, call, exception);
 
-    mzComVariantC answer;
     proxyAutoParaListC parameters(call.arguments);
-    proxyAutoTypeCastC answerCast(&answer);
+    proxyAutoTypeCastC resultCast(&result);
     try {
-        member->handler(&object, parameters, answerCast, (call.flags & proxyInvokeLenient) != 0);
+        member->handler(&object, parameters, resultCast, (call.flags & proxyInvokeLenient) != 0);
     } catch (const proxyAutoTypeCastExceptionC &) {
         return refuse(mzExceptionTypeCast, object, call, exception);
     }
-    result = answer.isUserValue() ? answer.toScriptObject() : std::move(answer);
-    exception = mzComPtrT<mzIException>();
+    if (result.isUserValue())
+        result = result.toScriptObject();
     return true;
 }
 

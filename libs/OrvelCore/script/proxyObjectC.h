@@ -50,9 +50,10 @@ public:
     /// Calls the member `name` of a kind in `flags` that has as many parameters as there are
     /// `arguments`. It is looked for in the class's table, then in those of the bases; of several
     /// the first one whose parameters can take the arguments is called. On success `result` holds
-    /// what the member gave, an object for a value that has a class of its own, `exception` is
-    /// null and the return value is true. Otherwise `exception` tells why, `result` is as it was,
-    /// and the return value is false. Other C++ exceptions of a handler pass through.
+    /// what the member gave, an object for a value that has a class of its own, `exception` is null
+    /// and the return value is true. Otherwise `exception` tells why, `result` is empty and the
+    /// return value is false. Other C++ exceptions of a handler pass through. `result` must not be
+    /// one of the arguments.
     virtual bool invokeByName(const mzComStringC &name, unsigned int flags,
                               const mzComVariantArrayC &arguments, mzComVariantC &result,
                               mzComPtrT<mzIException> &exception);
