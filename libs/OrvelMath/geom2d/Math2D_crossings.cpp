@@ -24,20 +24,23 @@ bool isAtEnd(double place, double length, double tol)
     return tol > place || place > length - tol;
 }
 
-/// Whether `Math2DComparePoints` gives 0, without its branches.
-bool coincide(Point2D const &a, Point2D const &b, double tol)
+// Which of the comparisons below holds is hard to predict, so they are counted and not chained.
+
+/// 1 if `Math2DComparePoints` gives 0, otherwise 0.
+int coincide(Point2D const &a, Point2D const &b, double tol)
 {
-    return !((a.x() > b.x() + tol) | (b.x() - tol > a.x()) | (a.y() > b.y() + tol) |
-             (b.y() - tol > a.y()));
+    int const apart = (a.x() > b.x() + tol) + (b.x() - tol > a.x()) + (a.y() > b.y() + tol) +
+                      (b.y() - tol > a.y());
+    return apart == 0;
 }
 
-/// Whether a quotient lies outside 0 to 1 by so much that no rounding or underflow of the division
-/// changes it. Most pairs of segments are refused here, without a division.
-bool isSurelyOff(double numerator, double divisor)
+/// 1 if a quotient lies outside 0 to 1 by so much that no rounding or underflow of the division
+/// changes it, otherwise 0. Most pairs of segments are refused here, without a division.
+int isSurelyOff(double numerator, double divisor)
 {
     double const n = divisor < 0 ? -numerator : numerator;
     double const d = std::fabs(divisor);
-    return (n < d * -1e-200) | (n > d * (1 + 1e-15));
+    return (n < d * -1e-200) + (n > d * (1 + 1e-15));
 }
 
 /// Crossing and class of the segments p0 + t d and p2 + s e, whose cross product is given.
@@ -49,7 +52,7 @@ IntersectionType cross(Point2D const &p0, Point2D const &p1, Point2D const &p2, 
     // Along the second segment from p3 back to p2.
     double const uNumerator =
         (p1.y() - p3.y()) * (p0.x() - p1.x()) - (p1.x() - p3.x()) * (p0.y() - p1.y());
-    if (isSurelyOff(tNumerator, crossProduct) | isSurelyOff(uNumerator, crossProduct))
+    if (isSurelyOff(tNumerator, crossProduct) + isSurelyOff(uNumerator, crossProduct) > 0)
         return NoIntersection;
     double const t = tNumerator / crossProduct;
     if (t < 0 || t > 1)
@@ -84,10 +87,10 @@ int Math2DComparePoints(Point2D const &a, Point2D const &b, double tol)
 IntersectionType Math2DIntersect2Lines(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                        Point2D const &p3, Point2D &out, double tol)
 {
-    bool const atFirst = coincide(p0, p3, tol) | coincide(p0, p2, tol);
-    bool const atSecond = coincide(p1, p3, tol) | coincide(p1, p2, tol);
-    if (atFirst | atSecond) {
-        out = atFirst ? p0 : p1;
+    int const atFirst = coincide(p0, p3, tol) + coincide(p0, p2, tol);
+    int const atSecond = coincide(p1, p3, tol) + coincide(p1, p2, tol);
+    if (atFirst + atSecond > 0) {
+        out = atFirst > 0 ? p0 : p1;
         return EndToEnd;
     }
     Vector const d(p0, p1);
