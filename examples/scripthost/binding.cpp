@@ -78,7 +78,8 @@ mrb_value toRuby(mrb_state *mrb, const mzComVariantC &variant, mrb_value self)
 
 mrb_value makeError(mrb_state *mrb, const mzComStringC &message)
 {
-    return mrb_exc_new(mrb, orvelClass(mrb, "Error"), message.utf8(), message.bytes().size());
+    return mrb_exc_new(mrb, orvelClass(mrb, "Error"), message.utf8(),
+                       std::size_t(message.bytes().size()));
 }
 
 /// A member as a script names it.

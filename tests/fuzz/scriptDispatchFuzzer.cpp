@@ -120,8 +120,8 @@ public:
         const QByteArray made = m_input.below(8) == 0 ? m_input.text() : QByteArray();
         const mzComStringC name =
             made.isEmpty() ? mzComStringC(names[m_input.below(nameCount)]) : mzComStringC(made);
-        const unsigned int flags = unsigned(m_input.below(8)) |
-                                   (m_input.below(2) == 0 ? 0u : unsigned(proxyInvokeLenient));
+        const unsigned int flags =
+            unsigned(m_input.below(8)) | (m_input.below(2) == 0 ? 0u : proxyInvokeLenient);
         mzComVariantArrayC arguments;
         for (std::size_t left = m_input.below(5); left > 0; --left)
             arguments.append(argument());

@@ -16,11 +16,9 @@ enum mzIComExternalConnectionReleaseStateE {
     mzExternalConnectionLost = 1    ///< the other side is gone, and all its connections with it
 };
 
-/// The second argument of proxyObjectC::invokeByName: kinds of proxyMemberKindE, any of which may
-/// serve the call, and options.
-enum proxyInvokeFlagE {
-    proxyInvokeLenient = 0x100 ///< numbers and texts stand in for each other, where they can
-};
+/// An option in the second argument of proxyObjectC::invokeByName, beside the kinds of
+/// proxyMemberKindE: numbers and texts stand in for each other, where they can.
+constexpr unsigned int proxyInvokeLenient = 0x100;
 
 /// Base of all objects that scripts see: it counts references, finds members in the class's table
 /// and calls them. New objects have no references: put them into an mzComPtrT at once, since the
@@ -47,13 +45,13 @@ public:
         return left;
     }
 
-    /// Calls the member `name` of a kind in `flags` that has as many parameters as there are
-    /// `arguments`. It is looked for in the class's table, then in those of the bases; of several
-    /// the first one whose parameters can take the arguments is called. On success `result` holds
-    /// what the member gave, an object for a value that has a class of its own, `exception` is null
-    /// and the return value is true. Otherwise `exception` tells why, `result` is empty and the
-    /// return value is false. Other C++ exceptions of a handler pass through. `result` must not be
-    /// one of the arguments.
+    /// Calls the member `name` of one of the kinds in `flags` that has as many parameters as there
+    /// are `arguments`. It is looked for in the class's table, then in those of the bases; of
+    /// several the first one whose parameters can take the arguments is called. On success `result`
+    /// holds what the member gave, an object for a value that has a class of its own, `exception`
+    /// is null and the return value is true. Otherwise `exception` tells why, `result` is empty and
+    /// the return value is false. Other C++ exceptions of a handler pass through. `result` must not
+    /// be one of the arguments.
     virtual bool invokeByName(const mzComStringC &name, unsigned int flags,
                               const mzComVariantArrayC &arguments, mzComVariantC &result,
                               mzComPtrT<mzIException> &exception);
