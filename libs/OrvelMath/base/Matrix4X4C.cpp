@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <utility>
 
 namespace {
 
@@ -215,15 +214,14 @@ bool Matrix4X4C::Invert()
 
 void Matrix4X4C::InvertOrthogonal()
 {
-    for (int row = 0; row < 3; ++row) {
-        for (int col = row + 1; col < 3; ++col) {
-            std::swap(m_m[row][col], m_m[col][row]);
-        }
-    }
     Point3D const t = column(m_m, 3);
-    for (auto row = m_m; row != m_m + 3; ++row) {
-        double const *const r = *row;
-        (*row)[3] = (r[1] * t.y() + r[0] * t.x() + r[2] * t.z() + 0.0) * -1.0;
+    Point3D const axes[3] = {column(m_m, 0), column(m_m, 1), column(m_m, 2)};
+    for (int row = 0; row < 3; ++row) {
+        Point3D const &r = axes[row];
+        m_m[row][0] = r.x();
+        m_m[row][1] = r.y();
+        m_m[row][2] = r.z();
+        m_m[row][3] = (r.y() * t.y() + r.x() * t.x() + r.z() * t.z() + 0.0) * -1.0;
     }
 }
 
