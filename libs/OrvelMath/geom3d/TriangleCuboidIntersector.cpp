@@ -211,7 +211,8 @@ TriangleCuboidIntersector::testHalf(Vector const &minCorner, Vector const &maxCo
     const CentredScene<Axis> scene(p0, p1, p2, minCorner, maxCorner);
     const bool edgesMeet = scene.edgeAxesMeet(e0, e1, e2);
     const bool planeSeparates = scene.planeSeparates(normal);
-    return edgesMeet & !planeSeparates ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
+    const bool meets = edgesMeet & !planeSeparates; // no branch between the two
+    return meets ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
 }
 
 inline TriangleCuboidIntersectionType
