@@ -81,7 +81,7 @@ public:
     /// `t` = 1 (K. Shoemake, 1985). For unit quaternions.
     ///
     /// From |dot product| 0.99999 upward the interpolation is linear; the result is not normalised
-    /// there either, and its length may be short of 1 by 1.25e-6.
+    /// there either, and its length may be short of 1 by 2.5e-6.
     Quaternion4D Slerp(const Quaternion4D &to, double t) const;
 
     /// Linear interpolation of the components, neither by the shorter way nor normalised.

@@ -56,9 +56,9 @@ ORVELMATH_EXPORT vectorC3d<double> reflectThroughPlane(vectorC3d<double> const &
 /// of the two normals at or below 1e-12 count as missing.
 ///
 /// `direction` is a unit vector and is written only on true. `linePoint` is the point of the line
-/// whose free coordinate (the last that is not needed as a pivot) is 0.0, which is not the nearest
-/// to anything; it is overwritten on false too: by one solution where the planes coincide, by
-/// zeros where there is none.
+/// with 0.0 in the coordinate that found no pivot, which is not the nearest to anything; it is
+/// overwritten on false too: by one solution where the planes coincide, by zeros where there is
+/// none.
 ORVELMATH_EXPORT bool intersectPlanes(vectorC3d<double> const &point1,
                                       vectorC3d<double> const &normal1,
                                       vectorC3d<double> const &point2,
@@ -121,8 +121,8 @@ ORVELMATH_EXPORT bool rayIntersectsTriangle(vectorC3d<double> const &a, vectorC3
 ORVELMATH_EXPORT void sortVectorComponents(vectorC3d<double> &v);
 
 /// Sorts the three components ascending and moves the columns of `m` along: eigenvalues with their
-/// vectors. Two components are exchanged only if the first is strictly greater, so equal ones and
-/// NaN keep their places.
+/// vectors. Compares the components 0 and 1, 0 and 2, 1 and 2, and exchanges a pair only if the
+/// first is strictly greater: three equal ones, and a NaN, stay in their places.
 ORVELMATH_EXPORT void sortVectorComponents(vectorC3d<double> &v, matrixC3x3<double> &m);
 
 } // namespace MatUtil
