@@ -74,10 +74,9 @@ public:
     /// Discards points and results: `dimension()` is -1 again.
     void reset();
 
-    /// Builds the hull of the points; true when the accessors may be read, which is always the
-    /// case.
+    /// Builds the hull of the points. True on any input; `dimension()` tells what was found.
     ///
-    /// Call it once after `setData` or `reset`. It clears nothing of an earlier build: a second
+    /// Call it once after the points were given. It clears nothing of an earlier build: a second
     /// call on a solid adds the same faces and indices once more, on planar input it gives the same
     /// result again.
     ///

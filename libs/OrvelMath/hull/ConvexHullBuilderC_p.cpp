@@ -43,7 +43,7 @@ bool ConvexHullBuilderCPrivate::buildHull()
         // cause to put the small ones together one by one.
         collectHullIndices();
         coordinates = HullPoints();
-        removeDeadFaces();
+        removeDeadFaces(facesBefore);
     }
     return true;
 }

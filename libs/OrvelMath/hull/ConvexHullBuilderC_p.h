@@ -35,7 +35,7 @@ private:
     void collectHullIndices();
 
     void claimEdges();
-    void removeDeadFaces();
+    void removeDeadFaces(std::size_t firstFace);
     void destroyFaces();
 };
 

@@ -9,15 +9,21 @@ namespace {
 /// Fetches the face after the next ones and its edges: they lie anywhere in the memory.
 void fetchAhead(HullVector<HullFace *> const &faces, std::size_t current)
 {
-    if (current + 16 < faces.size()) {
-        __builtin_prefetch(faces[current + 16]);
-        __builtin_prefetch(&faces[current + 16]->alive);
+    if (current + 24 < faces.size()) {
+        __builtin_prefetch(faces[current + 24]);
+        __builtin_prefetch(&faces[current + 24]->alive);
     }
-    if (current + 8 < faces.size()) {
-        for (HullEdge const *edge : faces[current + 8]->edges) {
+    if (current + 16 < faces.size()) {
+        for (HullEdge const *edge : faces[current + 16]->edges) {
             __builtin_prefetch(edge);
         }
     }
+}
+
+void freeFace(HullFace *face)
+{
+    face->~HullFace();
+    orvelFree(face);
 }
 
 /// Frees the face and the edges that it still owns.
@@ -28,8 +34,7 @@ void destroyFace(HullFace *face)
             orvelFree(edge);
         }
     }
-    face->~HullFace();
-    orvelFree(face);
+    freeFace(face);
 }
 
 } // namespace
@@ -73,18 +78,32 @@ void ConvexHullBuilderCPrivate::claimEdges()
     }
 }
 
-/// Destroys the replaced faces; the others keep their order. An edge goes over to younger faces
-/// only, so no face is looked at after its edges have gone.
-void ConvexHullBuilderCPrivate::removeDeadFaces()
+/// Destroys the replaced faces with the edges that they own; the others keep their order.
+///
+/// Each edge is freed where it was made, not where it went: so memory is given back in the order of
+/// its addresses, which spares the allocator much time. The first four faces from `firstFace` on
+/// made all their edges, those of a fan their second and third.
+void ConvexHullBuilderCPrivate::removeDeadFaces(std::size_t firstFace)
 {
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < faces.size(); ++i) {
+    for (std::size_t i = firstFace; i < faces.size(); ++i) {
         fetchAhead(faces, i);
+        if (faces[i]->alive) {
+            continue;
+        }
+        for (std::size_t k = i < firstFace + 4 ? 0 : 1; k < 3; ++k) {
+            HullEdge *const edge = faces[i]->edges[k];
+            if (!edge->face->alive) {
+                orvelFree(edge);
+            }
+        }
+    }
+    std::size_t kept = firstFace;
+    for (std::size_t i = firstFace; i < faces.size(); ++i) {
         HullFace *const face = faces[i];
         if (face->alive) {
             faces[kept++] = face;
         } else {
-            destroyFace(face);
+            freeFace(face);
         }
     }
     faces.resize(kept);
