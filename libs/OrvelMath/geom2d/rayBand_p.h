@@ -149,7 +149,7 @@ bool walk(At const &at, int count, int start, Band const &band, Visit visit)
     for (int edges = count; edges > 0; --edges) {
         if (level != Level::InBand) {
             last = level;
-            int const limit = std::min(count - 1, i + edges);
+            int const limit = i + std::min(count - 1 - i, edges);
             int const end = level == Level::Below ? endOfRun<Level::Below>(at, i, limit, band)
                                                   : endOfRun<Level::Above>(at, i, limit, band);
             edges -= end - i;
