@@ -110,6 +110,8 @@ ORVELMATH_EXPORT int circleLineIntersect(Point2D a, Point2D b, Point2D c, float 
 ///
 /// Unlike the textbook form, an end may move in x and y in the same pass, and the slope is that
 /// of the segment as passed throughout. Points on the border are inside.
+/// An end that rounding would drive off one border and back over another for ever, on a segment
+/// through a corner, is put on the corner.
 ///
 /// @param x1, y1, x2, y2 ends of the segment, moved to the border where they lie outside. After
 ///                       false they may have been moved in part.
