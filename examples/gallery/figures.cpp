@@ -11,6 +11,7 @@ std::vector<Figure> allFigures()
         spaceFigures,
         numericsFigures,
         lookupFigures,
+        volumeFigures,
     };
     std::vector<Figure> figures;
     for (auto const subject : subjects) {
