@@ -5,6 +5,7 @@
 #include "Mesh.h"
 #include "Progress.h"
 #include "Report.h"
+#include "Spacing.h"
 
 #include <OrvelMath/hull/ConvexHullBuilderC.h>
 
@@ -18,6 +19,7 @@ struct Options
 {
     std::string mesh;
     std::string report = "report.html";
+    std::string nearest; ///< a place, "X,Y,Z", or nothing
 };
 
 using Triangle = std::array<vectorC3d<double>, 3>;
@@ -82,12 +84,19 @@ Table hullTable(Mesh const &mesh, Hull const &hull)
 void run(Options const &options)
 {
     Mesh const mesh = readMesh(options.mesh);
+    Table const nearest = options.nearest.empty() ? Table() : nearestTable(mesh, options.nearest);
     Hull const hull = hullOf(mesh);
-    Table const table = hullTable(mesh, hull);
+    std::vector<double> const spacings = vertexSpacings(mesh);
+    Table table = hullTable(mesh, hull);
+    for (Table const &more : {spacingTable(spacings), nearest}) {
+        table.insert(table.end(), more.begin(), more.end());
+    }
 
     Report report(mesh.name);
     report.addTable("Measures", table);
     report.addViews(mesh, hull.triangles);
+    report.addSection("Distance from each vertex to the nearest other one",
+                      spacingPicture(spacings));
     report.write(options.report);
 
     std::cout << mesh.name << '\n';
@@ -102,6 +111,8 @@ void addHullCommand(CLI::App &app)
     auto const options = std::make_shared<Options>();
     app.add_option("MESH", options->mesh, "the mesh to inspect, in any format that Assimp reads");
     app.add_option("--report", options->report, "the page to write")->capture_default_str();
+    app.add_option("--nearest", options->nearest,
+                   "a place X,Y,Z: tells the vertex that is nearest to it");
     app.final_callback([&app, options] {
         if (!app.get_subcommands().empty()) {
             return;

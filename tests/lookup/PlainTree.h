@@ -8,7 +8,7 @@
 
 /// The tree of the lookups in its plainest form: a node for every value, recursion, no pruning
 /// beyond the rule of the plane. Its answers and their order are what the lookups must give.
-template <int K>
+template <std::size_t K>
 class PlainTree
 {
 public:
@@ -27,7 +27,7 @@ public:
     void insert(Point const &point, int id)
     {
         std::unique_ptr<Node> *link = &m_root;
-        for (int level = 0; *link; ++level) {
+        for (std::size_t level = 0; *link; ++level) {
             if (level > 1000) {
                 return;
             }
@@ -60,7 +60,7 @@ public:
     {
         std::vector<Node const *> boxed;
         Bounds bounds;
-        for (int i = 0; i < K; ++i) {
+        for (std::size_t i = 0; i < K; ++i) {
             bounds.low[i] = centre[i] - radius;
             bounds.high[i] = centre[i] + radius;
         }
@@ -79,7 +79,7 @@ public:
     static double squaredDistance(Point const &a, Point const &b)
     {
         double sum = 0.0;
-        for (int i = 0; i < K; ++i) {
+        for (std::size_t i = 0; i < K; ++i) {
             sum += (a[i] - b[i]) * (a[i] - b[i]);
         }
         return sum;
@@ -92,7 +92,7 @@ private:
     };
 
     template <typename Accept>
-    static void search(Node const *node, int level, Point const &query, Accept accept,
+    static void search(Node const *node, std::size_t level, Point const &query, Accept accept,
                        double &maxSq, Node const *&best)
     {
         if (!node) {
@@ -103,7 +103,7 @@ private:
             best = node;
             maxSq = d2;
         }
-        int const d = level % K;
+        std::size_t const d = level % K;
         bool const leftFirst = node->point[d] > query[d];
         Node const *const towards = leftFirst ? node->left.get() : node->right.get();
         Node const *const away = leftFirst ? node->right.get() : node->left.get();
@@ -116,7 +116,7 @@ private:
 
     static bool intersect(Bounds const &a, Bounds const &b)
     {
-        for (int i = 0; i < K; ++i) {
+        for (std::size_t i = 0; i < K; ++i) {
             if (a.low[i] > b.high[i] || b.low[i] > a.high[i]) {
                 return false;
             }
@@ -124,17 +124,17 @@ private:
         return true;
     }
 
-    static void collect(Node const &node, int level, Bounds const &bounds, Bounds const &region,
-                        std::vector<Node const *> &out)
+    static void collect(Node const &node, std::size_t level, Bounds const &bounds,
+                        Bounds const &region, std::vector<Node const *> &out)
     {
         bool inside = true;
-        for (int i = 0; i < K; ++i) {
+        for (std::size_t i = 0; i < K; ++i) {
             inside = inside && !(region.low[i] > node.point[i] || node.point[i] > region.high[i]);
         }
         if (inside) {
             out.push_back(&node);
         }
-        int const d = level % K;
+        std::size_t const d = level % K;
         Bounds below = bounds;
         below.high[d] = node.point[d];
         if (node.left && intersect(below, region)) {

@@ -1,10 +1,14 @@
 #pragma once
 
-#include <array>
-
 /// A point of K dimensions.
 template <int K>
-using LookupPoint = std::array<double, K>;
+struct LookupPoint
+{
+    double coordinates[K];
+
+    double operator[](int i) const { return coordinates[i]; }
+    double &operator[](int i) { return coordinates[i]; }
+};
 
 /// An axis-parallel box of K dimensions, both ends included.
 template <int K>

@@ -3,7 +3,6 @@
 #include <OrvelMath/lookup/LookupRegion_p.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -68,8 +67,24 @@ public:
         }
         return p;
     }
-    Payload &payload(int index) { return hasPayload ? payloads()[index] : nothing; }
-    Payload const &payload(int index) const { return hasPayload ? payloads()[index] : nothing; }
+    Payload const &payload(int index) const
+    {
+        if constexpr (hasPayload) {
+            return payloads()[index];
+        } else {
+            static Payload const none = {};
+            return none;
+        }
+    }
+    /// Moves the payload out.
+    Payload takePayload(int index)
+    {
+        if constexpr (hasPayload) {
+            return std::move(payloads()[index]);
+        } else {
+            return {};
+        }
+    }
     /// Number of values in the left subtree of the run's root.
     int leftCount() const { return leftCounts()[0]; }
 
@@ -94,7 +109,7 @@ public:
     /// and nothing stored, when that is below `deepestLevel`. The run must not be full.
     bool insert(Point const &p, Payload &&payload, int level, int deepestLevel)
     {
-        std::array<std::uint8_t, maxCapacity> passedOnTheLeft;
+        std::uint8_t passedOnTheLeft[maxCapacity];
         int passed = 0;
         int first = 0;
         int end = m_count;
@@ -131,8 +146,8 @@ public:
             // Infinite differences hide subtrees from the walk, so it must be made.
             return walkToNearest(search, 0, m_count, d);
         }
-        std::array<double, maxCapacity> distances;
-        double const nearest = measure(search, distances.data());
+        double distances[maxCapacity];
+        double const nearest = measure(search, distances);
         if (!(search.maxSq >= nearest)) {
             return false;
         }
@@ -180,8 +195,8 @@ private:
         : m_count(0)
         , m_capacity(static_cast<std::uint16_t>(capacity))
     {
-        m_box.low.fill(std::numeric_limits<double>::infinity());
-        m_box.high.fill(-std::numeric_limits<double>::infinity());
+        std::fill_n(m_box.low.coordinates, K, std::numeric_limits<double>::infinity());
+        std::fill_n(m_box.high.coordinates, K, -std::numeric_limits<double>::infinity());
         std::uninitialized_fill_n(row(0), K * capacity, std::numeric_limits<double>::quiet_NaN());
     }
     ~LookupRun() = default;
@@ -191,7 +206,6 @@ private:
     // Layout of the memory: the run, the rows of coordinates, the payloads, the left counts.
     static constexpr bool hasPayload = !std::is_empty_v<Payload>;
     static constexpr std::size_t payloadSize = hasPayload ? sizeof(Payload) : 0;
-    static inline Payload nothing = {};
 
     static std::size_t bytes(int capacity)
     {

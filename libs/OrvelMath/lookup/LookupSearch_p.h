@@ -40,7 +40,7 @@ struct LookupSearch
         , accept(acceptPoint)
         , maxSq(maxDistance * maxDistance)
     {
-        for (double const c : query) {
+        for (double const c : query.coordinates) {
             queryIsFinite = queryIsFinite && std::isfinite(c);
         }
     }

@@ -210,7 +210,7 @@ void LookupTree<K, Payload>::makeRoom(Link &link, Node *parent, int d)
     }
     node->parent = parent;
     node->point = run->point(0);
-    node->payload = std::move(run->payload(0));
+    node->payload = run->takePayload(0);
     node->split = node->point[d];
     ++m_usedNodes;
     link = node;
