@@ -48,6 +48,12 @@ void *operator new(std::size_t size)
     return counted(std::malloc(size));
 }
 
+void *operator new(std::size_t size, std::nothrow_t const &) noexcept
+{
+    void *const memory = std::malloc(size);
+    return memory ? counted(memory) : nullptr;
+}
+
 void *operator new(std::size_t size, std::align_val_t alignment)
 {
     failWhenTold();
