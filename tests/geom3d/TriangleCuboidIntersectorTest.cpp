@@ -322,6 +322,18 @@ TEST(TriangleCuboid, InfiniteVertexPassesThroughTheArithmetic)
     EXPECT_EQ(classify(finite, everything), TriangleCuboidContainsCentroid);
 }
 
+TEST(TriangleCuboid, RoundingMayHideAFaceFromBothCellsThatShareItsPlane)
+{
+    // The triangle lies in y = 3, the plane between the cells. Their centres and half extents are
+    // rounded, so it seems to lie beyond both.
+    const Triangle t{Vector(0, 3, 0), Vector(0, 3, 2), Vector(4, 3, 2)};
+    EXPECT_EQ(classify(t, {Vector(1.85, 2.85, 0.85), Vector(2, 3, 1)}), TriangleCuboidDisjoint);
+    EXPECT_EQ(classify(t, {Vector(1.85, 3, 0.85), Vector(2, 3.15, 1)}), TriangleCuboidDisjoint);
+    // Where all halves are exact it touches both.
+    EXPECT_EQ(classify(t, {Vector(1.75, 2.75, 1.5), Vector(2, 3, 1.75)}), TriangleCuboidOverlap);
+    EXPECT_EQ(classify(t, {Vector(1.75, 3, 1.5), Vector(2, 3.25, 1.75)}), TriangleCuboidOverlap);
+}
+
 TEST(TriangleCuboidIntersector, CopiesAreIndependentValues)
 {
     const Triangle in{Vector(0.2, 0.2, 0.3), Vector(0.6, 0.3, 0.4), Vector(0.4, 0.7, 0.5)};
