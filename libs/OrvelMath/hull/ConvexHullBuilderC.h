@@ -11,22 +11,21 @@ class ConvexHullBuilderCPrivate;
 
 /// Convex hulls of point lists: a polygon in the plane, a triangulated polyhedron in space.
 ///
-/// | question                       | answered by                                              |
-/// |--------------------------------|----------------------------------------------------------|
-/// | hull polygon of 2-d points     | the static `computeConvexHullIndices2D`,
-/// `computeConvexHull2D` | | hull of 3-d points             | `setData`, `buildHull`, then the
-/// accessors               |
+/// | question                   | answered by                                                    |
+/// |----------------------------|----------------------------------------------------------------|
+/// | hull polygon of 2-d points | the static `computeConvexHullIndices2D`, `computeConvexHull2D` |
+/// | hull of 3-d points         | `setData`, `buildHull`, then the accessors                     |
 ///
 /// The 3-d hull is built by Quickhull (Barber, Dobkin and Huhdanpaa, 1996), the polygon by Graham's
 /// scan (Graham, 1972). A call of `buildHull` tells the dimension of the input while it starts:
 ///
-/// | `dimension()` | input                         | triangles          | `hullVertexIndices()` |
-/// |---------------|-------------------------------|--------------------|---------------------------|
-/// | -1            | empty, or not built yet       | none               | empty | | 0             |
-/// one location                  | none               | empty                     | | 1 | points of
-/// a line              | none               | empty                     | | 2             | points
-/// of a plane             | fan of the polygon | the polygon, in its order | | 3             | a
-/// solid                       | closed surface     | ascending                 |
+/// | `dimension()` | input                   | triangles          | `hullVertexIndices()`     |
+/// |---------------|-------------------------|--------------------|---------------------------|
+/// | -1            | empty, or not built yet | none               | empty                     |
+/// | 0             | one location            | none               | empty                     |
+/// | 1             | points of a line        | none               | empty                     |
+/// | 2             | points of a plane       | fan of the polygon | the polygon, in its order |
+/// | 3             | a solid                 | closed surface     | ascending                 |
 ///
 /// Vertices are never merged or moved: each is an index into the given list. All tolerances are the
 /// absolute length 1e-8 in the units of the input; nothing is scaled by the extent of the data, so

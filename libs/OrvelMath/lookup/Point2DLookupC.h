@@ -42,13 +42,12 @@ private:
 /// data; they can't be removed. Searches may run in many threads at once as long as no `insert`
 /// runs.
 ///
-/// | Question                | a point at exactly the limit | a point equal to the query | order |
-/// |-------------------------|------------------------------|----------------------------|----------------------|
-/// | findNearest             | is found                     | is found                   | one hit
-/// | | findNearestNotEqual     | is found                     | is passed over             | one
-/// hit              | | findKNearestNeighbors   | k = 1: found, k > 1: not     | is found |
-/// ascending distance   | | findWithinRange (both)  | is left out                  | is found |
-/// that of the tree     |
+/// | Question               | a point at the limit     | an equal point | order              |
+/// |------------------------|--------------------------|----------------|--------------------|
+/// | findNearest            | is found                 | is found       | one hit            |
+/// | findNearestNotEqual    | is found                 | is passed over | one hit            |
+/// | findKNearestNeighbors  | k = 1: found, k > 1: not | is found       | ascending distance |
+/// | findWithinRange (both) | is left out              | is found       | that of the tree   |
 ///
 /// The points form a k-d tree (Bentley, 1975) that is never balanced. Points in random order make a
 /// tree of logarithmic depth. Points in ascending order make a chain, and below 1001 levels nothing

@@ -7,13 +7,11 @@ namespace MatUtil {
 
 /// The algorithms of getEigenVector3d. The order within its `values` differs:
 ///
-/// | Algorithm           | values[0]         | values[1]                | values[2]         | Sign
-/// |
-/// |---------------------|-------------------|--------------------------|-------------------|------------|
-/// | EigenVectorPower    | of `second`       | of `first` x `second`    | of `first`        |
-/// magnitudes | | EigenVectorQR       | smallest          | middle                   | largest |
-/// magnitudes | | EigenVectorAnalytic | smallest          | middle                   | largest |
-/// signed     |
+/// | Algorithm           | values[0]   | values[1]             | values[2]  | Sign       |
+/// |---------------------|-------------|-----------------------|------------|------------|
+/// | EigenVectorPower    | of `second` | of `first` x `second` | of `first` | magnitudes |
+/// | EigenVectorQR       | smallest    | middle                | largest    | magnitudes |
+/// | EigenVectorAnalytic | smallest    | middle                | largest    | signed     |
 ///
 /// "Largest" and "smallest" go by magnitude in the first two and by signed value in the third.
 enum EigenVectorAlgoE : int {
