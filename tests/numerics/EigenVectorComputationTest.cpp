@@ -230,6 +230,77 @@ TEST(GetEigenVector3d, QRUsesUpItsPassesOnANearlyOppositePair)
     expectNear({q, 0.5, p}, best.getEigenValues(), 1e-9);
 }
 
+TEST(GetEigenVector3d, PowerAndQRHaveTheBitsOfTheirFormulas)
+{
+    // From a second, plain implementation. Only sums, products, quotients and square roots are
+    // taken, so the bits hold wherever these are rounded as IEEE 754 asks.
+    struct Case
+    {
+        Matrix matrix;
+        int algorithm;
+        Candidate expected;
+    };
+    const Case cases[] = {
+        {symmetric(4, 1, -2, 3, 0.5, 5),
+         0,
+         {true,
+          {-0x1.41826f7426da1p-1, -0x1.132d46bcbdf7ep-4, 0x1.8cfaabc120ec8p-1},
+          {0x1.46c7bd92df0b6p-1, -0x1.3aa5e3abde92cp-1, 0x1.dac9145b4db35p-2},
+          {0x1.958e91e0efecep+0, 0x1.eb6f607ad79c6p+1, 0x1.a4e4ab4a58395p+2}}},
+        {symmetric(4, 1, -2, 3, 0.5, 5),
+         1,
+         {true,
+          {0x1.418271850533p-1, 0x1.132d63e845b3ep-4, -0x1.8cfaa9c3ec4fcp-1},
+          {-0x1.46c7bc8820c07p-1, 0x1.3aa5e582aa8d6p-1, -0x1.dac91259a657ap-2},
+          {0x1.958e91e0efe77p+0, 0x1.eb6f607ad793ap+1, 0x1.a4e4ab4a583c3p+2}}},
+        {symmetric(2, -1, 0.25, 7, 3, 1.5),
+         0,
+         {true,
+          {-0x1.039470604a937p-3, 0x1.d2dba746442b8p-1, 0x1.8fe192a105dc1p-2},
+          {-0x1.3c0d05e79716ap-2, -0x1.a43e81e9f3d34p-2, 0x1.b75757791d3edp-1},
+          {0x1.95065d4cccd66p-6, 0x1.0ceaacc1897c9p+1, 0x1.0d8fd7fe44076p+3}}},
+        {symmetric(2, -1, 0.25, 7, 3, 1.5),
+         1,
+         {true,
+          {-0x1.0394728599a54p-3, 0x1.d2dba747faff4p-1, 0x1.8fe1923fdf72ap-2},
+          {-0x1.3c0d05e9b8dfap-2, -0x1.a43e81e9ed036p-2, 0x1.b7575778bcb81p-1},
+          {0x1.95065d4cccc3dp-6, 0x1.0ceaacc1897c6p+1, 0x1.0d8fd7fe44077p+3}}},
+        {symmetric(0, 1, 3, 0, 2, 0),
+         0,
+         {true,
+          {0x1.2f8a3593a7c2bp-1, 0x1.db48011f09e25p-2, 0x1.50f2e24a83a19p-1},
+          {-0x1.0cb1d37c7a9c1p-1, 0x1.af5eec4f801b2p-1, -0x1.f171f67c4b852p-4},
+          {0x1.d28607574c3b2p-1, 0x1.99d83ebec1938p+1, 0x1.073ce04a4a50fp+2}}},
+        {symmetric(0, 1, 3, 0, 2, 0),
+         1,
+         {true,
+          {0x1.2f8a34c58cb04p-1, 0x1.db48006756e11p-2, 0x1.50f2e344f6996p-1},
+          {0x1.0cb1d36891525p-1, -0x1.af5eec5856e83p-1, 0x1.f171f7420f424p-4},
+          {0x1.d28607574c3b5p-1, 0x1.99d83ebec1932p+1, 0x1.073ce04a4a50cp+2}}},
+        {symmetric(-6, 0.1, 0.2, 1, 0.3, 2),
+         0,
+         {true,
+          {0x1.ffcd4723d605ap-1, -0x1.b12d19adc6563p-7, -0x1.9101f78892165p-6},
+          {0x1.94d4676b18cb9p-8, 0x1.ed40df87d7ce8p-1, -0x1.127b59bcdd377p-2},
+          {0x1.d59759dd32ea3p-1, 0x1.0b65f63874099p+1, 0x1.8065e657e061cp+2}}},
+        {symmetric(-6, 0.1, 0.2, 1, 0.3, 2),
+         1,
+         {true,
+          {0x1.ffcd4723bc333p-1, -0x1.b12d19ed829dfp-7, -0x1.9101f7fb2e06p-6},
+          {-0x1.94d460383b95dp-8, -0x1.ed40def9b14c8p-1, 0x1.127b5dbb5317p-2},
+          {0x1.d59759dd32e6bp-1, 0x1.0b65f63874096p+1, 0x1.8065e657e0614p+2}}},
+    };
+    for (const Case &k : cases) {
+        const Candidate c = run(k.matrix, k.algorithm);
+        ASSERT_TRUE(c.found);
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_TRUE(support::SameBits(k.expected.first[i], c.first[i]));
+            EXPECT_TRUE(support::SameBits(k.expected.second[i], c.second[i]));
+            EXPECT_TRUE(support::SameBits(k.expected.values[i], c.values[i]));
+        }
+    }
+}
+
 TEST(GetEigenVector3d, NaNGivesNoGoodResult)
 {
     const Matrix matrix = symmetric(nan, 1, 2, 3, 4, 5);

@@ -190,6 +190,81 @@ TEST(JacobiMethod, PassesOverSmallElementsInThreeSweeps)
     EXPECT_EQ(matrix.getElement(2, 3), 0.0);
 }
 
+/// Ignores every write and notes which off-diagonal elements were to become zero.
+class StubbornMatrix : public SparseMatrix
+{
+public:
+    using SparseMatrix::SparseMatrix;
+
+    void setElement(unsigned int row, unsigned int column, double value) override
+    {
+        if (!frozen)
+            SparseMatrix::setElement(row, column, value);
+        else if (row < column && value == 0.0)
+            cleared.emplace_back(row, column);
+    }
+
+    bool frozen = false;
+    std::vector<std::pair<unsigned int, unsigned int>> cleared;
+};
+
+TEST(JacobiMethod, ThresholdIsUsedInTheFirstThreeSweepsOnly)
+{
+    StubbornMatrix matrix(4);
+    copyTo(matrix, Eigen::Vector4d(1, 2, 3, 4).asDiagonal());
+    matrix.setElement(0, 1, 5.0);
+    matrix.setElement(2, 3, 0.0625); // the threshold is 0.2 * 5.0625 / 16 = 0.0633
+    matrix.frozen = true;
+    using Pairs = std::vector<std::pair<unsigned int, unsigned int>>;
+    const auto large = std::make_pair(0u, 1u), small = std::make_pair(2u, 3u);
+
+    JacobiMethod method(&matrix);
+    for (int sweep = 1; sweep <= 6; ++sweep) {
+        matrix.cleared.clear();
+        EXPECT_FALSE(method.iterate());
+        EXPECT_EQ(method.getQuality(), 5.0625);
+        Pairs ones;
+        for (const auto &pair : matrix.cleared) {
+            if (pair == large || pair == small)
+                ones.push_back(pair);
+        }
+        EXPECT_EQ(ones, sweep <= 3 ? Pairs{large} : (Pairs{large, small})) << sweep;
+    }
+}
+
+/// Opens the single rotation.
+struct OpenJacobiMethod : JacobiMethod
+{
+    using JacobiMethod::JacobiMethod;
+    using JacobiMethod::rotate;
+};
+
+TEST(JacobiMethod, RotationHasTheBitsOfTheFormula)
+{
+    const double app = 1.5, aqq = -0.7, apq = 0.3, g = 2.25, h = -4.1;
+    auto matrix =
+        makeMatrix<SymmetricMatrixNXN>(3, {app, g, apq, g, 9, h, apq, h, aqq}); // p = 0, q = 2
+    OpenJacobiMethod method(&matrix);
+    method.rotate(0, 2);
+    const double theta = (aqq - app) / (apq + apq); // negative
+    const double t = -1.0 / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
+    const double c = 1.0 / std::sqrt(t * t + 1.0);
+    const double s = c * t;
+    const double tau = s / (1.0 + c);
+    EXPECT_TRUE(SameBits(0.0, matrix.getElement(0, 2)));
+    EXPECT_TRUE(SameBits(app - t * apq, matrix.getElement(0, 0)));
+    EXPECT_TRUE(SameBits(aqq + t * apq, matrix.getElement(2, 2)));
+    EXPECT_TRUE(SameBits(9.0, matrix.getElement(1, 1)));
+    EXPECT_TRUE(SameBits(g - s * (g * tau + h), matrix.getElement(0, 1)));
+    EXPECT_TRUE(SameBits(h + s * (g - h * tau), matrix.getElement(2, 1)));
+    const std::vector<double> p = eigenvector(method, 0), q = eigenvector(method, 2);
+    EXPECT_TRUE(SameBits(1.0 - s * (1.0 * tau + 0.0), p[0]));
+    EXPECT_TRUE(SameBits(0.0 - s * (0.0 * tau + 1.0), p[2]));
+    EXPECT_TRUE(SameBits(0.0 + s * (1.0 - 0.0 * tau), q[0]));
+    EXPECT_TRUE(SameBits(1.0 + s * (0.0 - 1.0 * tau), q[2]));
+    EXPECT_EQ(method.getQuality(), 0.0); // no sweep
+}
+
 TEST(JacobiMethod, NaNNeverConverges)
 {
     const double n = support::nan;

@@ -175,7 +175,7 @@ TEST(LinearDiophantineEquation, SolvesExactlyTheSolvable)
 }
 
 /// The range query as a count over all solutions, with bounds rounded by the rule of the class.
-bool expectedInRange(int a, int b, int c, const Solution &s, const int (&range)[4], int &x, int &y)
+bool expectedInRange(int a, int b, const Solution &s, const int (&range)[4], int &x, int &y)
 {
     if (a == 0 || b == 0)
         return false;
@@ -186,7 +186,6 @@ bool expectedInRange(int a, int b, int c, const Solution &s, const int (&range)[
         const int q = up ? magnitude + 1 : magnitude;
         return (p < 0) != (d < 0) ? -q : q;
     };
-    (void)c;
     const std::pair<int, int> tx =
         std::minmax({rounded(range[0] - s.x, s.xStep), rounded(s.x - range[1], -s.xStep)});
     const std::pair<int, int> ty =
@@ -214,7 +213,7 @@ TEST(LinearDiophantineEquation, RangeQueryFollowsItsRounding)
                     continue;
                 for (const auto &range : ranges) {
                     int x = 111, y = 222, expectedX = 111, expectedY = 222;
-                    const bool expected = expectedInRange(a, b, c, s, range, expectedX, expectedY);
+                    const bool expected = expectedInRange(a, b, s, range, expectedX, expectedY);
                     ASSERT_EQ(equation.findSolutionInRange(c, range[0], range[1], range[2],
                                                            range[3], x, y),
                               expected);
@@ -225,6 +224,53 @@ TEST(LinearDiophantineEquation, RangeQueryFollowsItsRounding)
                 }
             }
         }
+    }
+}
+
+TEST(LinearDiophantineEquation, ExtremeArgumentsWrap)
+{
+    struct Case
+    {
+        int a, b, c;
+        int range[4];
+        Solution solution;
+        int x, y;
+    };
+    const Case cases[] = {
+        {minInt, 3, 5, {-100, 100, -100, 100}, {5, -715827881, 3, minInt}, 5, -715827881},
+        {65536,
+         65535,
+         maxInt,
+         {minInt, maxInt, 0, 1000000},
+         {maxInt, -maxInt, 65535, -65536},
+         maxInt,
+         -maxInt},
+        {-46341,
+         46340,
+         -2000000000,
+         {-50, 50, -50, 50},
+         {2000000000, 2000000000, -46340, -46341},
+         11940,
+         -31219},
+        {minInt, minInt, minInt, {-5, 5, -5, 5}, {0, 1, 1, -1}, -4, -4},
+        {7,
+         minInt,
+         minInt,
+         {minInt, maxInt, minInt, maxInt},
+         {minInt, minInt, minInt, -7},
+         minInt,
+         minInt},
+    };
+    for (const Case &k : cases) {
+        SCOPED_TRACE(testing::Message() << k.a << ' ' << k.b << ' ' << k.c);
+        const Equation equation(k.a, k.b);
+        EXPECT_TRUE(solution(equation, k.c) == k.solution);
+        EXPECT_TRUE(equation.testSolution(k.c, k.solution.x, k.solution.y));
+        int x = 111, y = 222;
+        EXPECT_TRUE(equation.findSolutionInRange(k.c, k.range[0], k.range[1], k.range[2],
+                                                 k.range[3], x, y));
+        EXPECT_EQ(x, k.x);
+        EXPECT_EQ(y, k.y);
     }
 }
 
@@ -250,6 +296,10 @@ TEST(LinearDiophantineEquationDeathTest, OverflowingQuotientFaults)
     const Equation equation(0, -1);
     Solution s;
     EXPECT_DEATH(solve(equation, minInt, s), "");
+    // x - xMax wraps to -2147483648, by a step of -1
+    const Equation steps(1, 1);
+    int x, y;
+    EXPECT_DEATH(steps.findSolutionInRange(0, 0, minInt, 0, 1, x, y), "");
 }
 
 } // namespace
