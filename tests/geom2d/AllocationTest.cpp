@@ -1,5 +1,5 @@
-#include "AllocationCount.h"
 #include "PlaneFixtures.h"
+#include "support/AllocationCount.h"
 
 #include <OrvelMath/geom2d/Math2D.h>
 #include <OrvelMath/geom2d/concav2d.h>
@@ -8,18 +8,13 @@
 #include <new>
 
 using namespace concav2d;
+using support::allocationsOf;
 
 namespace {
 
-class PlaneAllocations : public testing::Test
+class PlaneAllocations : public support::AllocationCounting
 {
 protected:
-    void SetUp() override
-    {
-        if (allocation::count() < 0)
-            GTEST_SKIP() << "allocations cannot be counted here";
-    }
-
     Point2D a{0, 0};
     Point2D b{10, 0};
     Point2D c{10, 10};

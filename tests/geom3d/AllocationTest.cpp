@@ -4,66 +4,23 @@
 #include <OrvelMath/geom3d/MatUtil.h>
 #include <OrvelMath/geom3d/intersect3d.h>
 
+#include "support/AllocationCount.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <new>
 
 namespace {
 
 using Vector = vectorC3d<double>;
+using Allocation = support::AllocationCounting;
 
-thread_local long allocationCount = 0;
-
-void *countedAllocation(std::size_t size)
+TEST_F(Allocation, IsCountedHere)
 {
-    ++allocationCount;
-    if (void *const memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
+    EXPECT_EQ(support::allocationsOf([] { ::operator delete(::operator new(16)); }), 1);
 }
 
-} // namespace
-
-// Replaced for the whole program, the library's calls included.
-void *operator new(std::size_t size)
-{
-    return countedAllocation(size);
-}
-
-void *operator new[](std::size_t size)
-{
-    return countedAllocation(size);
-}
-
-void operator delete(void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
-TEST(Allocation, IsCountedHere)
-{
-    const long before = allocationCount;
-    ::operator delete(::operator new(16));
-    EXPECT_EQ(allocationCount, before + 1);
-}
-
-TEST(Allocation, NoneIsMadeBySmallSystemsAndCrossings)
+TEST_F(Allocation, NoneIsMadeBySmallSystemsAndCrossings)
 {
     const Vector a(0.0, 0.0, 1.0);
     const Vector b(0.0, 1.0, 0.5);
@@ -74,7 +31,7 @@ TEST(Allocation, NoneIsMadeBySmallSystemsAndCrossings)
     Point3D second;
     double t1 = 0.0;
     double t2 = 0.0;
-    const long before = allocationCount;
+    const long before = support::allocationCount();
     MatUtil::intersectPlanes(a, b, c, a, point, direction);
     MatUtil::intersectLines(a, b, c, a, point);
     MatUtil::bisectingPlane(a, b, c, a, point, direction);
@@ -85,12 +42,12 @@ TEST(Allocation, NoneIsMadeBySmallSystemsAndCrossings)
                           second);
     IntersectLineSphere(Point3D(a), Point3D(b), Point3D(c), 9.0, first, second);
     LineInsideTriangle(Point3D(a), Point3D(b), Point3D(c), Point3D(), Point3D(b), 0.0);
-    EXPECT_EQ(allocationCount, before);
+    EXPECT_EQ(support::allocationCount(), before);
 }
 
-TEST(Allocation, NoneIsMadeByTransformations)
+TEST_F(Allocation, NoneIsMadeByTransformations)
 {
-    const long before = allocationCount;
+    const long before = support::allocationCount();
     Matrix4X4C m;
     m.Rotate(10.0, 20.0, 30.0);
     m.Invert();
@@ -102,5 +59,7 @@ TEST(Allocation, NoneIsMadeByTransformations)
     t *= ~t;
     CutPlane plane(CutPlane::CutPlaneX, 1, 2.0);
     plane = CutPlane();
-    EXPECT_EQ(allocationCount, before);
+    EXPECT_EQ(support::allocationCount(), before);
 }
+
+} // namespace

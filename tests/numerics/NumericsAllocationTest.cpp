@@ -3,46 +3,19 @@
 #include <OrvelMath/numerics/LinearDiophantineEquationC.h>
 #include <OrvelMath/numerics/Transforms.h>
 
+#include "support/AllocationCount.h"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdlib>
 #include <vector>
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define SANITIZED
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define SANITIZED
-#endif
-#endif
-
-// Counting needs a malloc of the program's own, which sanitizers bring too.
-#if defined(__GLIBC__) && !defined(SANITIZED)
-
-namespace {
-thread_local int allocations = 0;
-} // namespace
-
-extern "C" void *__libc_malloc(std::size_t size);
-
-extern "C" void *malloc(std::size_t size)
-{
-    ++allocations;
-    return __libc_malloc(size);
-}
-
 namespace {
 
-template <typename Call>
-int allocationsOf(Call call)
-{
-    const int before = allocations;
-    call();
-    return allocations - before;
-}
+using NumericsAllocations = support::AllocationCounting;
+using support::allocationsOf;
 
-TEST(Transforms, AllocateNothing)
+TEST_F(NumericsAllocations, TransformsMakeNone)
 {
     for (int n : {1, 2, 8, 16, 32, 64, 100, 128, 1024, 4096}) {
         const std::size_t size = std::size_t(n);
@@ -68,7 +41,7 @@ TEST(Transforms, AllocateNothing)
               0);
 }
 
-TEST(CircleFits, AllocateNothing)
+TEST_F(NumericsAllocations, CircleFitsMakeNone)
 {
     const std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> points{
         {6, 2}, {1, 7}, {-4, 2}};
@@ -79,7 +52,7 @@ TEST(CircleFits, AllocateNothing)
               0);
 }
 
-TEST(EigenVectorComputation, AllocatesItsRecordOnly)
+TEST_F(NumericsAllocations, EigenVectorComputationMakesItsRecordOnly)
 {
     const matrixC3x3<double> matrix({2, 1, 0}, {1, 3, 1}, {0, 1, 4});
     EXPECT_EQ(allocationsOf([&] { EigenVectorComputationC{matrix}; }), 1);
@@ -93,7 +66,7 @@ TEST(EigenVectorComputation, AllocatesItsRecordOnly)
     }
 }
 
-TEST(LinearDiophantineEquation, AllocatesNothing)
+TEST_F(NumericsAllocations, LinearDiophantineEquationMakesNone)
 {
     EXPECT_EQ(allocationsOf([] {
                   int x, y, xStep, yStep;
@@ -105,5 +78,3 @@ TEST(LinearDiophantineEquation, AllocatesNothing)
 }
 
 } // namespace
-
-#endif

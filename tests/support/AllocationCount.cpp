@@ -1,4 +1,4 @@
-#include "AllocationCount.h"
+#include "support/AllocationCount.h"
 
 #include <cstddef>
 #include <cstdlib>
@@ -20,20 +20,20 @@ thread_local long allocations = 0;
 
 extern "C" void *__libc_malloc(std::size_t size);
 
-extern "C" void *malloc(std::size_t size)
+extern "C" __attribute__((visibility("default"))) void *malloc(std::size_t size)
 {
     ++allocations;
     return __libc_malloc(size);
 }
 
-long allocation::count()
+long support::allocationCount()
 {
     return allocations;
 }
 
 #else
 
-long allocation::count()
+long support::allocationCount()
 {
     return -1;
 }
