@@ -136,10 +136,10 @@ void drawSearch(Panel &panel)
 void drawLookup(SvgCanvas &canvas)
 {
     canvas.layout(2, 380.0, 380.0);
-    drawCells(canvas.panel("Points in the order of insertion, the cell that each of them splits",
-                           square));
+    drawCells(
+        canvas.panel("Points in the order of insertion,\nand the cell that each splits", square));
     drawSearch(
-        canvas.panel("The nodes that a search for the nearest examines, in their order", square));
+        canvas.panel("The nodes that a search for\nthe nearest examines, in their order", square));
     canvas.legend(Role::Accent, "split by x; node examined by the search");
     canvas.legend(Role::Second, "split by y");
     canvas.legend(Role::Result, "nearest point, disc that no other point lies in");
