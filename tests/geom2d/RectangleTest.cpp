@@ -261,6 +261,26 @@ TEST(Clipline, NanCountsAsInsideAndInfinityEnds)
     }
 }
 
+TEST(Clipline, ExchangedBordersEndAndKeepNothingOutside)
+{
+    double const numbers[] = {nan64, -inf, inf, 1e300, -20, -5, 0, 5, 20};
+    for (double const x1 : numbers) {
+        for (double const y1 : numbers) {
+            for (double const x2 : numbers) {
+                Segment x{x1, y1, x2, 3};
+                Segment y{x1, y1, 3, x2};
+                bool const keptInX = x.clip(10, 0, 0, 10);
+                bool const keptInY = y.clip(0, 10, 10, 0);
+                // Only what is no number is not outside.
+                EXPECT_TRUE(!keptInX || (std::isnan(x.x1) && std::isnan(x.x2)));
+                EXPECT_TRUE(!keptInY || (std::isnan(y.y1) && std::isnan(y.y2)));
+            }
+        }
+    }
+    Segment s{20, -5, -20, 15};
+    EXPECT_FALSE(s.clip(10, 10, 0, 0));
+}
+
 TEST(Clipline, ASegmentThatEndsInACornerDoesNotGoToAndFroForEver)
 {
     std::mt19937_64 random(4);

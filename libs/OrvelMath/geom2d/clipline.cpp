@@ -1,6 +1,7 @@
 #include <OrvelMath/geom2d/Math2D.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -63,7 +64,8 @@ class Recurrence
 public:
     bool repeats(double x1, double y1, double x2, double y2)
     {
-        if (marked && x1 == mark[0] && y1 == mark[1] && x2 == mark[2] && y2 == mark[3])
+        if (marked && isSame(x1, mark[0]) && isSame(y1, mark[1]) && isSame(x2, mark[2]) &&
+            isSame(y2, mark[3]))
             return true;
         if (++steps == nextMark) {
             mark[0] = x1;
@@ -77,6 +79,9 @@ public:
     }
 
 private:
+    // A coordinate that is no number stays none, and is the same place again.
+    static bool isSame(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
     double mark[4] = {0.0, 0.0, 0.0, 0.0};
     bool marked = false;
     unsigned steps = 0;
@@ -106,11 +111,12 @@ bool clipline(double xmin, double ymin, double xmax, double ymax, double &x1, do
             code2 = clipper.outcode(x2, y2);
         }
         // On a segment through a corner, rounding may drive an end off one border and back over the
-        // other for ever. Such an end belongs on the corner.
+        // other for ever. Such an end belongs on the corner. In a rectangle whose borders are
+        // exchanged no end ever comes to rest, and nothing stays.
         if (recurrence.repeats(x1, y1, x2, y2)) {
             clipper.clamp(x1, y1);
             clipper.clamp(x2, y2);
-            return true;
+            return !(xmin > xmax || ymin > ymax);
         }
     }
     return true;

@@ -76,8 +76,8 @@ ORVELMATH_EXPORT int getArcExtrema(Point2D const &p0, Point2D const &p1, Point2D
 
 /// Box about the arc that runs counter-clockwise from start to end.
 ///
-/// @param start, end degrees. Angles above 360 are reduced; an infinite one gives the box of NaN
-///                   end points.
+/// @param start, end degrees. Angles above 360 are reduced, those below 0 are not. NaN and infinity
+///                   have no end point, and the box then no meaning.
 /// @return always 0.
 ///
 /// @image html extrema.svg
@@ -88,8 +88,8 @@ ORVELMATH_EXPORT int getArcExtrema(Point2D const &centre, double radius, double 
 ///
 /// With f = sqrt(a * a + b * b), p sees the points (f, 0) and (-f, 0) of the ellipse's own axes.
 /// The direction is half the angle under which the second one is seen, turned back by half a turn
-/// unless the first one is seen downwards. This is not the analytic normal; at (a, 0) it runs
-/// along the tangent.
+/// unless the first one is seen at more than 180 degrees: downwards, or to the right at 360. This
+/// is not the analytic normal; at (a, 0) it runs along the tangent.
 ///
 /// @param rotation of the ellipse's own x axis, in degrees.
 /// @param p a point of the ellipse.
