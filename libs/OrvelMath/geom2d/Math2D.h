@@ -110,15 +110,14 @@ ORVELMATH_EXPORT int circleLineIntersect(Point2D a, Point2D b, Point2D c, float 
 ///
 /// Unlike the textbook form, an end may move in x and y in the same pass, and the slope is that
 /// of the segment as passed throughout. Points on the border are inside.
+///
 /// An end that rounding would drive off one border and back over another for ever, on a segment
-/// through a corner, is put on the corner.
+/// through a corner, is put on the corner. Where exchanged borders (xmin above xmax, ymin above
+/// ymax) would do so, the result is false.
 ///
 /// @param x1, y1, x2, y2 ends of the segment, moved to the border where they lie outside. After
 ///                       false they may have been moved in part.
 /// @return true if a part of the segment stays. A coordinate that is NaN counts as inside.
-///
-/// An end that rounding would drive to and fro over a corner for ever is put on the corner. Where
-/// exchanged borders (xmin above xmax, ymin above ymax) would do so, the result is false.
 ///
 /// @image html clipping.svg
 ORVELMATH_EXPORT bool clipline(double xmin, double ymin, double xmax, double ymax, double &x1,
