@@ -45,25 +45,6 @@ void expectNear(const M &actual, const M &expected, double tolerance)
         EXPECT_NEAR(actual[i], expected[i], tolerance) << "cell " << i;
 }
 
-/// Counts how often the value is written back.
-template <typename P>
-class Counting : public P
-{
-public:
-    void setComVariant(const mzComVariantC &value) override
-    {
-        ++writes;
-        P::setComVariant(value);
-    }
-    int writes = 0;
-};
-
-template <typename P>
-void drop(P *object)
-{
-    const mzComPtrT<P> pointer(object);
-}
-
 } // namespace
 
 TEST(Matrix3Proxy, MultipliesByTheTypeOfTheArgument)
@@ -252,6 +233,24 @@ TEST(Rotation, AboutAVectorAgreesWithTheAxes)
     expectNear(about(0, 0, -3, -40), valueOf<Matrix4>(rotation4(0, 0, 40)), 1e-15);
 }
 
+TEST(Rotation, AboutAVectorIsToTheLastBitTheFormula)
+{
+    const Object m(new prxMatrix4x4C);
+    call(m, "rotVector", {mzComVariantC(vector3(1, -2, 3)), 25.0});
+    const double length = std::sqrt(14.0);
+    const double x = 1.0 / length;
+    const double y = -2.0 / length;
+    const double z = 3.0 / length;
+    const double c = std::cos(25.0 * pi / 180.0);
+    const double s = std::sin(25.0 * pi / 180.0);
+    EXPECT_TRUE(
+        valueOf<Matrix4>(m) ==
+        cells<Matrix4>({(1 - x * x) * c + x * x, x * y * (1 - c) + s * z, x * z * (1 - c) - s * y,
+                        0, x * y * (1 - c) - s * z, (1 - y * y) * c + y * y,
+                        y * z * (1 - c) + s * x, 0, x * z * (1 - c) + s * y,
+                        y * z * (1 - c) - s * x, (1 - z * z) * c + z * z, 0, 0, 0, 0, 1}));
+}
+
 TEST(Rotation, AboutAVectorLosesTheTranslation)
 {
     const Object m = make<prxMatrix4x4C>(
@@ -401,26 +400,52 @@ TEST(AxisVector, TakesAndGivesVariants)
     EXPECT_TRUE(m->getValue().axis(3) == Vector3(0, 0, 0));
 }
 
-TEST(MatrixWrapper, WhichMembersWriteBack)
+TEST(MatrixWrapper, WhichMembersOfTheSquareMatrixUseItAndWriteBack)
 {
     const mzComPtrT<Counting<prxMatrix4x4C>> m(new Counting<prxMatrix4x4C>);
-    const auto writesOf = [&m](auto action) {
+    const auto expectCounts = [&m](int handles, int writes, auto action) {
+        m->handles = 0;
         m->writes = 0;
         action();
-        return m->writes;
+        EXPECT_EQ(m->handles, handles);
+        EXPECT_EQ(m->writes, writes);
     };
-    EXPECT_EQ(writesOf([&] { m->ident(); }), 1);
-    EXPECT_EQ(writesOf([&] { m->setTVec(Vector3(1, 2, 3)); }), 1);
-    EXPECT_EQ(writesOf([&] { m->rotAngle(1, 2, 3); }), 1);
-    EXPECT_EQ(writesOf([&] { m->rotVector(Vector3(1, 2, 3), 4); }), 1);
-    EXPECT_EQ(writesOf([&] { m->getRoll(); }), 12);
-    EXPECT_EQ(writesOf([&] { m->getPitch(); }), 12);
-    EXPECT_EQ(writesOf([&] { m->getYaw(); }), 12);
-    EXPECT_EQ(writesOf([&] { drop(m->inv4x4()); }), 0);
-    EXPECT_EQ(writesOf([&] { drop(m->conv3x3()); }), 0);
-    EXPECT_EQ(writesOf([&] { drop(m->mulMat4x4(Matrix4())); }), 0);
-    EXPECT_EQ(writesOf([&] { drop(m->mulVec3dMat4x4(Vector3())); }), 0);
-    EXPECT_EQ(writesOf([&] { drop(m->mulVec2dMat4x4(Vector2())); }), 0);
+    expectCounts(1, 1, [&] { m->ident(); });
+    expectCounts(1, 1, [&] { m->setXVec(Vector3(1, 2, 3)); });
+    expectCounts(1, 1, [&] { m->setYVec(Vector3(1, 2, 3)); });
+    expectCounts(1, 1, [&] { m->setZVec(Vector3(1, 2, 3)); });
+    expectCounts(1, 1, [&] { m->setTVec(Vector3(1, 2, 3)); });
+    expectCounts(0, 1, [&] { m->rotAngle(1, 2, 3); });
+    expectCounts(0, 1, [&] { m->rotVector(Vector3(1, 2, 3), 4); });
+    expectCounts(12, 12, [&] { m->getRoll(); });
+    expectCounts(12, 12, [&] { m->getPitch(); });
+    expectCounts(12, 12, [&] { m->getYaw(); });
+    expectCounts(0, 0, [&] { drop(m->inv4x4()); });
+    expectCounts(0, 0, [&] { drop(m->conv3x3()); });
+    expectCounts(0, 0, [&] { drop(m->mulMat4x4(Matrix4())); });
+    expectCounts(0, 0, [&] { drop(m->mulVec3dMat4x4(Vector3())); });
+    expectCounts(0, 0, [&] { drop(m->mulVec2dMat4x4(Vector2())); });
+}
+
+TEST(MatrixWrapper, WhichMembersOfTheSmallMatrixUseItAndWriteBack)
+{
+    const mzComPtrT<Counting<prxMatrix3x3C>> m(new Counting<prxMatrix3x3C>);
+    const auto expectCounts = [&m](int uses, auto action) {
+        m->handles = 0;
+        m->writes = 0;
+        action();
+        EXPECT_EQ(m->handles, uses);
+        EXPECT_EQ(m->writes, uses);
+    };
+    expectCounts(1, [&] { m->ident(); });
+    expectCounts(1, [&] { m->rotAngle(1, 2, 3); });
+    expectCounts(1, [&] { m->setXVec(Vector3(1, 2, 3)); });
+    expectCounts(1, [&] { m->setYVec(Vector3(1, 2, 3)); });
+    expectCounts(1, [&] { m->setZVec(Vector3(1, 2, 3)); });
+    expectCounts(0, [&] { drop(m->inv3x3()); });
+    expectCounts(0, [&] { drop(m->mulMat3x3(Matrix3())); });
+    expectCounts(0, [&] { drop(m->mulVec3x3(Vector3())); });
+    expectCounts(0, [&] { drop(m->mulVec2x3(Vector2())); });
 }
 
 RC_GTEST_PROP(Rotation, IsOrthonormalAndUndoneByItsInverse, ())

@@ -43,6 +43,41 @@ M cells(std::initializer_list<double> values)
     return matrix;
 }
 
+/// Counts how often a proxy's value is written back, and how often somebody asked for the handle to
+/// edit it.
+template <typename P>
+class Counting : public P
+{
+public:
+    using Wrapper = typename P::prxValWrapperC;
+
+    Counting() = default;
+    explicit Counting(const typename P::ValueType &value)
+        : P(value)
+    {
+    }
+    void setComVariant(const mzComVariantC &variant) override
+    {
+        ++writes;
+        P::setComVariant(variant);
+    }
+    Wrapper value() const override
+    {
+        ++handles;
+        return P::value();
+    }
+
+    int writes = 0;
+    mutable int handles = 0;
+};
+
+/// Lets a new object go.
+template <typename P>
+void drop(P *object)
+{
+    const mzComPtrT<P> pointer(object);
+}
+
 /// The value that an object stands for; fails the test if it stands for none of this type.
 template <typename T>
 T valueOf(const Object &object)

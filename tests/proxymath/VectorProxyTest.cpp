@@ -17,28 +17,15 @@ namespace {
 const double inf = std::numeric_limits<double>::infinity();
 const double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// Counts how often the value is written back.
-class CountingVector : public prxVector3dC
+/// A value proxy without a class of its own, made from a value.
+class PlainProxy : public prxVariantUserTypeBaseC<Vector3>
 {
 public:
-    CountingVector(double x, double y, double z)
-        : prxVector3dC(Vector3(x, y, z))
+    explicit PlainProxy(const Vector3 &value)
+        : prxVariantUserTypeBaseC<Vector3>(value)
     {
-        writes = 0;
     }
-    void setComVariant(const mzComVariantC &value) override
-    {
-        ++writes;
-        prxVector3dC::setComVariant(value);
-    }
-    int writes;
 };
-
-template <typename P>
-void drop(P *object)
-{
-    const mzComPtrT<P> pointer(object);
-}
 
 } // namespace
 
@@ -173,7 +160,7 @@ TEST(Vector2Proxy, HasNeitherCrossNorZ)
 
 TEST(ValueWrapper, ReadingThroughItWritesBack)
 {
-    const mzComPtrT<CountingVector> v(new CountingVector(1, 2, 3));
+    const mzComPtrT<Counting<prxVector3dC>> v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
     EXPECT_EQ(v->getx(), 1.0);
     EXPECT_EQ(v->writes, 1);
     EXPECT_EQ(v->gety(), 2.0);
@@ -187,7 +174,7 @@ TEST(ValueWrapper, ReadingThroughItWritesBack)
 
 TEST(ValueWrapper, ArithmeticDoesNotUseIt)
 {
-    const mzComPtrT<CountingVector> v(new CountingVector(1, 2, 3));
+    const mzComPtrT<Counting<prxVector3dC>> v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
     drop(v->add(Vector3(1, 1, 1)));
     drop(v->sub(Vector3(1, 1, 1)));
     drop(v->mulReal(2));
@@ -199,9 +186,25 @@ TEST(ValueWrapper, ArithmeticDoesNotUseIt)
     EXPECT_EQ(v->writes, 0);
 }
 
+TEST(ValueWrapper, IsUsedByTheFlatVectorInTheSameWay)
+{
+    const mzComPtrT<Counting<prxVector2dC>> v(new Counting<prxVector2dC>);
+    v->setXY(3, 4);
+    EXPECT_EQ(v->writes, 2);
+    EXPECT_EQ(v->getx() + v->gety(), 7.0);
+    EXPECT_EQ(v->writes, 4);
+    v->setx(5);
+    v->sety(6);
+    EXPECT_EQ(v->writes, 6);
+    drop(v->perpendicular());
+    drop(v->norm(1));
+    EXPECT_EQ(v->len(), std::sqrt(61.0));
+    EXPECT_EQ(v->writes, 6);
+}
+
 TEST(ValueWrapper, WritesOnlyWhatWasTouched)
 {
-    const mzComPtrT<CountingVector> v(new CountingVector(1, 2, 3));
+    const mzComPtrT<Counting<prxVector3dC>> v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
     {
         auto edit = v->value();
         EXPECT_EQ(v->addRef(), 3);
@@ -227,6 +230,13 @@ TEST(ValueProxy, AVariantOfAnotherTypeReadsAsZero)
     EXPECT_TRUE(v->getValue() == Vector3(0, 0, 0));
     v->setVariant(QStringLiteral("word"));
     EXPECT_EQ(v->len(), 0.0);
+}
+
+TEST(ValueProxy, IsMadeFromAValue)
+{
+    const mzComPtrT<PlainProxy> plain(new PlainProxy(Vector3(1, 2, 3)));
+    EXPECT_TRUE(plain->getValue() == Vector3(1, 2, 3));
+    EXPECT_EQ(plain->getComVariant().userType(), proxyValueTypeId<Vector3>());
 }
 
 TEST(ValueProxy, AnObjectInItsVariantIsReadAsItsValue)

@@ -17,8 +17,8 @@
 /// - A function that returns a proxy gives a new object without references, or null if memory ran
 ///   out. Put it into an mzComPtrT. The setters are the exception: they return `this`.
 /// - Many members edit the value through prxValWrapperC, which counts a reference and gives it
-/// back.
-///   On a proxy that nobody holds this would be the last one. Hold a proxy before you call it.
+///   back. On a proxy that nobody holds this would be the last one. Hold a proxy before you call
+///   it.
 
 #include <OrvelMath/proxymath/proxyValueType.h>
 #include <OrvelMath/proxymath/prxMathFactoryC.h>
