@@ -12,6 +12,18 @@
 /// | prxMatrix3x3C.h, prxMatrix4x4C.h | the matrices |
 /// | prxMathFactoryC.h | makes all of them |
 ///
+/// Each class describes itself to the script layer by the same members. What they give is built on
+/// first use, from any thread, and stays.
+///
+/// | Member | Gives |
+/// |---|---|
+/// | OID | the identifier by which proxyFactoryC makes the class, such as "linquet.vector3d" |
+/// | getObjectName | the class name, such as "prxVector3dC" |
+/// | getStaticProxyTypeInfo, getProxyTypeInfo | the description with all of the following |
+/// | getStaticBaseClasses | the description of the base class, then null |
+/// | getStaticMemberDescription | the table of the members, which ends with a null name |
+/// | _castTo | the object itself |
+///
 /// Scripts reach the members by name; C++ can call them as well. Two things to know there:
 ///
 /// - A function that returns a proxy gives a new object without references, or null if memory ran

@@ -16,6 +16,7 @@ public:
     prxMathFactoryC();
     ~prxMathFactoryC() override;
 
+    /// A new zero object each.
     prxMatrix4x4C *createMat4x4() const;
     prxMatrix3x3C *createMat3x3() const;
     prxVector3dC *createVec3d() const;

@@ -20,6 +20,7 @@ public:
 
     /// A new matrix: this times other.
     prxMatrix3x3C *mulMat3x3(const matrixC3x3<double> &other) const;
+    /// The image of a vector.
     prxVector3dC *mulVec3x3(const vectorC3d<double> &vector) const;
     /// The image of a point of the plane: the z axis is the translation; no division.
     prxVector2dC *mulVec2x3(const vectorC2d<double> &point) const;
@@ -30,12 +31,14 @@ public:
     prxVector3dC *getXVec();
     prxVector3dC *getYVec();
     prxVector3dC *getZVec();
+    /// Replaces one axis, a column; returns this.
     prxMatrix3x3C *setXVec(const vectorC3d<double> &axis);
     prxMatrix3x3C *setYVec(const vectorC3d<double> &axis);
     prxMatrix3x3C *setZVec(const vectorC3d<double> &axis);
     /// Becomes Rx(a) Ry(b) Rz(c), right-handed rotations about the axes; degrees. Returns this. Not
     /// the rotation of Math3DRotateMatrix.
     prxMatrix3x3C *rotAngle(double a, double b, double c);
+    /// A new factory.
     prxMathFactoryC *getFactory() const;
 
     static const mzIIDS &OID();

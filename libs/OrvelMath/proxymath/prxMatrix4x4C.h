@@ -42,6 +42,7 @@ public:
     prxVector3dC *getYVec();
     prxVector3dC *getZVec();
     prxVector3dC *getTVec();
+    /// Replaces the top three elements of one column; returns this.
     prxMatrix4x4C *setXVec(const vectorC3d<double> &axis);
     prxMatrix4x4C *setYVec(const vectorC3d<double> &axis);
     prxMatrix4x4C *setZVec(const vectorC3d<double> &axis);
@@ -53,6 +54,7 @@ public:
     double getPitch();
     /// Degrees: the third angle. For rotAngle(a, 0, 0) it is -a.
     double getYaw();
+    /// A new factory.
     prxMathFactoryC *getFactory() const;
 
     static const mzIIDS &OID();

@@ -13,14 +13,17 @@ public:
     explicit prxVector2dC(const vectorC2d<double> &value);
     ~prxVector2dC() override;
 
+    /// A component. Reading goes through the editing handle and writes the value back.
     double getx();
     double gety();
+    /// Sets one component; returns this, as all setters do.
     prxVector2dC *setx(double x);
     prxVector2dC *sety(double y);
     /// Sets x, then y.
     prxVector2dC *setXY(double x, double y);
     /// A new vector (-y, x): this one turned a quarter left.
     prxVector2dC *perpendicular() const;
+    /// A new factory.
     prxMathFactoryC *getFactory() const;
 
     static const mzIIDS &OID();

@@ -15,14 +15,17 @@ public:
 
     /// A new vector: this × other, right-handed.
     prxVector3dC *cross(const vectorC3d<double> &other) const;
+    /// A component. Reading goes through the editing handle and writes the value back.
     double getx();
     double gety();
     double getz();
+    /// Sets one component; returns this, as all setters do.
     prxVector3dC *setx(double x);
     prxVector3dC *sety(double y);
     prxVector3dC *setz(double z);
     /// Sets x, then y, then z.
     prxVector3dC *setXYZ(double x, double y, double z);
+    /// A new factory.
     prxMathFactoryC *getFactory() const;
 
     static const mzIIDS &OID();

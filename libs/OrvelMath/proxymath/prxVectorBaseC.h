@@ -10,13 +10,16 @@ template <typename V, typename P>
 class ORVELMATH_EXPORT prxVectorBaseC : public prxVariantUserTypeBaseC<V>
 {
 public:
+    /// Component by component, as are sub, mulReal and divReal.
     P *add(const V &other) const { return new P(this->getValue() + other); }
     P *sub(const V &other) const { return new P(this->getValue() - other); }
+    /// The root of the sum of the squares; infinity where that sum overflows.
     double len() const { return this->getValue().length(); }
     P *mulReal(double factor) const { return new P(this->getValue() * factor); }
     /// Without a guard: a zero divisor gives infinities and NaN.
     P *divReal(double divisor) const { return new P(this->getValue() / divisor); }
-    /// The vector of this direction with the given length; NaN for the zero vector.
+    /// The vector of this direction with the given length: each component times length / len(). NaN
+    /// for the zero vector.
     P *norm(double length) const
     {
         const V vector = this->getValue();
