@@ -12,8 +12,10 @@
 /// is no answer, and the outputs are then of no use. A construction without bool tells failure by
 /// the radius -1.0.
 ///
-/// NaN and infinities run through the arithmetic. Every test is written in the form "limit >
-/// value", so a NaN never counts as degenerate: it comes out in the results.
+/// NaN and infinities run through the arithmetic. The tests of getCircleCenter, intersectLinePlane
+/// and rayIntersectsTriangle fail on NaN, which so comes out in the results. Where a system of
+/// equations is solved, by intersectPlanes, intersectLines, bisectingPlane and getSphereCenter, a
+/// NaN can also take a pivot away and so count as degenerate.
 ///
 /// All functions are pure apart from their outputs, may be called from any thread, allocate
 /// nothing and take constant time.
