@@ -204,6 +204,19 @@ TEST(AdjustArcM2pnt, HalfCircleStays)
     }
 }
 
+TEST(AdjustArcM2pnt, HalfCircleOnASlantKeepsItsEndsInEitherOrder)
+{
+    for (int y = -12; y <= 12; ++y) {
+        for (int mode = 0; mode < 2; ++mode) {
+            Point2D a(-12, y), b(12, -y);
+            adjust(Point2D(0, 0), a, b, mode);
+            EXPECT_EQ(std::fabs(a.x()), 12);
+            EXPECT_EQ(a.x() * y, -12 * a.y());
+            EXPECT_TRUE(b == -a);
+        }
+    }
+}
+
 TEST(AdjustArcM2pnt, EqualDirectionsAreASweepOfNothing)
 {
     Point2D a(1, 0), b(2, 0);

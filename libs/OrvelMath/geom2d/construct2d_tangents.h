@@ -145,7 +145,9 @@ ORVELMATH_EXPORT int arc_line1end_to_line2anf(Point2D const &p0, Point2D const &
 /// Swaps the ends of an arc in the form m2pnt where that gives the wanted sweep.
 ///
 /// @param m    centre; never changed
-/// @param a, b ends, swapped in place or left alone. Ends straight across from each other stay
+/// @param a, b ends, swapped in place or left alone. Ends straight across from each other stay when
+///             their directions, rounded, differ by exactly 180 degrees, as they do along the axes;
+///             on a slant rounding decides
 /// @param r    not read
 /// @param mode non-zero: the arc that sweeps at most 180 degrees; zero: the one that sweeps at
 ///             least 180 degrees
