@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace rayBand {
 
@@ -82,56 +83,66 @@ int endOfRun(At const &at, int i, int limit, Band const &band)
     return i;
 }
 
-/// Tells without a division or a root how most edges from one side of the band to the other meet
-/// the ray, wherever the crossing functions can come to no other answer.
+/// Tells without a root how most edges from one side of the band to the other meet the ray,
+/// wherever the crossing functions can come to no other answer.
 ///
 /// With all coordinates within `scale`, those functions place the crossing, and measure lengths
-/// over it, with errors that add up to less than 100 units of rounding (1.1e-14) times the scale.
-/// An edge whose ends keep that distance, and the tolerance, from the ray's line and from both ends
-/// of the ray cannot be taken for another case.
+/// over it, with errors that add up to less than 100 units of rounding (1.1e-14) times the scale,
+/// and so does this one. An edge whose ends keep more than that, and the tolerance, from the ray's
+/// line, and whose crossing keeps them from both ends of the ray, cannot be taken for another case.
 class EdgeFilter
 {
 public:
     enum class Answer { Misses, Crosses, Unclear };
+    /// Whether the crossing function tells by parameters or by sums of lengths what is on an edge.
+    enum class Measure { Parameters, Lengths };
 
-    EdgeFilter(Point2D const &p, double rayEndX, double xmin, double tol)
+    EdgeFilter(Point2D const &p, double rayEndX, double xmin, double tol, Measure measure)
         : m_p(p)
         , m_scale(std::fabs(rayEndX) + std::fabs(xmin) + std::fabs(p.x()) + std::fabs(p.y()))
     {
         double const noise = 5e-14 * m_scale;
         m_clearance = tol + noise;
-        m_farEnd = rayEndX - m_clearance;
-        // A tolerance below the noise may turn a crossing into none.
-        m_crossingsAreClear = tol >= noise;
-        m_isActive = tol >= 0 && m_scale < 1e100;
+        m_left = p.x() - m_clearance;
+        m_right = p.x() + m_clearance;
+        // A tolerance below the noise may turn a crossing by lengths into none.
+        bool const crossingsAreClear = measure == Measure::Parameters || tol >= noise;
+        m_farEnd = crossingsAreClear ? rayEndX - m_clearance : m_left;
+        // Where nothing is clear, no height is above the clearance.
+        if (!(tol >= 0 && m_scale < 1e100))
+            m_clearance = std::numeric_limits<double>::infinity();
     }
 
     Answer operator()(Point2D const &cur, Point2D const &next) const
     {
-        if (!(m_isActive && isClear(cur) && isClear(next)))
+        double const height = m_p.y() - cur.y();
+        double const nextHeight = m_p.y() - next.y();
+        double const x = cur.x() + height / (next.y() - cur.y()) * (next.x() - cur.x());
+        // How the edge lies is hard to predict, so there is no branch before the answer.
+        bool const isCurClear = isWithin(height, cur.x());
+        bool const isNextClear = isWithin(nextHeight, next.x());
+        bool const isClear = isCurClear & isNextClear;
+        bool const misses = x < m_left;
+        bool const crosses = (x > m_right) & (x < m_farEnd);
+        if (!(isClear & (misses | crosses)))
             return Answer::Unclear;
-        double const left = std::min(cur.x(), next.x());
-        double const right = std::max(cur.x(), next.x());
-        if (right < m_p.x() - m_clearance)
-            return Answer::Misses;
-        if (m_crossingsAreClear && left > m_p.x() + m_clearance && right < m_farEnd)
-            return Answer::Crosses;
-        return Answer::Unclear;
+        return misses ? Answer::Misses : Answer::Crosses;
     }
 
 private:
-    bool isClear(Point2D const &end) const
+    bool isWithin(double height, double x) const
     {
-        double const height = std::fabs(end.y() - m_p.y());
-        return (height > m_clearance) & (height <= m_scale) & (std::fabs(end.x()) <= m_scale);
+        double const size = std::fabs(height);
+        double const distance = std::fabs(x);
+        return (size > m_clearance) & (size <= m_scale) & (distance <= m_scale);
     }
 
     Point2D m_p;
     double m_scale;
     double m_clearance;
+    double m_left;
+    double m_right;
     double m_farEnd;
-    bool m_crossingsAreClear;
-    bool m_isActive;
 };
 
 /// Walks around the polygon from the vertex `start`, through all its edges.
