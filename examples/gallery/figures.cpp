@@ -5,13 +5,8 @@ namespace gallery {
 std::vector<Figure> allFigures()
 {
     std::vector<Figure> (*const subjects[])() = {
-        planeFigures,
-        constructionFigures,
-        conicFigures,
-        spaceFigures,
-        numericsFigures,
-        lookupFigures,
-        volumeFigures,
+        planeFigures,    constructionFigures, conicFigures,  spaceFigures,
+        numericsFigures, lookupFigures,       volumeFigures,
     };
     std::vector<Figure> figures;
     for (auto const subject : subjects) {
