@@ -111,8 +111,8 @@ std::string spacingPicture(std::vector<double> const &spacings)
     int const barWidth = 16;
     double const height = 200.0;
     std::ostringstream svg;
-    svg << "<svg viewBox=\"0 0 " << classCount * barWidth + 40 << " 260\" font-size=\"13\" "
-        << "font-family=\"sans-serif\">\n";
+    svg << "<svg viewBox=\"0 0 " << classCount * barWidth + 40 << " 260\" font-size=\"11\" "
+        << "style=\"max-width: 48rem\" font-family=\"sans-serif\">\n";
     for (int i = 0; i < classCount; ++i) {
         double const bar = height * counts[static_cast<std::size_t>(i)] / highest;
         if (bar > 0.0) {
@@ -125,7 +125,8 @@ std::string spacingPicture(std::vector<double> const &spacings)
     svg << "<path d=\"M20 225.5H" << right << "\" stroke=\"#555\"/>\n"
         << "<text x=\"20\" y=\"245\">" << numberText(smallest) << "</text>\n"
         << "<text x=\"" << right << "\" y=\"245\" text-anchor=\"end\">" << numberText(largest)
-        << "</text>\n<text x=\"" << right
+        << "</text>\n<text x=\"" << (20 + right) / 2
+        << "\" y=\"245\" text-anchor=\"middle\">distance, logarithmic</text>\n<text x=\"" << right
         << "\" y=\"18\" text-anchor=\"end\">highest bar: " << highest
         << " vertices</text>\n</svg>\n";
     return svg.str();
