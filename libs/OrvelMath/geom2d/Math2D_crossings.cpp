@@ -152,7 +152,7 @@ IntersectionType cross(Cut const &cut, Point2D const &p0, Point2D &out, double t
     return atEndOfFirst || atEndOfSecond ? EndOnSegment : ProperCrossing;
 }
 
-/// The told way in full. Apart, as the next, so that a quick answer need not save any registers.
+/// The definition in full. Apart, as the next, so that a quick answer need not save any registers.
 [[gnu::noinline]] IntersectionType crossCarefully(Point2D const &p0, Point2D const &p1,
                                                   Point2D const &p2, Point2D const &p3,
                                                   Point2D &out, double tol)
