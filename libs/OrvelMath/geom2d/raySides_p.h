@@ -54,11 +54,11 @@ public:
     bool visitCrossings(Visit visit) const
     {
         for (int begin = 0; begin < m_count; begin += 64) {
-            std::uint64_t const below = m_below[static_cast<size_t>(begin / 64)];
+            auto const word = static_cast<std::size_t>(begin / 64);
+            std::uint64_t const below = m_below[word];
             int const size = std::min(64, m_count - begin);
             bool const isLast = begin + size == m_count;
-            std::uint64_t const following =
-                isLast ? m_below[0] : m_below[static_cast<size_t>(begin / 64 + 1)];
+            std::uint64_t const following = isLast ? m_below[0] : m_below[word + 1];
             std::uint64_t const next = below >> 1 | (following & 1) << (size - 1);
             for (std::uint64_t edges = below ^ next; edges != 0; edges &= edges - 1) {
                 int const i = begin + static_cast<int>(qCountTrailingZeroBits(quint64(edges)));
