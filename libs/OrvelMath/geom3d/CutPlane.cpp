@@ -4,6 +4,28 @@
 
 #include <cstring>
 
+namespace {
+
+// The vector of the given amount along the axis that the plane lies across; of a free plane the
+// given column of its frame; zero for an unknown type.
+Point3D alongType(CutPlane const &plane, double amount, int column)
+{
+    switch (plane.type) {
+    case CutPlane::CutPlaneX:
+        return Point3D(amount, 0.0, 0.0);
+    case CutPlane::CutPlaneY:
+        return Point3D(0.0, amount, 0.0);
+    case CutPlane::CutPlaneZ:
+        return Point3D(0.0, 0.0, amount);
+    case CutPlane::CutPlaneFree:
+        return Point3D(plane.frame[0][column], plane.frame[1][column], plane.frame[2][column]);
+    default:
+        return Point3D();
+    }
+}
+
+} // namespace
+
 CutPlane::CutPlane()
     : CutPlane(CutPlaneNone, 0, 0.0)
 {
@@ -31,36 +53,12 @@ bool CutPlane::operator==(CutPlane const &other) const
 
 Point3D CutPlane::getPosition() const
 {
-    const double along = direction * distance;
-    switch (type) {
-    case CutPlaneX:
-        return Point3D(along, 0.0, 0.0);
-    case CutPlaneY:
-        return Point3D(0.0, along, 0.0);
-    case CutPlaneZ:
-        return Point3D(0.0, 0.0, along);
-    case CutPlaneFree:
-        return Point3D(frame[0][3], frame[1][3], frame[2][3]);
-    default:
-        return Point3D();
-    }
+    return alongType(*this, direction * distance, 3);
 }
 
 Point3D CutPlane::getNormal() const
 {
-    const double along = direction;
-    switch (type) {
-    case CutPlaneX:
-        return Point3D(along, 0.0, 0.0);
-    case CutPlaneY:
-        return Point3D(0.0, along, 0.0);
-    case CutPlaneZ:
-        return Point3D(0.0, 0.0, along);
-    case CutPlaneFree:
-        return Point3D(frame[0][1], frame[1][1], frame[2][1]);
-    default:
-        return Point3D();
-    }
+    return alongType(*this, direction, 1);
 }
 
 void CutPlane::setFrame(double const (&values)[4][4])
