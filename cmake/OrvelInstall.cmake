@@ -14,7 +14,7 @@ foreach(library IN LISTS installed_targets)
 endforeach()
 
 # Headers with the suffix _p are the library's own business and stay at home.
-foreach(library IN ITEMS OrvelCore OrvelMath)
+foreach(library IN LISTS installed_targets)
     install(DIRECTORY libs/${library} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
         FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
 endforeach()
