@@ -19,12 +19,12 @@ struct Section
     QList<QByteArray> lines;
 };
 
-QList<Section> sectionsOf(const QByteArray &examples)
+QList<Section> sectionsOf(QByteArray const &examples)
 {
     QList<Section> sections;
-    for (const QByteArray &line : examples.split('\n')) {
+    for (QByteArray const &line : examples.split('\n')) {
         if (line.startsWith('[')) {
-            const int end = line.indexOf(']');
+            int const end = line.indexOf(']');
             sections.append({line.mid(1, end - 1), line.mid(end + 1).trimmed(), {}});
         } else if (!line.trimmed().isEmpty() && !sections.isEmpty()) {
             sections.last().lines.append(line.trimmed());
@@ -45,11 +45,11 @@ QByteArray kindName(int kind)
     }
 }
 
-QByteArray parameterNames(const proxyMemberDescS &member)
+QByteArray parameterNames(proxyMemberDescS const &member)
 {
     QByteArray names;
     for (int i = 1; i <= member.parameterCount; ++i) {
-        const std::type_info &type = *member.signature()[i].type;
+        std::type_info const &type = *member.signature()[i].type;
         if (i > 1)
             names += ", ";
         names += "`" + mzComReadableTypeName(mzComTypeInfoToName(type)).bytes() + "`";
@@ -57,7 +57,7 @@ QByteArray parameterNames(const proxyMemberDescS &member)
     return names.isEmpty() ? "none" : names;
 }
 
-QByteArray row(const proxyMemberDescS &member, const Section &section, const QByteArray &line)
+QByteArray row(proxyMemberDescS const &member, Section const &section, QByteArray const &line)
 {
     const QByteArray call = *member.name != '\0' ? "." + QByteArray(member.name) : ".(";
     if (!line.contains(call))
@@ -72,9 +72,9 @@ QByteArray row(const proxyMemberDescS &member, const Section &section, const QBy
            line + "` | `" + outcome.text + "` |\n";
 }
 
-QByteArray sectionText(const Section &section)
+QByteArray sectionText(Section const &section)
 {
-    const proxyMemberDescListS *list =
+    proxyMemberDescListS const *list =
         proxyFactoryC::instance().findClass(mzIIDS(section.identifier.constData()));
     if (list == nullptr)
         throw std::runtime_error(("no class " + section.identifier).toStdString());
@@ -95,13 +95,13 @@ QByteArray sectionText(const Section &section)
 
 } // namespace
 
-QByteArray memberPage(const QByteArray &examples)
+QByteArray memberPage(QByteArray const &examples)
 {
     QByteArray page = "# Members of the script classes\n\n"
                       "Made by running each line; do not edit. The members stand in the order of "
                       "the classes' tables, which decides between members of one name.\n";
-    const QList<Section> sections = sectionsOf(examples);
-    for (const Section &section : sections)
+    QList<Section> const sections = sectionsOf(examples);
+    for (Section const &section : sections)
         page += sectionText(section);
     if (sections.size() != proxyFactoryC::instance().classes().size())
         throw std::runtime_error("a section for each class, please");

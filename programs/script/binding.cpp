@@ -25,18 +25,18 @@ void freeObject(mrb_state *, void *object)
 
 const mrb_data_type objectType = {"Orvel::Object", freeObject};
 
-RClass *orvelClass(mrb_state *mrb, const char *name)
+RClass *orvelClass(mrb_state *mrb, char const *name)
 {
     return mrb_class_get_under(mrb, mrb_module_get(mrb, "Orvel"), name);
 }
 
 /// The object that a Ruby value stands for, or null.
-const Object *objectOf(mrb_state *mrb, mrb_value value)
+Object const *objectOf(mrb_state *mrb, mrb_value value)
 {
-    return static_cast<const Object *>(mrb_data_check_get_ptr(mrb, value, &objectType));
+    return static_cast<Object const *>(mrb_data_check_get_ptr(mrb, value, &objectType));
 }
 
-mrb_value wrap(mrb_state *mrb, const Object &object)
+mrb_value wrap(mrb_state *mrb, Object const &object)
 {
     RData *data = mrb_data_object_alloc(mrb, orvelClass(mrb, "Object"), nullptr, &objectType);
     data->data = new Object(object);
@@ -55,7 +55,7 @@ bool toVariant(mrb_state *mrb, mrb_value value, mzComVariantC &variant)
     else if (mrb_string_p(value))
         variant =
             mzComVariantC(mzComStringC(QByteArray(RSTRING_PTR(value), int(RSTRING_LEN(value)))));
-    else if (const Object *object = objectOf(mrb, value))
+    else if (Object const *object = objectOf(mrb, value))
         variant = mzComVariantC(*object);
     else
         return false;
@@ -63,7 +63,7 @@ bool toVariant(mrb_state *mrb, mrb_value value, mzComVariantC &variant)
 }
 
 /// The receiver itself where the member gave it back.
-mrb_value toRuby(mrb_state *mrb, const mzComVariantC &variant, mrb_value self)
+mrb_value toRuby(mrb_state *mrb, mzComVariantC const &variant, mrb_value self)
 {
     if (variant.isDouble())
         return mrb_float_value(mrb, variant.toDouble());
@@ -76,7 +76,7 @@ mrb_value toRuby(mrb_state *mrb, const mzComVariantC &variant, mrb_value self)
     return mrb_nil_value();
 }
 
-mrb_value makeError(mrb_state *mrb, const mzComStringC &message)
+mrb_value makeError(mrb_state *mrb, mzComStringC const &message)
 {
     return mrb_exc_new(mrb, orvelClass(mrb, "Error"), message.utf8(),
                        std::size_t(message.bytes().size()));
@@ -89,7 +89,7 @@ struct Member
     unsigned int flags;
 };
 
-Member memberOf(const QByteArray &rubyName, mrb_int argumentCount)
+Member memberOf(QByteArray const &rubyName, mrb_int argumentCount)
 {
     if (rubyName == "call")
         return {"", proxyMethod};
@@ -101,7 +101,7 @@ Member memberOf(const QByteArray &rubyName, mrb_int argumentCount)
 }
 
 /// Calls a member. The result is the member's, or an exception to raise if `failed`.
-mrb_value invoke(mrb_state *mrb, mrb_value self, const Member &member, const mrb_value *arguments,
+mrb_value invoke(mrb_state *mrb, mrb_value self, Member const &member, mrb_value const *arguments,
                  mrb_int argumentCount, bool &failed)
 {
     failed = true;
@@ -125,7 +125,7 @@ mrb_value invoke(mrb_state *mrb, mrb_value self, const Member &member, const mrb
 mrb_value methodMissing(mrb_state *mrb, mrb_value self)
 {
     mrb_sym symbol = 0;
-    const mrb_value *arguments = nullptr;
+    mrb_value const *arguments = nullptr;
     mrb_int argumentCount = 0;
     mrb_get_args(mrb, "n*", &symbol, &arguments, &argumentCount);
     bool failed = false;
@@ -150,19 +150,19 @@ mrb_value isEqual(mrb_state *mrb, mrb_value self)
 {
     mrb_value other = mrb_nil_value();
     mrb_get_args(mrb, "o", &other);
-    const Object *object = objectOf(mrb, other);
+    Object const *object = objectOf(mrb, other);
     return mrb_bool_value(object != nullptr && *object == *objectOf(mrb, self));
 }
 
-mrb_value createObject(mrb_state *mrb, const char *identifier)
+mrb_value createObject(mrb_state *mrb, char const *identifier)
 {
-    const mzComPtrT<proxyObjectC> object = proxyFactoryC::instance().create(mzIIDS(identifier));
+    mzComPtrT<proxyObjectC> const object = proxyFactoryC::instance().create(mzIIDS(identifier));
     return object ? wrap(mrb, Object(object.get())) : mrb_nil_value();
 }
 
 mrb_value create(mrb_state *mrb, mrb_value)
 {
-    const char *identifier = nullptr;
+    char const *identifier = nullptr;
     mrb_get_args(mrb, "z", &identifier);
     return createObject(mrb, identifier);
 }

@@ -8,4 +8,4 @@
 /// each entry of the class's member table, in the order of the table. Every line runs in an
 /// interpreter of its own, after the setup. Throws std::runtime_error if lines are missing, left
 /// over or fail.
-QByteArray memberPage(const QByteArray &examples);
+QByteArray memberPage(QByteArray const &examples);

@@ -16,7 +16,7 @@
 
 namespace {
 
-QByteArray contentsOf(const std::string &path)
+QByteArray contentsOf(std::string const &path)
 {
     QFile file(QString::fromStdString(path));
     if (!file.open(QIODevice::ReadOnly))
@@ -25,10 +25,10 @@ QByteArray contentsOf(const std::string &path)
 }
 
 /// Runs the files one after the other in one interpreter, up to the first that fails.
-int runFiles(const std::vector<std::string> &paths)
+int runFiles(std::vector<std::string> const &paths)
 {
     Interpreter interpreter;
-    for (const std::string &path : paths) {
+    for (std::string const &path : paths) {
         const Interpreter::Outcome outcome =
             interpreter.run(contentsOf(path), QByteArray::fromStdString(path));
         if (!outcome.ok) {
@@ -48,7 +48,7 @@ int runInput()
 /// An object that outlives its interpreter has lost a reference on the way.
 int checkNothingIsLeft(int exitCode)
 {
-    const int left = proxyObjectC::liveObjectCount();
+    int const left = proxyObjectC::liveObjectCount();
     if (left == 0)
         return exitCode;
     std::fprintf(stderr, "%d objects are left\n", left);
@@ -76,7 +76,7 @@ int main(int argc, char **argv)
             std::fputs(memberPage(contentsOf(pageExamples)).constData(), stdout);
         else
             exitCode = files.empty() ? runInput() : runFiles(files);
-    } catch (const std::exception &error) {
+    } catch (std::exception const &error) {
         std::fprintf(stderr, "orvel-script: %s\n", error.what());
         exitCode = 2;
     }

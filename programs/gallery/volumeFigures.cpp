@@ -21,14 +21,14 @@ constexpr double tube = 0.85;
 
 Vector onTorus(double u, double v)
 {
-    const double r = radius + tube * std::cos(v);
+    double const r = radius + tube * std::cos(v);
     return centre + Vector(r * std::cos(u), r * std::sin(u), tube * std::sin(v));
 }
 
 void addTorus(BinTreeBuilder &builder)
 {
     constexpr int steps = 48;
-    const auto at = [](int i, int j) {
+    auto const at = [](int i, int j) {
         constexpr double step = 2.0 * 3.141592653589793 / steps;
         return onTorus(step * (i % steps), step * (j % steps)); // neighbours share their corners
     };
@@ -73,7 +73,7 @@ void drawTorusTrees(SvgCanvas &canvas)
 {
     canvas.layout(4, 220, 220);
     for (int cellsPerAxis : {8, 16, 32, 64}) {
-        const double cell = 8.0 / cellsPerAxis;
+        double const cell = 8.0 / cellsPerAxis;
         BinTreeBuilder builder({Vector(0, 0, 0), Vector(8, 8, 8)}, cell,
                                {Vector(0.5, 0.5, 2.5), Vector(7.5, 7.5, 5.5)});
         addTorus(builder);

@@ -33,12 +33,12 @@ public:
 
     Interpreter();
     ~Interpreter();
-    Interpreter(const Interpreter &) = delete;
-    Interpreter &operator=(const Interpreter &) = delete;
+    Interpreter(Interpreter const &) = delete;
+    Interpreter &operator=(Interpreter const &) = delete;
 
     /// Runs `script`. Its variables stay for the next one. `fileName` and `line` say where its
     /// first line stands.
-    Outcome run(const QByteArray &script, const QByteArray &fileName, int line = 1);
+    Outcome run(QByteArray const &script, QByteArray const &fileName, int line = 1);
 
 private:
     mrb_state *m_mrb;

@@ -9,14 +9,14 @@ namespace {
 /// Values a line of text: a matrix has one for each axis.
 int valuesPerGroup(int count)
 {
-    const int side = int(std::lround(std::sqrt(double(count))));
+    int const side = int(std::lround(std::sqrt(double(count))));
     return side * side == count ? side : count;
 }
 
 QByteArray joined(mzComDataStreamC &stream)
 {
-    const int count = stream.data().size() / int(sizeof(double));
-    const int group = valuesPerGroup(count);
+    int const count = stream.data().size() / int(sizeof(double));
+    int const group = valuesPerGroup(count);
     QByteArray text;
     for (int i = 0; i < count; ++i) {
         double value = 0.0;
@@ -30,12 +30,12 @@ QByteArray joined(mzComDataStreamC &stream)
 
 } // namespace
 
-QByteArray describe(const mzComPtrT<mzIUnknown> &object)
+QByteArray describe(mzComPtrT<mzIUnknown> const &object)
 {
     mzComPtrT<proxyObjectC> proxy;
     if (!object->queryInterface(proxyObjectC::IID(), proxy))
         return "object";
-    const proxyMemberDescListS *list = proxy->getProxyTypeInfo();
+    proxyMemberDescListS const *list = proxy->getProxyTypeInfo();
     const QByteArray identifier =
         list->objectIdentifier != nullptr ? list->objectIdentifier : list->name;
     const QByteArray name = identifier.mid(identifier.lastIndexOf('.') + 1);

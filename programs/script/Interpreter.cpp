@@ -55,10 +55,10 @@ Interpreter::~Interpreter()
     mrb_close(m_mrb);
 }
 
-Interpreter::Outcome Interpreter::run(const QByteArray &script, const QByteArray &fileName,
+Interpreter::Outcome Interpreter::run(QByteArray const &script, QByteArray const &fileName,
                                       int line)
 {
-    const int arena = mrb_gc_arena_save(m_mrb);
+    int const arena = mrb_gc_arena_save(m_mrb);
     mrbc_filename(m_mrb, m_context, fileName.constData());
     m_context->lineno = std::uint16_t(line);
     const mrb_value value =
