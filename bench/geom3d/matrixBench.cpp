@@ -109,7 +109,7 @@ void MultiplyEigenInlined(benchmark::State &state)
 {
     using Matrix = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;
     std::vector<Matrix, Eigen::aligned_allocator<Matrix>> m;
-    for (const Matrix4X4C &source : anyMatrices(false))
+    for (Matrix4X4C const &source : anyMatrices(false))
         m.push_back(Eigen::Map<const Matrix>(source.GetConstMatrixRef()[0]));
     Turn turn;
     for (auto _ : state) {
@@ -150,8 +150,8 @@ void TransformEigen(benchmark::State &state)
     Turn turn;
     for (auto _ : state) {
         double image[3];
-        const Point3D &p = points[turn.next()];
-        eigenPeer::transform(m.GetConstMatrixRef(), reinterpret_cast<const double *>(&p), image);
+        Point3D const &p = points[turn.next()];
+        eigenPeer::transform(m.GetConstMatrixRef(), reinterpret_cast<double const *>(&p), image);
         benchmark::DoNotOptimize(image);
     }
 }
@@ -164,8 +164,8 @@ void TransformRespectWEigen(benchmark::State &state)
     Turn turn;
     for (auto _ : state) {
         double image[3];
-        const Point3D &p = points[turn.next()];
-        eigenPeer::transformRespectW(m.GetConstMatrixRef(), reinterpret_cast<const double *>(&p),
+        Point3D const &p = points[turn.next()];
+        eigenPeer::transformRespectW(m.GetConstMatrixRef(), reinterpret_cast<double const *>(&p),
                                      image);
         benchmark::DoNotOptimize(image);
     }
@@ -179,7 +179,7 @@ BENCHMARK(TransformRespectWEigen);
 std::vector<QMatrix4x4> anyQtMatrices()
 {
     std::vector<QMatrix4x4> matrices;
-    for (const Matrix4X4C &m : anyMatrices(false)) {
+    for (Matrix4X4C const &m : anyMatrices(false)) {
         QMatrix4x4 narrow;
         for (int row = 0; row < 4; ++row) {
             for (int column = 0; column < 4; ++column)
@@ -217,7 +217,7 @@ BENCHMARK(InvertQtFloat);
 void TransformQtFloat(benchmark::State &state)
 {
     std::vector<QVector3D> points;
-    for (const Point3D &p : anyPoints())
+    for (Point3D const &p : anyPoints())
         points.emplace_back(static_cast<float>(p.x()), static_cast<float>(p.y()),
                             static_cast<float>(p.z()));
     const QMatrix4x4 m = anyQtMatrices()[0];

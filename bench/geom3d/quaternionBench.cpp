@@ -51,7 +51,7 @@ using Components = std::array<double, 4>;
 std::vector<Components> anyComponents()
 {
     std::vector<Components> result;
-    for (const Quaternion4D &q : anyQuaternions()) {
+    for (Quaternion4D const &q : anyQuaternions()) {
         Components c;
         q.GetComponents(c[0], c[1], c[2], c[3]);
         result.push_back(c);

@@ -16,8 +16,8 @@ inline double anyNumber(std::mt19937_64 &random, double limit)
 
 inline Point3D anyPoint(std::mt19937_64 &random, double limit = 10.0)
 {
-    const double x = anyNumber(random, limit);
-    const double y = anyNumber(random, limit);
+    double const x = anyNumber(random, limit);
+    double const y = anyNumber(random, limit);
     return Point3D(x, y, anyNumber(random, limit));
 }
 

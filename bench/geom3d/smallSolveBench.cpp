@@ -47,8 +47,8 @@ void SolveOrvel(benchmark::State &state)
     const std::vector<Sample<R, C>> samples = anySystems<R, C>();
     Turn turn;
     for (auto _ : state) {
-        const Sample<R, C> &sample = samples[turn.next()];
-        const LinearSystemT<R, C> system(sample.matrix.data(), 1e-12);
+        Sample<R, C> const &sample = samples[turn.next()];
+        LinearSystemT<R, C> const system(sample.matrix.data(), 1e-12);
         double solution[C];
         double nullSpace[C * C];
         int dimension = system.solve(sample.rhs.data(), solution, nullSpace);
@@ -73,7 +73,7 @@ void SolveFullPivLu(benchmark::State &state)
     const std::vector<Sample<R, C>> samples = anySystems<R, C>();
     Turn turn;
     for (auto _ : state) {
-        const Sample<R, C> &sample = samples[turn.next()];
+        Sample<R, C> const &sample = samples[turn.next()];
         const Eigen::Map<const Matrix> matrix(sample.matrix.data());
         const Eigen::FullPivLU<Matrix> lu(matrix);
         Eigen::Matrix<double, C, 1> solution = lu.solve(Eigen::Map<const Rhs>(sample.rhs.data()));

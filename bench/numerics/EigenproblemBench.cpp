@@ -30,7 +30,7 @@ std::vector<double> randomSymmetric(unsigned int n)
 
 void jacobiOurs(benchmark::State &state)
 {
-    const unsigned int n = unsigned(state.range(0));
+    unsigned int const n = unsigned(state.range(0));
     const std::vector<double> a = randomSymmetric(n);
     SymmetricMatrixNXN matrix(n);
     for (auto _ : state) {
@@ -62,7 +62,7 @@ std::vector<matrixC3x3<double>> smallMatrices()
 
 void eigen3x3OursBestOfThree(benchmark::State &state)
 {
-    const auto matrices = smallMatrices();
+    auto const matrices = smallMatrices();
     std::size_t i = 0;
     for (auto _ : state) {
         const EigenVectorComputationC result(matrices[i++ % matrices.size()]);
@@ -72,8 +72,8 @@ void eigen3x3OursBestOfThree(benchmark::State &state)
 
 void eigen3x3Ours(benchmark::State &state)
 {
-    const auto matrices = smallMatrices();
-    const auto algorithm = MatUtil::EigenVectorAlgoE(state.range(0));
+    auto const matrices = smallMatrices();
+    auto const algorithm = MatUtil::EigenVectorAlgoE(state.range(0));
     std::size_t i = 0;
     double first[3], second[3], values[3];
     for (auto _ : state) {
@@ -92,7 +92,7 @@ std::vector<double> cloudCoordinates()
     std::normal_distribution<double> normal;
     std::vector<double> coordinates;
     for (int i = 0; i < cloudSize; ++i) {
-        const double u = 5 * normal(random), v = 2 * normal(random), w = normal(random);
+        double const u = 5 * normal(random), v = 2 * normal(random), w = normal(random);
         coordinates.insert(coordinates.end(), {u + v, u - v + w, w + 10.0});
     }
     return coordinates;
@@ -148,7 +148,7 @@ void diophantineRange(benchmark::State &state)
 #ifdef ORVEL_HAVE_EIGEN
 void jacobiEigen(benchmark::State &state)
 {
-    const int n = int(state.range(0));
+    int const n = int(state.range(0));
     const std::vector<double> a = randomSymmetric(unsigned(n));
     const Eigen::MatrixXd matrix = Eigen::Map<const Eigen::MatrixXd>(a.data(), n, n);
     for (auto _ : state) {
@@ -161,12 +161,12 @@ void jacobiEigen(benchmark::State &state)
 void eigen3x3Eigen(benchmark::State &state)
 {
     std::vector<Eigen::Matrix3d> matrices;
-    for (const auto &m : smallMatrices())
+    for (auto const &m : smallMatrices())
         matrices.push_back(Eigen::Map<const Eigen::Matrix3d>(m.data()));
     Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d> solver;
     std::size_t i = 0;
     for (auto _ : state) {
-        const Eigen::Matrix3d &matrix = matrices[i++ % matrices.size()];
+        Eigen::Matrix3d const &matrix = matrices[i++ % matrices.size()];
         state.range(0) == 0 ? solver.compute(matrix) : solver.computeDirect(matrix);
         benchmark::DoNotOptimize(solver.eigenvectors()(0, 0));
     }

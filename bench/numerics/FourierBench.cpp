@@ -47,7 +47,7 @@ using Transform = void (*)(double *, double *, double *, double *, int, double *
 
 void runOurs(benchmark::State &state, Transform transform)
 {
-    const int n = int(state.range(0));
+    int const n = int(state.range(0));
     Signal in(n), out(n), roots(n);
     AlignedArray scratch(2 * std::size_t(n));
     generateRoots(roots.re.data(), roots.im.data(), n);
@@ -80,9 +80,9 @@ void plainTransform(double *inRe, double *inIm, double *outRe, double *outIm, in
     for (int half = n / 2, groups = 1; half > 0; half /= 2, groups *= 2, ++bits) {
         for (int g = 0; g < groups; ++g) {
             for (int j = 0; j < half; ++j) {
-                const int a = 2 * half * g + j, b = a + half;
-                const double dr = re[a] - re[b], di = im[a] - im[b];
-                const double wr = rootsRe[j * groups], wi = rootsIm[j * groups];
+                int const a = 2 * half * g + j, b = a + half;
+                double const dr = re[a] - re[b], di = im[a] - im[b];
+                double const wr = rootsRe[j * groups], wi = rootsIm[j * groups];
                 re[a] += re[b];
                 im[a] += im[b];
                 re[b] = dr * wr - di * wi;
@@ -107,7 +107,7 @@ void fftPlainLoop(benchmark::State &state)
 #ifdef ORVEL_HAVE_FFTW
 void runFFTW(benchmark::State &state, unsigned int rigour)
 {
-    const int n = int(state.range(0));
+    int const n = int(state.range(0));
     Signal in(n), out(n);
     const fftw_iodim size{n, 1, 1};
     fftw_plan plan =

@@ -74,7 +74,7 @@ void legendrePlainLoop(benchmark::State &state)
 
 /// The sum of all elements in 32 independent lanes: nothing but reading. What the memory gives.
 template <int W>
-ORVEL_INLINE double sumAll(const double *values, std::size_t count)
+ORVEL_INLINE double sumAll(double const *values, std::size_t count)
 {
     typename Lanes<W>::Vector sums[32 / W] = {}, v;
     for (std::size_t i = 0; i < count; i += 32) {
@@ -84,7 +84,7 @@ ORVEL_INLINE double sumAll(const double *values, std::size_t count)
         }
     }
     double total = 0.0;
-    for (const auto &lanes : sums) {
+    for (auto const &lanes : sums) {
         for (int lane = 0; lane < W; ++lane)
             total += lanes[lane];
     }
@@ -93,13 +93,13 @@ ORVEL_INLINE double sumAll(const double *values, std::size_t count)
 
 #if defined(__x86_64__)
 ORVEL_TARGET("avx512f")
-double sumWide(const double *values, std::size_t count)
+double sumWide(double const *values, std::size_t count)
 {
     return sumAll<8>(values, count);
 }
 #endif
 
-double sumNarrow(const double *values, std::size_t count)
+double sumNarrow(double const *values, std::size_t count)
 {
     return sumAll<2>(values, count);
 }
@@ -139,7 +139,7 @@ void legendreOpenBLAS(benchmark::State &state)
 {
     openblas_set_num_threads(1);
     Step step(state.range(0));
-    const int n = int(state.range(0));
+    int const n = int(state.range(0));
     for (auto _ : state) {
         cblas_dgemv(CblasRowMajor, CblasNoTrans, n / 2, n, 1.0, step.table.data(), n,
                     step.scratch.data(), 1, 0.0, step.result.data(), 1);
@@ -151,7 +151,7 @@ void legendreOpenBLAS(benchmark::State &state)
 
 void sphericalOurs(benchmark::State &state)
 {
-    const int b = int(state.range(0));
+    int const b = int(state.range(0));
     const std::size_t n = 2 * std::size_t(b);
     AlignedArray re(n * n), im(n * n), coefficientsRe(n * n / 4), coefficientsIm(n * n / 4);
     AlignedArray workspace(2 * n * n + 5 * n), weights(n), table(n * n / 4 * (std::size_t(b) + 1));

@@ -12,7 +12,7 @@ using Vector3 = vectorC3d<double>;
 
 void getX(benchmark::State &state)
 {
-    const mzComPtrT<prxVector3dC> vector(new prxVector3dC(Vector3(1, 2, 3)));
+    mzComPtrT<prxVector3dC> const vector(new prxVector3dC(Vector3(1, 2, 3)));
     const mzComStringC name("x");
     const mzComVariantArrayC arguments;
     mzComVariantC result;
@@ -27,7 +27,7 @@ BENCHMARK(getX)->Name("get/invokeByName");
 
 void getXFreshName(benchmark::State &state)
 {
-    const mzComPtrT<prxVector3dC> vector(new prxVector3dC(Vector3(1, 2, 3)));
+    mzComPtrT<prxVector3dC> const vector(new prxVector3dC(Vector3(1, 2, 3)));
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
     for (auto _ : state) {
@@ -52,8 +52,8 @@ BENCHMARK(qtGetX)->Name("get/QMetaObject");
 
 void cross(benchmark::State &state)
 {
-    const mzComPtrT<prxVector3dC> vector(new prxVector3dC(Vector3(1, 2, 3)));
-    const mzComPtrT<mzIUnknown> other(new prxVector3dC(Vector3(4, 5, 6)));
+    mzComPtrT<prxVector3dC> const vector(new prxVector3dC(Vector3(1, 2, 3)));
+    mzComPtrT<mzIUnknown> const other(new prxVector3dC(Vector3(4, 5, 6)));
     const mzComStringC name("cross");
     const mzComVariantArrayC arguments = {mzComVariantC(other)};
     mzComVariantC result;
@@ -68,8 +68,8 @@ BENCHMARK(cross)->Name("cross/invokeByName");
 
 void crossFreshName(benchmark::State &state)
 {
-    const mzComPtrT<prxVector3dC> vector(new prxVector3dC(Vector3(1, 2, 3)));
-    const mzComPtrT<mzIUnknown> other(new prxVector3dC(Vector3(4, 5, 6)));
+    mzComPtrT<prxVector3dC> const vector(new prxVector3dC(Vector3(1, 2, 3)));
+    mzComPtrT<mzIUnknown> const other(new prxVector3dC(Vector3(4, 5, 6)));
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
     for (auto _ : state) {

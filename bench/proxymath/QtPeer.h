@@ -13,7 +13,7 @@ class QtVector : public QObject
     Q_OBJECT
 public:
     QtVector() = default;
-    explicit QtVector(const vectorC3d<double> &value)
+    explicit QtVector(vectorC3d<double> const &value)
         : m_value(value)
     {
     }
@@ -25,7 +25,7 @@ public:
         return new QtVector(m_value.cross(static_cast<QtVector *>(other)->m_value));
     }
     /// The bare value: less than the proxies do.
-    Q_INVOKABLE vectorC3d<double> crossValue(const vectorC3d<double> &other) const
+    Q_INVOKABLE vectorC3d<double> crossValue(vectorC3d<double> const &other) const
     {
         return m_value.cross(other);
     }

@@ -33,12 +33,12 @@ void record(std::vector<Call> &calls, MatUtil::TriangleCuboidIntersector const &
             Call const &call, int axis, int levels)
 {
     calls.push_back(call);
-    const auto type = intersector.intersect(call.lo, call.hi, call.splitAxis, call.parentType);
+    auto const type = intersector.intersect(call.lo, call.hi, call.splitAxis, call.parentType);
     if (type == MatUtil::TriangleCuboidDisjoint || levels == 0)
         return;
     for (int side = 0; side < 2; ++side) {
         Call child{call.triangle, call.lo, call.hi, axis, type};
-        const double m = (call.lo[axis] + call.hi[axis]) * 0.5;
+        double const m = (call.lo[axis] + call.hi[axis]) * 0.5;
         (side == 0 ? child.hi : child.lo)[axis] = m;
         record(calls, intersector, child, (axis + 1) % 3, levels - 1);
     }
@@ -152,7 +152,7 @@ void cgalBoxTriangle(benchmark::State &state)
     const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
     std::vector<Kernel::Triangle_3> triangles;
     for (std::size_t t = 0; t < descent.mesh.triangles.size(); ++t) {
-        const auto point = [&](std::size_t i) {
+        auto const point = [&](std::size_t i) {
             Vector const &v = descent.mesh.corner(t, i);
             return Kernel::Point_3(v.x(), v.y(), v.z());
         };

@@ -55,7 +55,7 @@ std::size_t surfaceCells(Mesh const &mesh, double size)
 
 void finish(benchmark::State &state, Mesh const &mesh, std::size_t cells)
 {
-    const double runs = double(state.iterations());
+    double const runs = double(state.iterations());
     state.counters["triangles"] = double(mesh.triangles.size());
     state.counters["triangles/s"] =
         benchmark::Counter(double(mesh.triangles.size()) * runs, benchmark::Counter::kIsRate);
@@ -67,7 +67,7 @@ void finish(benchmark::State &state, Mesh const &mesh, std::size_t cells)
 void surfaceOnly(benchmark::State &state)
 {
     const Mesh mesh = torusOf(state);
-    const double size = cellSize(state);
+    double const size = cellSize(state);
     for (auto _ : state) {
         BinTreeBuilder builder(unitBox, size, content);
         meshes::addTo(builder, mesh);
@@ -79,7 +79,7 @@ void surfaceOnly(benchmark::State &state)
 void wholeBuild(benchmark::State &state)
 {
     const Mesh mesh = torusOf(state);
-    const double size = cellSize(state);
+    double const size = cellSize(state);
     for (auto _ : state) {
         BinTreeBuilder builder(unitBox, size, content);
         meshes::addTo(builder, mesh);
@@ -151,12 +151,12 @@ void openvdbConversion(benchmark::State &state, int flags)
 {
     const tbb::global_control oneThread(tbb::global_control::max_allowed_parallelism, 1);
     const Mesh mesh = torusOf(state);
-    const double size = cellSize(state);
+    double const size = cellSize(state);
     const MeshAdapter adapter{mesh, 1.0 / size};
-    const auto transform = openvdb::math::Transform::createLinearTransform(size);
+    auto const transform = openvdb::math::Transform::createLinearTransform(size);
     openvdb::Index64 voxels = 0;
     for (auto _ : state) {
-        const auto grid = openvdb::tools::meshToVolume<openvdb::FloatGrid>(adapter, *transform,
+        auto const grid = openvdb::tools::meshToVolume<openvdb::FloatGrid>(adapter, *transform,
                                                                            1.0F, 1.0F, flags);
         voxels = grid->activeVoxelCount();
         benchmark::DoNotOptimize(voxels);

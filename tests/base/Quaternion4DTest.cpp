@@ -10,20 +10,20 @@
 
 namespace {
 
-const double pi = 3.141592653589793;
-const double notANumber = std::numeric_limits<double>::quiet_NaN();
+double const pi = 3.141592653589793;
+double const notANumber = std::numeric_limits<double>::quiet_NaN();
 
 using Components = std::array<double, 4>;
 using Rotation = std::array<std::array<double, 3>, 3>;
 
-Components componentsOf(const Quaternion4D &q)
+Components componentsOf(Quaternion4D const &q)
 {
     Components c;
     q.GetComponents(c[0], c[1], c[2], c[3]);
     return c;
 }
 
-double distance(const Quaternion4D &a, const Quaternion4D &b)
+double distance(Quaternion4D const &a, Quaternion4D const &b)
 {
     const Components u = componentsOf(a);
     const Components v = componentsOf(b);
@@ -33,13 +33,13 @@ double distance(const Quaternion4D &a, const Quaternion4D &b)
     return std::sqrt(sum);
 }
 
-Quaternion4D negated(const Quaternion4D &q)
+Quaternion4D negated(Quaternion4D const &q)
 {
     const Components c = componentsOf(q);
     return Quaternion4D(-c[0], -c[1], -c[2], -c[3]);
 }
 
-Rotation product(const Rotation &a, const Rotation &b)
+Rotation product(Rotation const &a, Rotation const &b)
 {
     Rotation result{};
     for (std::size_t r = 0; r < 3; ++r) {
@@ -65,10 +65,10 @@ Rotation aboutAxis(std::size_t axis, double angle)
 }
 
 /// The textbook rotation about any unit axis (O. Rodrigues, 1840).
-Rotation aboutDirection(const Point3D &u, double angle)
+Rotation aboutDirection(Point3D const &u, double angle)
 {
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
+    double const c = std::cos(angle);
+    double const s = std::sin(angle);
     Rotation result;
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
@@ -84,7 +84,7 @@ Rotation aboutDirection(const Point3D &u, double angle)
 }
 
 /// How far the 3x3 part of `m` is from the transpose of `textbook`.
-double distanceFromTranspose(const Matrix4X4C &m, const Rotation &textbook)
+double distanceFromTranspose(Matrix4X4C const &m, Rotation const &textbook)
 {
     double greatest = 0.0;
     for (std::size_t r = 0; r < 3; ++r) {
@@ -117,7 +117,7 @@ Quaternion4D anyRotation()
     return Quaternion4D(anyAxis(), anyNumber(2.0 * pi));
 }
 
-void expectComponents(const Quaternion4D &q, double x, double y, double z, double w)
+void expectComponents(Quaternion4D const &q, double x, double y, double z, double w)
 {
     EXPECT_EQ(componentsOf(q), (Components{x, y, z, w}));
 }
@@ -175,7 +175,7 @@ TEST(QuaternionValue, LengthAndDotProduct)
     // y is added first: the large products cancel before the small ones are lost in them
     EXPECT_EQ(Quaternion4D(1e20, 1e20, 1.0, 2.0).Dot(Quaternion4D(-1.0, 1.0, 3.0, 4.0)), 11.0);
 
-    const double length = std::sqrt(30.0);
+    double const length = std::sqrt(30.0);
     expectComponents(q.Normal(), 1.0 / length, 2.0 / length, 3.0 / length, 4.0 / length);
     Quaternion4D normalised(q);
     normalised.Normalize();
@@ -203,7 +203,7 @@ TEST(QuaternionMatrix, IsTheTransposeOfTheTextbookForm)
     Quaternion4D q;
     q.SetRotation(Point3D(0.0, 0.0, 1.0), pi / 2.0);
     const Matrix4X4C matrix = q.GetMatrix();
-    const double(&m)[4][4] = matrix.GetConstMatrixRef();
+    double const(&m)[4][4] = matrix.GetConstMatrixRef();
     EXPECT_NEAR(m[0][1], 1.0, 1e-15);
     EXPECT_NEAR(m[1][0], -1.0, 1e-15);
     EXPECT_NEAR(m[0][0], 0.0, 1e-15);
@@ -214,7 +214,7 @@ TEST(QuaternionMatrix, IsTheTransposeOfTheTextbookForm)
 TEST(QuaternionMatrix, ElementsOfAnUnevenQuaternion)
 {
     const Matrix4X4C matrix = Quaternion4D(1.0, 2.0, 3.0, 4.0).GetMatrix();
-    const double expected[4][4] = {{-25.0, 28.0, -10.0, 0.0},
+    double const expected[4][4] = {{-25.0, 28.0, -10.0, 0.0},
                                    {-20.0, -19.0, 20.0, 0.0},
                                    {22.0, 4.0, -9.0, 0.0},
                                    {0.0, 0.0, 0.0, 1.0}};
@@ -239,7 +239,7 @@ TEST(QuaternionMatrix, TiesGoToTheLowerIndex)
     Matrix4X4C m; // a half turn about (1, 1, 0): both of the first two would do
     m.SetFromDouble(0.0, 1.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 0.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0,
                     1.0);
-    const double root = std::sqrt(2.0);
+    double const root = std::sqrt(2.0);
     expectComponents(Quaternion4D(m), root * 0.5, 2.0 * (0.5 / root), 0.0, 0.0);
 }
 
@@ -248,7 +248,7 @@ TEST(QuaternionMatrix, ReadsOnlyTheRotationPart)
     Matrix4X4C m;
     m.SetFromDouble(0.0, 1.0, 0.0, 7.0, -1.0, 0.0, 0.0, 8.0, 0.0, 0.0, 1.0, 9.0, 4.0, 5.0, 6.0,
                     2.0);
-    const double root = std::sqrt(2.0);
+    double const root = std::sqrt(2.0);
     expectComponents(Quaternion4D(m), 0.0, 0.0, 2.0 * (0.5 / root), root * 0.5);
 }
 
@@ -258,8 +258,8 @@ TEST(QuaternionMatrix, AnyMatrixGoesByItsLargestDiagonalElement)
     m.SetFromDouble(-1.0, 5.0, 6.0, 0.0, 3.0, 0.0, 7.0, 0.0, 4.0, 9.0, 0.0, 0.0, 0.0, 0.0, 0.0,
                     1.0);
     // the second of equals: 0 - (-1 + 0) + 1 = 2
-    const double root = std::sqrt(2.0);
-    const double factor = 0.5 / root;
+    double const root = std::sqrt(2.0);
+    double const factor = 0.5 / root;
     expectComponents(Quaternion4D(m), 8.0 * factor, root * 0.5, 16.0 * factor, -2.0 * factor);
 }
 
@@ -289,7 +289,7 @@ TEST(QuaternionAngleAxis, GuardsGiveNoRotation)
     EXPECT_EQ(angle, 0.0);
     EXPECT_EQ(axis, Point3D(1.0, 0.0, 0.0));
 
-    for (const Quaternion4D &q :
+    for (Quaternion4D const &q :
          {Quaternion4D(0.0, 0.0, 1.0, 1.5), Quaternion4D(0.0, 0.0, 1.0, -1.5),
           Quaternion4D(Point3D(0.0, 0.0, 1.0), 1.9e-4),
           Quaternion4D(Point3D(0.0, 0.0, 1.0), 2.0 * pi - 1.9e-4)}) {
@@ -312,8 +312,8 @@ TEST(QuaternionAngleAxis, SmallTurnBeyondTheGuardIsReported)
 
 TEST(QuaternionEuler, SetTurnsAboutTheFixedAxesInOrder)
 {
-    const double c = std::cos(0.15);
-    const double s = std::sin(0.15);
+    double const c = std::cos(0.15);
+    double const s = std::sin(0.15);
     expectComponents(Quaternion4D(Point3D(0.3, 0.0, 0.0)), s, 0.0, 0.0, c);
     expectComponents(Quaternion4D(Point3D(0.0, 0.3, 0.0)), 0.0, s, 0.0, c);
     expectComponents(Quaternion4D(Point3D(0.0, 0.0, 0.3)), 0.0, 0.0, s, c);
@@ -321,7 +321,7 @@ TEST(QuaternionEuler, SetTurnsAboutTheFixedAxesInOrder)
 
 TEST(QuaternionEuler, SingleTurnsComeBackInAnotherPlace)
 {
-    const double expected[3][3] = {{0.0, 0.0, 0.3}, {0.3, 0.0, 0.0}, {0.0, 0.3, 0.0}};
+    double const expected[3][3] = {{0.0, 0.0, 0.3}, {0.3, 0.0, 0.0}, {0.0, 0.3, 0.0}};
     for (int axis = 0; axis < 3; ++axis) {
         Point3D angles;
         angles[axis] = 0.3;
@@ -381,11 +381,11 @@ TEST(QuaternionSlerp, EndsAndOpposites)
 TEST(QuaternionSlerp, IsLinearFromTheLimitUpward)
 {
     const Quaternion4D from(0.0, 0.0, 0.0, 1.0);
-    const double s = std::sqrt(1.0 - 0.99999 * 0.99999);
+    double const s = std::sqrt(1.0 - 0.99999 * 0.99999);
     const Quaternion4D atLimit(0.0, 0.0, s, 0.99999);
     EXPECT_EQ(componentsOf(from.Slerp(atLimit, 0.5))[2], 0.5 * s);
-    const double below = std::nextafter(0.99999, 0.0);
-    const double angle = std::acos(below);
+    double const below = std::nextafter(0.99999, 0.0);
+    double const angle = std::acos(below);
     EXPECT_EQ(componentsOf(from.Slerp(Quaternion4D(0.0, 0.0, s, below), 0.5))[2],
               std::sin(angle * 0.5) / std::sin(angle) * s);
 }
@@ -424,7 +424,7 @@ TEST(QuaternionNonFinite, PassesThrough)
 RC_GTEST_PROP(QuaternionProperty, MatrixIsTheTransposedRotationAboutTheAxis, ())
 {
     const Point3D axis = anyAxis();
-    const double angle = anyNumber(2.0 * pi);
+    double const angle = anyNumber(2.0 * pi);
     const Matrix4X4C m = Quaternion4D(axis, angle).GetMatrix();
     RC_ASSERT(distanceFromTranspose(m, aboutDirection(axis.Normalize(), angle)) < 1e-14);
     RC_ASSERT(m.CheckMatrix());
@@ -474,7 +474,7 @@ RC_GTEST_PROP(QuaternionProperty, GetEulerReadsYThenZThenX, ())
     double z = 0.0;
     double x = 0.0;
     q.GetEuler(y, z, x);
-    const double tolerance = std::fabs(z) < 1.5 ? 1e-12 : 0.1; // the poles are cut off
+    double const tolerance = std::fabs(z) < 1.5 ? 1e-12 : 0.1; // the poles are cut off
     const Rotation expected = product(aboutAxis(1, y), product(aboutAxis(2, z), aboutAxis(0, x)));
     RC_ASSERT(distanceFromTranspose(q.GetMatrix(), expected) < tolerance);
 }
@@ -482,7 +482,7 @@ RC_GTEST_PROP(QuaternionProperty, GetEulerReadsYThenZThenX, ())
 RC_GTEST_PROP(QuaternionProperty, SlerpKeepsTheLength, ())
 {
     const Quaternion4D q = anyRotation();
-    const double t = uniform(0, 1001) * 1e-3;
+    double const t = uniform(0, 1001) * 1e-3;
     const Quaternion4D far = anyRotation();
     if (std::fabs(q.Dot(far)) < 0.99999)
         RC_ASSERT(std::fabs(q.Slerp(far, t).Length() - 1.0) < 1e-12);
@@ -494,10 +494,10 @@ RC_GTEST_PROP(QuaternionProperty, SlerpKeepsTheLength, ())
 RC_GTEST_PROP(QuaternionProperty, SlerpTurnsInProportion, ())
 {
     const Point3D axis = anyAxis();
-    const double start = anyNumber(1.0);
-    const double turn = anyNumber(3.0);
+    double const start = anyNumber(1.0);
+    double const turn = anyNumber(3.0);
     RC_PRE(std::fabs(turn) > 0.01);
-    const double t = uniform(0, 1001) * 1e-3;
+    double const t = uniform(0, 1001) * 1e-3;
     const Quaternion4D between =
         Quaternion4D(axis, start).Slerp(Quaternion4D(axis, start + turn), t);
     RC_ASSERT(distance(between, Quaternion4D(axis, start + turn * t)) < 1e-12);

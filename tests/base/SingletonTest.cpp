@@ -31,7 +31,7 @@ public:
     {
         entries().clear();
         m_former =
-            mzSetSingletonObserver([](const char *name, void (*cleanup)(), int level, int phase) {
+            mzSetSingletonObserver([](char const *name, void (*cleanup)(), int level, int phase) {
                 std::lock_guard<std::mutex> lock(mutex());
                 entries().push_back({name, cleanup, level, phase});
             });

@@ -11,12 +11,12 @@
 
 namespace {
 
-double factorOf(const TMatrix &t)
+double factorOf(TMatrix const &t)
 {
     return t * 1.0 - t * 0.0;
 }
 
-double offsetOf(const TMatrix &t)
+double offsetOf(TMatrix const &t)
 {
     return t * 0.0;
 }
@@ -57,7 +57,7 @@ TMatrix anyStep()
     case 2:
         return TMatrix(uniform(0, 3));
     default: {
-        const double scale = anyNumber() / 50.0 + 3.0;
+        double const scale = anyNumber() / 50.0 + 3.0;
         return TMatrix(scale, scale);
     }
     }
@@ -67,7 +67,7 @@ TMatrix anyStep()
 TMatrix anyTransformation()
 {
     TMatrix t;
-    const int steps = uniform(1, 5);
+    int const steps = uniform(1, 5);
     for (int i = 0; i < steps; ++i)
         t *= anyStep();
     return t;
@@ -99,7 +99,7 @@ TEST(TMatrixValue, RotationIsCounterClockwiseInDegrees)
     EXPECT_NEAR(image.x(), 0.0, 1e-16);
     EXPECT_EQ(image.y(), 1.0);
     EXPECT_EQ(t * 10.0, 100.0);
-    const double radians = 33.0 * 3.141592653589793 / 180.0;
+    double const radians = 33.0 * 3.141592653589793 / 180.0;
     EXPECT_EQ(elementsOf(TMatrix(33.0)),
               (Elements{std::cos(radians), -std::sin(radians), std::sin(radians), std::cos(radians),
                         0.0, 0.0}));
@@ -308,7 +308,7 @@ TEST(TMatrixCorrection, SnapsTheLinearPartToOneAndMinusOne)
 
 TEST(TMatrixNonFinite, PassesThrough)
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
+    double const nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_TRUE(std::isnan(TMatrix(nan) * 1.0));
     EXPECT_TRUE(std::isnan((TMatrix(Point2D(nan, 0.0)) * Point2D(1.0, 1.0)).x()));
     EXPECT_FALSE(TMatrix(nan, nan).isMirrorMatrix());
@@ -331,14 +331,14 @@ RC_GTEST_PROP(TMatrixProperty, CompositionActsOnAnglesAsTheFactorsDo, ())
 {
     const TMatrix a = anyTransformation();
     const TMatrix b = anyTransformation();
-    const double angle = anyNumber();
+    double const angle = anyNumber();
     RC_ASSERT(std::fabs((a * b) * angle - a * (b * angle)) < 1e-9);
 }
 
 RC_GTEST_PROP(TMatrixProperty, AngleMapIsThatOfDirections, ())
 {
     const TMatrix t = anyTransformation();
-    const double angle = anyNumber();
+    double const angle = anyNumber();
     Point2D turned = t * VecWin(angle) - t * Point2D();
     const Point2D expected = VecWin(t * angle);
     RC_PRE(turned.Length() > 1e-6);
@@ -347,8 +347,8 @@ RC_GTEST_PROP(TMatrixProperty, AngleMapIsThatOfDirections, ())
 
 RC_GTEST_PROP(TMatrixProperty, InverseOfADiagonalMatrixUndoesIt, ())
 {
-    const double sx = anyNumber();
-    const double sy = anyNumber();
+    double const sx = anyNumber();
+    double const sy = anyNumber();
     RC_PRE(sx != 0.0 && sy != 0.0);
     const TMatrix t(sx, sy);
     const Point2D p(anyNumber(), anyNumber());

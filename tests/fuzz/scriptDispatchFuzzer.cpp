@@ -14,7 +14,7 @@ namespace {
 
 using Object = mzComPtrT<mzIUnknown>;
 
-constexpr const char *names[] = {"",
+constexpr char const *names[] = {"",
                                  "x",
                                  "y",
                                  "z",
@@ -47,9 +47,9 @@ constexpr const char *names[] = {"",
                                  "missing",
                                  "perpendicular"};
 constexpr std::size_t nameCount = sizeof names / sizeof names[0];
-constexpr const char *classNames[] = {"linquet.vector2d", "linquet.vector3d", "linquet.matrix3x3",
+constexpr char const *classNames[] = {"linquet.vector2d", "linquet.vector3d", "linquet.matrix3x3",
                                       "linquet.matrix4x4", "linquet.mathfactory"};
-constexpr const char *words[] = {"vector3d", "vector2d", "matrix3x3", "matrix4x4", "Vector3d", "7"};
+constexpr char const *words[] = {"vector3d", "vector2d", "matrix3x3", "matrix4x4", "Vector3d", "7"};
 
 void require(bool holds)
 {
@@ -61,7 +61,7 @@ void require(bool holds)
 class Input
 {
 public:
-    Input(const std::uint8_t *data, std::size_t size)
+    Input(std::uint8_t const *data, std::size_t size)
         : m_data(data)
         , m_size(size)
     {
@@ -91,7 +91,7 @@ public:
 private:
     std::uint8_t byte() { return isAtEnd() ? std::uint8_t(0) : m_data[m_position++]; }
 
-    const std::uint8_t *m_data;
+    std::uint8_t const *m_data;
     std::size_t m_size;
     std::size_t m_position = 0;
 };
@@ -103,7 +103,7 @@ public:
     explicit Program(Input &input)
         : m_input(input)
     {
-        for (const char *name : classNames) {
+        for (char const *name : classNames) {
             m_objects.push_back(Object(proxyFactoryC::instance().create(mzIIDS(name)).get()));
             require(bool(m_objects.back()));
         }
@@ -120,7 +120,7 @@ public:
         const QByteArray made = m_input.below(8) == 0 ? m_input.text() : QByteArray();
         const mzComStringC name =
             made.isEmpty() ? mzComStringC(names[m_input.below(nameCount)]) : mzComStringC(made);
-        const unsigned int flags =
+        unsigned int const flags =
             unsigned(m_input.below(8)) | (m_input.below(2) == 0 ? 0u : proxyInvokeLenient);
         mzComVariantArrayC arguments;
         for (std::size_t left = m_input.below(5); left > 0; --left)
@@ -148,14 +148,14 @@ private:
         }
     }
 
-    void call(const Object &receiver, const mzComStringC &name, unsigned int flags,
-              const mzComVariantArrayC &arguments)
+    void call(Object const &receiver, mzComStringC const &name, unsigned int flags,
+              mzComVariantArrayC const &arguments)
     {
         mzComPtrT<proxyObjectC> proxy;
         require(receiver->queryInterface(proxyObjectC::IID(), proxy));
         mzComVariantC result;
         mzComPtrT<mzIException> exception;
-        const bool ok = proxy->invokeByName(name, flags, arguments, result, exception);
+        bool const ok = proxy->invokeByName(name, flags, arguments, result, exception);
         require(ok != bool(exception));
         require(ok || result.isEmpty());
         require(ok || !exception->message().isEmpty());
@@ -164,7 +164,7 @@ private:
     }
 
     /// A new object, or the receiver, takes some slot.
-    void keep(const Object &object)
+    void keep(Object const &object)
     {
         if (m_objects.size() < 12)
             m_objects.push_back(object);
@@ -172,7 +172,7 @@ private:
             m_objects[m_input.below(m_objects.size())] = object;
     }
 
-    static void connectRemotely(const Object &object)
+    static void connectRemotely(Object const &object)
     {
         mzComPtrT<proxyObjectC> proxy;
         require(object->queryInterface(proxyObjectC::IID(), proxy));

@@ -62,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size
     const BitView view{bytes.get()};
 
     quint64 leaves = 12345;
-    const bool whole = isWholeTree(view, bitCount, &leaves);
+    bool const whole = isWholeTree(view, bitCount, &leaves);
     Reader reader{bytes.get(), bitCount};
     require(whole == (reader.tree() && reader.index == bitCount));
     require(isWholeTree(view, bitCount) == whole);

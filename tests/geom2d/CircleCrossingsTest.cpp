@@ -31,8 +31,8 @@ struct Cut
             return;
         count = 2;
         volatile Real const aa = a + a;
-        volatile double const s = std::sqrt(static_cast<double>(d)), w = aa, wide = b;
-        volatile double const n1 = s - wide, n2 = -wide - s, q1 = n1 / w, q2 = n2 / w;
+        double const volatile s = std::sqrt(static_cast<double>(d)), w = aa, wide = b;
+        double const volatile n1 = s - wide, n2 = -wide - s, q1 = n1 / w, q2 = n2 / w;
         volatile Real const t1 = static_cast<Real>(q1), t2 = static_cast<Real>(q2);
         volatile Real const ux = t1 * dx, uy = t1 * dy, vx = t2 * dx, vy = t2 * dy;
         ox1 = x1 + ux;

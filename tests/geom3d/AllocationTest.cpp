@@ -31,7 +31,7 @@ TEST_F(Allocation, NoneIsMadeBySmallSystemsAndCrossings)
     Point3D second;
     double t1 = 0.0;
     double t2 = 0.0;
-    const long before = support::allocationCount();
+    long const before = support::allocationCount();
     MatUtil::intersectPlanes(a, b, c, a, point, direction);
     MatUtil::intersectLines(a, b, c, a, point);
     MatUtil::bisectingPlane(a, b, c, a, point, direction);
@@ -47,7 +47,7 @@ TEST_F(Allocation, NoneIsMadeBySmallSystemsAndCrossings)
 
 TEST_F(Allocation, NoneIsMadeByTransformations)
 {
-    const long before = support::allocationCount();
+    long const before = support::allocationCount();
     Matrix4X4C m;
     m.Rotate(10.0, 20.0, 30.0);
     m.Invert();

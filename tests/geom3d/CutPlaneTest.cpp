@@ -7,7 +7,7 @@
 
 namespace {
 
-const double exampleFrame[4][4] = {
+double const exampleFrame[4][4] = {
     {1.0, 2.0, 3.0, 4.0}, {5.0, 6.0, 7.0, 8.0}, {9.0, 10.0, 11.0, 12.0}, {13.0, 14.0, 15.0, 16.0}};
 
 CutPlane freePlane()
@@ -91,7 +91,7 @@ TEST(CutPlane, EqualityComparesFramesWithATolerance)
     for (int cell = 0; cell < 16; ++cell) {
         CutPlane other(plane);
         double &element = other.frame[cell / 4][cell % 4];
-        const double value = element;
+        double const value = element;
         element = value + 0.00009;
         EXPECT_TRUE(plane == other) << cell;
         element = value + 0.001;

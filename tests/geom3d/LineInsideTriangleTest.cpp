@@ -96,10 +96,10 @@ TEST(LineInsideTriangle, NanIsOutside)
 TEST(LineInsideTriangle, WorksInAllThreeProjections)
 {
     for (int axis = 0; axis < 3; ++axis) {
-        const auto turned = [axis](const Point3D &p) {
+        auto const turned = [axis](Point3D const &p) {
             return Point3D(p[(3 - axis) % 3], p[(4 - axis) % 3], p[(5 - axis) % 3]);
         };
-        const auto pierces = [&](double x, double y) {
+        auto const pierces = [&](double x, double y) {
             return LineInsideTriangle(turned(t0), turned(t1), turned(t2),
                                       turned(Point3D(x, y, 9.0)), turned(Point3D(x, y, 8.0)), 0.0);
         };
@@ -115,9 +115,9 @@ RC_GTEST_PROP(LineInsideTriangleProperty, AgreesWithTheBarycentricWeights, ())
     const Point3D c = a + anyDirection();
     const Point3D normal = Math3DVektorprodukt(b - a, c - a);
     RC_PRE(normal.Length() > 0.1);
-    const double u = uniform(-200, 900) * 1e-3;
-    const double v = uniform(-200, 900) * 1e-3;
-    const double least = std::fmin(std::fmin(u, v), 1.0 - u - v);
+    double const u = uniform(-200, 900) * 1e-3;
+    double const v = uniform(-200, 900) * 1e-3;
+    double const least = std::fmin(std::fmin(u, v), 1.0 - u - v);
     RC_PRE(std::fabs(least) > 1e-4);
     const Point3D hit = a + u * (b - a) + v * (c - a);
     const Point3D direction = anyDirection();

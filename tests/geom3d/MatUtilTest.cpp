@@ -19,7 +19,7 @@ Vector anyUnitVector()
     return Vector(anyDirection().Normalize());
 }
 
-double distance(const Vector &a, const Vector &b)
+double distance(Vector const &a, Vector const &b)
 {
     return (a - b).length();
 }
@@ -238,7 +238,7 @@ TEST(RayIntersectsTriangle, ParallelDirectionMisses)
 TEST(RayIntersectsTriangle, BoundaryBelongsToTheTriangle)
 {
     double t = 0.0;
-    const auto hitsAt = [&t](double x, double y) {
+    auto const hitsAt = [&t](double x, double y) {
         return MatUtil::rayIntersectsTriangle(origin, unitX, unitY, Vector(x, y, -1.0), unitZ, t);
     };
     EXPECT_TRUE(hitsAt(0.0, 0.0));
@@ -254,7 +254,7 @@ TEST(RayIntersectsTriangle, BoundaryBelongsToTheTriangle)
 TEST(RayIntersectsTriangle, LimitOfTheDeterminantIsOpen)
 {
     double t = -7.0;
-    const auto hitsWithin = [&t](double size) {
+    auto const hitsWithin = [&t](double size) {
         return MatUtil::rayIntersectsTriangle(origin, unitX, unitY, origin - unitZ, unitZ * size,
                                               t);
     };
@@ -276,8 +276,8 @@ TEST(RayIntersectsTriangle, NanPassesTheTests)
 
 TEST(SortVectorComponents, Ascending)
 {
-    const double values[3] = {1.0, 2.0, 3.0};
-    const int orders[6][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
+    double const values[3] = {1.0, 2.0, 3.0};
+    int const orders[6][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
     for (auto &order : orders) {
         Vector v(values[order[0]], values[order[1]], values[order[2]]);
         MatUtil::sortVectorComponents(v);
@@ -369,7 +369,7 @@ RC_GTEST_PROP(MatUtilProperty, CommonLineLiesInBothPlanes, ())
     Vector direction;
     RC_ASSERT(MatUtil::intersectPlanes(p1, n1, p2, n2, linePoint, direction));
     RC_ASSERT(std::fabs(direction.length() - 1.0) < 1e-15);
-    const double tolerance = 1e-13 * (10.0 + linePoint.length());
+    double const tolerance = 1e-13 * (10.0 + linePoint.length());
     RC_ASSERT(std::fabs((linePoint - p1).dot(n1)) < tolerance);
     RC_ASSERT(std::fabs((linePoint - p2).dot(n2)) < tolerance);
     RC_ASSERT(std::fabs(direction.dot(n1)) < 1e-13);
@@ -388,15 +388,15 @@ RC_GTEST_PROP(MatUtilProperty, BisectingPlaneHasEqualDistancesToBoth, ())
     MatUtil::bisectingPlane(p1, n1, p2, n2, base, normal);
     RC_ASSERT(std::fabs(normal.length() - 1.0) < 1e-15);
     const Vector inPlane = MatUtil::projectPointOntoPlane(anyVector(), base, normal);
-    const double first = (inPlane - p1).dot(n1);
-    const double second = (inPlane - p2).dot(n2);
+    double const first = (inPlane - p1).dot(n1);
+    double const second = (inPlane - p2).dot(n2);
     RC_ASSERT(std::fabs(first - second) < 1e-12 * (10.0 + base.length()));
 }
 
 RC_GTEST_PROP(MatUtilProperty, LinesThroughAPointMeetThere, ())
 {
     // Small integers: the demand for exact data is met.
-    const auto whole = [] { return static_cast<double>(uniform(-8, 9)); };
+    auto const whole = [] { return static_cast<double>(uniform(-8, 9)); };
     const Vector common(whole(), whole(), whole());
     const Vector d1(whole(), whole(), whole());
     const Vector d2(whole(), whole(), whole());
@@ -415,13 +415,13 @@ RC_GTEST_PROP(MatUtilProperty, CircleAndSphereRunThroughTheirPoints, ())
     RC_PRE(std::fabs((b - a).dot((c - a).cross(d - a))) > 1.0);
     double radius = 0.0;
     const Vector center = MatUtil::getSphereCenter(a, b, c, d, radius);
-    for (const Vector &p : {a, b, c, d})
+    for (Vector const &p : {a, b, c, d})
         RC_ASSERT(std::fabs(distance(center, p) - radius) < 1e-7);
 
     const Point2D flat[3] = {Point2D(a.x(), a.y()), Point2D(b.x(), b.y()), Point2D(c.x(), c.y())};
     RC_PRE(std::fabs((b - a).cross(c - a).z()) > 1.0);
     const Point2D middle = MatUtil::getCircleCenter(flat[0], flat[1], flat[2], radius);
-    for (const Point2D &p : flat)
+    for (Point2D const &p : flat)
         RC_ASSERT(std::fabs((p - middle).Length() - radius) < 1e-7);
 }
 
@@ -432,13 +432,13 @@ RC_GTEST_PROP(MatUtilProperty, RayHitsAtTheGivenWeights, ())
     const Vector e2(anyDirection());
     const Vector direction = anyUnitVector();
     RC_PRE(std::fabs(direction.dot(e1.cross(e2))) > 0.1);
-    const double u = uniform(-200, 900) * 1e-3;
-    const double v = uniform(-200, 900) * 1e-3;
-    const double least = std::fmin(std::fmin(u, v), 1.0 - u - v);
+    double const u = uniform(-200, 900) * 1e-3;
+    double const v = uniform(-200, 900) * 1e-3;
+    double const least = std::fmin(std::fmin(u, v), 1.0 - u - v);
     RC_PRE(std::fabs(least) > 1e-9);
-    const double s = anyCoordinate();
+    double const s = anyCoordinate();
     double t = -77.0;
-    const bool hit = MatUtil::rayIntersectsTriangle(
+    bool const hit = MatUtil::rayIntersectsTriangle(
         a, a + e1, a + e2, a + e1 * u + e2 * v - direction * s, direction, t);
     RC_TAG(hit);
     RC_ASSERT(hit == (least > 0.0));

@@ -18,13 +18,13 @@ struct WidePoint
     Wide y;
     Wide z;
 
-    explicit WidePoint(const Point3D &p)
+    explicit WidePoint(Point3D const &p)
         : x(p.x())
         , y(p.y())
         , z(p.z())
     {
     }
-    WidePoint(const Wide &xValue, const Wide &yValue, const Wide &zValue)
+    WidePoint(Wide const &xValue, Wide const &yValue, Wide const &zValue)
         : x(xValue)
         , y(yValue)
         , z(zValue)
@@ -32,17 +32,17 @@ struct WidePoint
     }
 };
 
-WidePoint difference(const WidePoint &a, const WidePoint &b)
+WidePoint difference(WidePoint const &a, WidePoint const &b)
 {
     return {a.x - b.x, a.y - b.y, a.z - b.z};
 }
 
-Wide dot(const WidePoint &a, const WidePoint &b)
+Wide dot(WidePoint const &a, WidePoint const &b)
 {
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
-WidePoint cross(const WidePoint &a, const WidePoint &b)
+WidePoint cross(WidePoint const &a, WidePoint const &b)
 {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
@@ -55,7 +55,7 @@ struct WideRoots
     double smaller = 0.0;
     double larger = 0.0;
 
-    WideRoots(const WidePoint &direction, const WidePoint &from, const Wide &radius)
+    WideRoots(WidePoint const &direction, WidePoint const &from, Wide const &radius)
     {
         const Wide a = dot(direction, direction);
         const Wide b = dot(from, direction);
@@ -79,7 +79,7 @@ struct CylinderHit
     double t2 = -7.0;
     Point3D o2 = presetPoint;
 
-    CylinderHit(const Point3D &p0, const Point3D &p1, const Point3D &a0, const Point3D &a1,
+    CylinderHit(Point3D const &p0, Point3D const &p1, Point3D const &a0, Point3D const &a1,
                 double radius)
     {
         count = IntersectLineCylinder(p0, p1, a0, a1, radius, t1, o1, t2, o2);
@@ -95,7 +95,7 @@ struct CylinderHit
 const Point3D axisStart(0.0, 0.0, 0.0);
 const Point3D axisEnd(10.0, 0.0, 0.0);
 
-CylinderHit hitExample(const Point3D &p0, const Point3D &p1)
+CylinderHit hitExample(Point3D const &p0, Point3D const &p1)
 {
     return CylinderHit(p0, p1, axisStart, axisEnd, 2.0);
 }
@@ -308,7 +308,7 @@ RC_GTEST_PROP(SphereTruth, RootsAgreeWithAWideSolve, ())
     const Point3D p0 = anyPoint();
     const Point3D p1 = p0 + anyDirection();
     const Point3D centre = anyPoint();
-    const double radius = std::fabs(anyCoordinate()) + 0.01;
+    double const radius = std::fabs(anyCoordinate()) + 0.01;
     const WideRoots truth(difference(WidePoint(p1), WidePoint(p0)),
                           difference(WidePoint(p0), WidePoint(centre)), radius);
     RC_PRE(truth.wellApart);
@@ -318,7 +318,7 @@ RC_GTEST_PROP(SphereTruth, RootsAgreeWithAWideSolve, ())
     RC_ASSERT(IntersectLineSphereDst(p0, p1, centre, radius, t1, t2) == (truth.exist ? 2 : 0));
     if (!truth.exist)
         return;
-    const double tolerance = 1e-8 * (1.0 + std::fabs(truth.smaller) + std::fabs(truth.larger));
+    double const tolerance = 1e-8 * (1.0 + std::fabs(truth.smaller) + std::fabs(truth.larger));
     RC_ASSERT(std::fabs(t1 - truth.larger) < tolerance);
     RC_ASSERT(std::fabs(t2 - truth.smaller) < tolerance);
 
@@ -337,7 +337,7 @@ RC_GTEST_PROP(CylinderTruth, RootsAgreeWithAWideSolve, ())
     const Point3D a0 = anyPoint();
     const Point3D axis = anyDirection();
     const Point3D a1 = a0 + axis;
-    const double radius = std::fabs(anyCoordinate()) + 0.01;
+    double const radius = std::fabs(anyCoordinate()) + 0.01;
     RC_PRE(Math3DVektorprodukt(d.Normalize(), axis.Normalize()).Length() > 0.05);
 
     // Crossing with the axis vector projects along it, and scales by its length.
@@ -352,19 +352,19 @@ RC_GTEST_PROP(CylinderTruth, RootsAgreeWithAWideSolve, ())
         RC_ASSERT(hit.isUntouched());
         return;
     }
-    const auto height = [&](double t) {
+    auto const height = [&](double t) {
         return (p0 + t * (p1 - p0) - a0).Dot(axis) / axis.Dot(axis);
     };
-    const double heights[2] = {height(truth.smaller), height(truth.larger)};
+    double const heights[2] = {height(truth.smaller), height(truth.larger)};
     for (double h : heights)
         RC_PRE(std::fabs(h) > 1e-6 && std::fabs(h - 1.0) > 1e-6);
-    const bool smallerCounts = heights[0] > 0.0 && heights[0] < 1.0;
-    const bool largerCounts = heights[1] > 0.0 && heights[1] < 1.0;
-    const int expected = (smallerCounts ? 1 : 0) + (largerCounts ? 1 : 0);
+    bool const smallerCounts = heights[0] > 0.0 && heights[0] < 1.0;
+    bool const largerCounts = heights[1] > 0.0 && heights[1] < 1.0;
+    int const expected = (smallerCounts ? 1 : 0) + (largerCounts ? 1 : 0);
     RC_TAG(expected);
     RC_ASSERT(hit.count == expected);
 
-    const double tolerance = 1e-8 * (1.0 + std::fabs(truth.smaller) + std::fabs(truth.larger));
+    double const tolerance = 1e-8 * (1.0 + std::fabs(truth.smaller) + std::fabs(truth.larger));
     if (expected == 1) {
         RC_ASSERT(std::fabs(hit.t1 - (smallerCounts ? truth.smaller : truth.larger)) < tolerance);
     } else {
@@ -373,6 +373,6 @@ RC_GTEST_PROP(CylinderTruth, RootsAgreeWithAWideSolve, ())
     }
     RC_ASSERT((p0 + hit.t1 * (p1 - p0) - hit.o1).Length() < 1e-12);
     RC_ASSERT((p0 + hit.t2 * (p1 - p0) - hit.o2).Length() < 1e-12);
-    const double fromAxis = Math3DVektorprodukt(hit.o1 - a0, axis.Normalize()).Length();
+    double const fromAxis = Math3DVektorprodukt(hit.o1 - a0, axis.Normalize()).Length();
     RC_ASSERT(std::fabs(fromAxis - radius) < 1e-7);
 }

@@ -58,7 +58,7 @@ Triangle turned(Triangle const &t, int turn)
 Box half(Box const &box, int axis, int side)
 {
     Box child = box;
-    const double m = (box.lo[axis] + box.hi[axis]) * 0.5;
+    double const m = (box.lo[axis] + box.hi[axis]) * 0.5;
     (side == 0 ? child.hi : child.lo)[axis] = m;
     return child;
 }
@@ -107,7 +107,7 @@ TEST(TriangleCuboid, OneVertexOnAFaceTouches)
 
 TEST(TriangleCuboid, OneVertexBesideAFaceIsDisjoint)
 {
-    const double next = std::nextafter(1.0, 2.0);
+    double const next = std::nextafter(1.0, 2.0);
     const Triangle t{Vector(0.5, 0.25, next), Vector(3, 0.5, 2), Vector(0.5, 3, 2)};
     EXPECT_EQ(classify(t, unitBox), TriangleCuboidDisjoint);
     const Triangle clear{Vector(0.5, 0.25, 1.0625), Vector(3, 0.5, 2), Vector(0.5, 3, 2)};
@@ -133,7 +133,7 @@ TEST(TriangleCuboid, EdgeThroughTheBoxCornerTouches)
 TEST(TriangleCuboid, PlaneBesideTheBoxSeparates)
 {
     // In the plane x + y + z = 3 + s, over the corner (1, 1, 1): only the plane test can tell.
-    const auto slanted = [](double s) {
+    auto const slanted = [](double s) {
         return Triangle{Vector(23 + s, -10, -10), Vector(-9, 21 + s, -9), Vector(-3, -3, 9 + s)};
     };
     EXPECT_EQ(classify(slanted(0), unitBox), TriangleCuboidOverlap);
@@ -343,7 +343,7 @@ TEST(TriangleCuboidIntersector, CopiesAreIndependentValues)
     const TriangleCuboidIntersector third(second);
     TriangleCuboidIntersector &result = (second = first);
     EXPECT_EQ(&result, &second);
-    const auto ask = [](TriangleCuboidIntersector const &i) {
+    auto const ask = [](TriangleCuboidIntersector const &i) {
         return i.intersect(unitBox.lo, unitBox.hi, full, TriangleCuboidDisjoint);
     };
     EXPECT_EQ(ask(second), TriangleCuboidContainsCentroid);
@@ -369,13 +369,13 @@ void expectReducedEqualsFull(unsigned seed, Box const &root, int maxDepth, NextT
         Box box = root;
         auto type = intersector.intersect(box.lo, box.hi, full, TriangleCuboidDisjoint);
         for (int depth = 0; depth < maxDepth && type != TriangleCuboidDisjoint; ++depth) {
-            const int axis = depth % 3;
-            const int firstSide = int(random() & 1U);
+            int const axis = depth % 3;
+            int const firstSide = int(random() & 1U);
             TriangleCuboidIntersectionType taken = TriangleCuboidDisjoint;
             Box takenBox = box;
             for (int side : {firstSide, 1 - firstSide}) {
                 const Box child = half(box, axis, side);
-                const auto reduced = intersector.intersect(child.lo, child.hi, axis, type);
+                auto const reduced = intersector.intersect(child.lo, child.hi, axis, type);
                 ASSERT_EQ(reduced,
                           intersector.intersect(child.lo, child.hi, full, TriangleCuboidDisjoint));
                 ASSERT_EQ(reduced != TriangleCuboidDisjoint, meets(t, child));
@@ -400,7 +400,7 @@ void expectReducedEqualsFull(unsigned seed, Box const &root, int maxDepth, NextT
 
 TEST(TriangleCuboidIntersector, ReducedTestsEqualTheFullTestOnRandomDescents)
 {
-    const auto next = [](std::mt19937 &random) {
+    auto const next = [](std::mt19937 &random) {
         std::uniform_real_distribution<double> place(-1.0, 2.0);
         std::uniform_real_distribution<double> exponent(-12.0, 1.0);
         const double size = std::exp2(exponent(random));
@@ -416,7 +416,7 @@ TEST(TriangleCuboidIntersector, ReducedTestsEqualTheFullTestOnRandomDescents)
 TEST(TriangleCuboidIntersector, ReducedTestsEqualTheFullTestWhereTouchingIsCommon)
 {
     // Multiples of 3 make centroids exact, so that all arithmetic is, and touching happens often.
-    const auto next = [](std::mt19937 &random) {
+    auto const next = [](std::mt19937 &random) {
         std::uniform_int_distribution<int> place(-3, 19);
         const auto vertex = [&] {
             return Vector(3 * place(random), 3 * place(random), 3 * place(random));

@@ -16,18 +16,18 @@ inline const Point3D presetPoint(-77.0, 78.0, 79.0);
 
 using Vector = vectorC3d<double>;
 
-inline void expectNear(const Point3D &actual, const Point3D &expected, double tolerance)
+inline void expectNear(Point3D const &actual, Point3D const &expected, double tolerance)
 {
     EXPECT_LE((actual - expected).Length(), tolerance)
         << "(" << actual.x() << ", " << actual.y() << ", " << actual.z() << ")";
 }
 
-inline void expectNear(const Vector &actual, const Vector &expected, double tolerance)
+inline void expectNear(Vector const &actual, Vector const &expected, double tolerance)
 {
     expectNear(Point3D(actual), Point3D(expected), tolerance);
 }
 
-inline bool isNan(const Point3D &p)
+inline bool isNan(Point3D const &p)
 {
     return std::isnan(p.x()) && std::isnan(p.y()) && std::isnan(p.z());
 }
@@ -49,8 +49,8 @@ inline double anyCoordinate()
 
 inline Point3D anyPoint()
 {
-    const double x = anyCoordinate();
-    const double y = anyCoordinate();
+    double const x = anyCoordinate();
+    double const y = anyCoordinate();
     return Point3D(x, y, anyCoordinate());
 }
 

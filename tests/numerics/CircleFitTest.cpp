@@ -24,7 +24,7 @@ Points arc(double cx, double cy, double radius, double from, double to, int coun
 {
     Points points;
     for (int i = 0; i < count; ++i) {
-        const double angle = from + (to - from) * i / (count - 1);
+        double const angle = from + (to - from) * i / (count - 1);
         points.emplace_back(cx + radius * std::cos(angle), cy + radius * std::sin(angle));
     }
     return points;
@@ -108,7 +108,7 @@ TEST(TaubinFit, CoincidentPoints)
 TEST(TaubinFit, SmallestDeterminantIsASignedLimit)
 {
     const Points points = withNoise(arc(0, 0, 1, 0, 3, 30), 0.01, 4);
-    const double above = MatUtil::taubinFit(points, 0.01).second;
+    double const above = MatUtil::taubinFit(points, 0.01).second;
     EXPECT_NEAR(above, 1.0, 0.05);
     expectNone(MatUtil::taubinFit(points, 10.0));
     expectNone(MatUtil::taubinFit(points, inf));
@@ -119,7 +119,7 @@ TEST(TaubinFit, SmallestDeterminantIsASignedLimit)
 /// The fit with the sums written out, to the last bit.
 Circle plainTaubin(Points const &points)
 {
-    const double n = double(points.size());
+    double const n = double(points.size());
     double mx = 0.0, my = 0.0;
     for (Vector const &p : points) {
         mx += p.x();
@@ -129,7 +129,7 @@ Circle plainTaubin(Points const &points)
     my /= n;
     double xx = 0, yy = 0, xy = 0, xz = 0, yz = 0, zz = 0;
     for (Vector const &p : points) {
-        const double u = p.x() - mx, v = p.y() - my, z = u * u + v * v;
+        double const u = p.x() - mx, v = p.y() - my, z = u * u + v * v;
         xx += u * u;
         yy += v * v;
         xy += u * v;
@@ -138,25 +138,25 @@ Circle plainTaubin(Points const &points)
         zz += z * z;
     }
     xx /= n, yy /= n, xy /= n, xz /= n, yz /= n, zz /= n;
-    const double mz = xx + yy, cov = xx * yy - xy * xy, var = zz - mz * mz;
-    const double a2 = 4 * cov - 3 * mz * mz - zz;
-    const double a1 = (var + 4 * cov) * mz - xz * xz - yz * yz;
-    const double a0 = xz * (xz * yy - yz * xy) + yz * (yz * xx - xz * xy) - var * cov;
+    double const mz = xx + yy, cov = xx * yy - xy * xy, var = zz - mz * mz;
+    double const a2 = 4 * cov - 3 * mz * mz - zz;
+    double const a1 = (var + 4 * cov) * mz - xz * xz - yz * yz;
+    double const a0 = xz * (xz * yy - yz * xy) + yz * (yz * xx - xz * xy) - var * cov;
     double x = 0.0, y = a0;
     for (int i = 0; i < 99; ++i) {
-        const double d = 16 * x * x * x + 2 * a2 * x + a1;
+        double const d = 16 * x * x * x + 2 * a2 * x + a1;
         if (1e-16 > d)
             break;
-        const double xn = x - y / d;
-        const double yn = 4 * (xn * xn * xn * xn) + a2 * (xn * xn) + a1 * xn + a0;
+        double const xn = x - y / d;
+        double const yn = 4 * (xn * xn * xn * xn) + a2 * (xn * xn) + a1 * xn + a0;
         if (1e-16 > std::fabs(x - xn) || std::fabs(yn) > std::fabs(y))
             break;
         x = xn;
         y = yn;
     }
-    const double det = x * x - x * mz + cov;
-    const double cu = (xz * (yy - x) - yz * xy) / (2.0 * det);
-    const double cv = (yz * (xx - x) - xz * xy) / (2.0 * det);
+    double const det = x * x - x * mz + cov;
+    double const cu = (xz * (yy - x) - yz * xy) / (2.0 * det);
+    double const cv = (yz * (xx - x) - xz * xy) / (2.0 * det);
     return {Vector(cu + mx, cv + my), std::sqrt(cu * cu + cv * cv + mz - (x + x))};
 }
 
@@ -187,7 +187,7 @@ TEST(KasaFit, NaNIsRefused)
 TEST(CircleFits, FindKnownCirclesUnderNoise)
 {
     for (unsigned int seed = 0; seed < 50; ++seed) {
-        const double radius = 2.0 + seed, x = 10.0 * seed, y = -3.0 * seed;
+        double const radius = 2.0 + seed, x = 10.0 * seed, y = -3.0 * seed;
         const Points points = withNoise(arc(x, y, radius, 0.0, 2 * pi, 200), 1e-3, seed);
         expectCircle(x, y, radius, MatUtil::kasaFit(points), 1e-3);
         expectCircle(x, y, radius, MatUtil::taubinFit(points, 0.0), 1e-3);
@@ -199,8 +199,8 @@ TEST(CircleFits, KasaShrinksShortArcsMoreThanTaubin)
     int smaller = 0;
     for (unsigned int seed = 0; seed < 50; ++seed) {
         const Points points = withNoise(arc(0, 0, 1, 1.2, 1.9, 100), 0.02, seed);
-        const double kasa = MatUtil::kasaFit(points).second;
-        const double taubin = MatUtil::taubinFit(points, 0.0).second;
+        double const kasa = MatUtil::kasaFit(points).second;
+        double const taubin = MatUtil::taubinFit(points, 0.0).second;
         EXPECT_LT(kasa, taubin);
         smaller += kasa < 1.0 ? 1 : 0;
     }
@@ -209,10 +209,10 @@ TEST(CircleFits, KasaShrinksShortArcsMoreThanTaubin)
 
 RC_GTEST_PROP(CircleFits, ReproduceAnyCircle, ())
 {
-    const double x = *rc::gen::inRange(-100, 100), y = *rc::gen::inRange(-100, 100);
-    const double radius = *rc::gen::inRange(1, 100);
-    const double span = 0.01 * *rc::gen::inRange(100, 620);
-    const int count = *rc::gen::inRange(3, 40);
+    double const x = *rc::gen::inRange(-100, 100), y = *rc::gen::inRange(-100, 100);
+    double const radius = *rc::gen::inRange(1, 100);
+    double const span = 0.01 * *rc::gen::inRange(100, 620);
+    int const count = *rc::gen::inRange(3, 40);
     const Points points = arc(x, y, radius, 0.3, 0.3 + span, count);
     for (Circle const &circle : {MatUtil::kasaFit(points), MatUtil::taubinFit(points, 0.0)}) {
         RC_ASSERT(std::fabs(circle.first.x() - x) < 1e-7 * radius);

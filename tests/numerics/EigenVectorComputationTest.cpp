@@ -219,8 +219,8 @@ TEST(GetEigenVector3d, AnalyticFailsWhereTheShiftedMatrixIsNotSingularEnough)
 TEST(GetEigenVector3d, QRUsesUpItsPassesOnANearlyOppositePair)
 {
     // The shift would be negative and is dropped: the pair 3 and -3.0001 stays coupled.
-    const double c = std::cos(0.5), s = std::sin(0.5);
-    const double p = 3.0, q = -3.0001;
+    double const c = std::cos(0.5), s = std::sin(0.5);
+    double const p = 3.0, q = -3.0001;
     const Matrix matrix =
         symmetric(0.5, 0, 0, p * c * c + q * s * s, (p - q) * s * c, p * s * s + q * c * c);
     const Candidate qr = run(matrix, MatUtil::EigenVectorQR);
@@ -290,7 +290,7 @@ TEST(GetEigenVector3d, PowerAndQRHaveTheBitsOfTheirFormulas)
           {-0x1.94d460383b95dp-8, -0x1.ed40def9b14c8p-1, 0x1.127b5dbb5317p-2},
           {0x1.d59759dd32e6bp-1, 0x1.0b65f63874096p+1, 0x1.8065e657e0614p+2}}},
     };
-    for (const Case &k : cases) {
+    for (Case const &k : cases) {
         const Candidate c = run(k.matrix, k.algorithm);
         ASSERT_TRUE(c.found);
         for (int i = 0; i < 3; ++i) {
@@ -386,7 +386,7 @@ TEST(EigenVectorComputation, ScoreIsTheBestOfTheThree)
     std::array<int, 3> wins{};
     for (int i = 0; i < 3000; ++i) {
         Matrix matrix = randomMatrix(random, i % 2 == 0);
-        const double scale = i % 3 == 0 ? 1e12 : 1.0; // too large for the null space's limit
+        double const scale = i % 3 == 0 ? 1e12 : 1.0; // too large for the null space's limit
         for (int cell = 0; cell < 9; ++cell)
             matrix[cell] *= scale;
         double best = 1e8;
@@ -430,7 +430,7 @@ TEST(Check, IsTheResidual)
 {
     const Matrix matrix = symmetric(2, 1, 0, 2, 0, 5);
     const Vector v(0.6, 0.8, 0);
-    const double expected = std::sqrt((2 * 0.6 + 0.8 - 0.6 * 3) * (2 * 0.6 + 0.8 - 0.6 * 3) +
+    double const expected = std::sqrt((2 * 0.6 + 0.8 - 0.6 * 3) * (2 * 0.6 + 0.8 - 0.6 * 3) +
                                       (0.6 + 1.6 - 2.4) * (0.6 + 1.6 - 2.4));
     EXPECT_NEAR(EigenVectorComputationC::check(matrix, v, 3.0), expected, 1e-15);
 }
@@ -465,7 +465,7 @@ TEST(Standardize, MakesDominantComponentsPositive)
 
 TEST(Standardize, FirstOfEqualComponentsIsDominant)
 {
-    const double h = std::sqrt(0.5);
+    double const h = std::sqrt(0.5);
     Matrix vectors({-h, h, 0}, {h, h, 0}, {0, 0, 1});
     Vector values(1, 2, 3);
     EigenVectorComputationC::standardize(vectors, values);
@@ -502,12 +502,12 @@ TEST(Standardize, TwoNearEqualEigenvaluesStandByTheirDominantIndex)
 TEST(Standardize, ThreeNearEqualEigenvaluesAreExchangedInThreeStepsOnly)
 {
     // 0 with 1, 1 with 2, 0 with 2: no full sort, so two of the six orders end half sorted
-    const int orders[6][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {2, 0, 1}, {1, 2, 0}, {2, 1, 0}};
-    for (const auto &order : orders) {
+    int const orders[6][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {2, 0, 1}, {1, 2, 0}, {2, 1, 0}};
+    for (auto const &order : orders) {
         Matrix vectors = permuted(order[0], order[1], order[2]);
         Vector values(5.0, 5.0001, 5.0002);
         EigenVectorComputationC::standardize(vectors, values);
-        const bool sorted = order[2] != 0;
+        bool const sorted = order[2] != 0;
         Matrix expected = sorted ? Matrix::identity() : permuted(1, 0, 2);
         if (!sorted)
             expected.setAxis(1, -expected.axis(1)); // right-handed
@@ -553,8 +553,8 @@ TEST(Standardize, ExchangedColumnsStayRightHanded)
 
 RC_GTEST_PROP(Standardize, IsCanonical, ())
 {
-    const auto number = rc::gen::inRange(-1000, 1000);
-    const double xx = *number, xy = *number, xz = *number, yy = *number, yz = *number, zz = *number;
+    auto const number = rc::gen::inRange(-1000, 1000);
+    double const xx = *number, xy = *number, xz = *number, yy = *number, yz = *number, zz = *number;
     const Matrix matrix = symmetric(xx, xy, xz, yy, yz, zz);
     const EigenVectorComputationC result(matrix);
     RC_PRE(result.isValid());
@@ -562,7 +562,7 @@ RC_GTEST_PROP(Standardize, IsCanonical, ())
     Vector values = result.getEigenValues();
     EigenVectorComputationC::standardize(vectors, values);
     RC_ASSERT(values[0] <= values[1] && values[1] <= values[2]);
-    const double determinant = vectors.axis(0).cross(vectors.axis(1)).dot(vectors.axis(2));
+    double const determinant = vectors.axis(0).cross(vectors.axis(1)).dot(vectors.axis(2));
     RC_ASSERT(determinant > -1e-9);
     for (int column : {0, 2}) {
         const Vector v = vectors.axis(column);

@@ -48,12 +48,12 @@ Signal rootsOf(int n)
 /// Runs a transform with guards round every array and checks what it may not touch.
 Signal run(Signal const &input, bool inverse, Signal roots)
 {
-    const int n = int(input.re.size());
+    int const n = int(input.re.size());
     GuardedArray inRe(input.re), inIm(input.im), rootsRe(roots.re), rootsIm(roots.im);
     GuardedArray outRe(n), outIm(n), scratch(2 * n);
     (inverse ? computeInverseFFT : computeFFT)(inRe.data(), inIm.data(), outRe.data(), outIm.data(),
                                                n, rootsRe.data(), rootsIm.data(), scratch.data());
-    for (const GuardedArray *array : {&inRe, &inIm, &rootsRe, &rootsIm, &outRe, &outIm, &scratch})
+    for (GuardedArray const *array : {&inRe, &inIm, &rootsRe, &rootsIm, &outRe, &outIm, &scratch})
         EXPECT_TRUE(array->intact());
     for (int i = 0; i < n; ++i) {
         EXPECT_TRUE(SameBits(input.re[std::size_t(i)], inRe[i]));
@@ -82,9 +82,9 @@ Signal plain(Signal const &input, bool inverse, Signal const &roots)
         for (std::size_t g = 0; g < groups; ++g) {
             for (std::size_t j = 0; j < half; ++j) {
                 const std::size_t a = 2 * half * g + j, b = a + half;
-                const double wr = roots.re[j * groups];
-                const double wi = inverse ? -roots.im[j * groups] : roots.im[j * groups];
-                const double dr = re[a] - re[b], di = im[a] - im[b];
+                double const wr = roots.re[j * groups];
+                double const wi = inverse ? -roots.im[j * groups] : roots.im[j * groups];
+                double const dr = re[a] - re[b], di = im[a] - im[b];
                 re[a] = re[a] + re[b];
                 im[a] = im[a] + im[b];
                 re[b] = dr * wr - di * wi;
@@ -126,7 +126,7 @@ TEST(GenerateRoots, IsTheExponentialWithPositiveExponent)
 {
     const Signal roots = rootsOf(8);
     for (int k = 0; k < 8; ++k) {
-        const double angle = k * (-6.283185307179586 / 8);
+        double const angle = k * (-6.283185307179586 / 8);
         EXPECT_TRUE(SameBits(std::cos(angle), roots.re[std::size_t(k)]));
         EXPECT_TRUE(SameBits(-std::sin(angle), roots.im[std::size_t(k)]));
     }
@@ -165,7 +165,7 @@ TEST(ComputeFFT, SizeTwoIsSumAndDifference)
 TEST(ComputeFFT, ImpulseTurnsForward)
 {
     const Signal output = run({{0, 1, 0, 0}, {0, 0, 0, 0}}, false);
-    const double re[] = {1, 0, -1, 0}, im[] = {0, 1, 0, -1};
+    double const re[] = {1, 0, -1, 0}, im[] = {0, 1, 0, -1};
     for (std::size_t k = 0; k < 4; ++k) {
         EXPECT_NEAR(output.re[k], re[k], 1e-15);
         EXPECT_NEAR(output.im[k], im[k], 1e-15);
@@ -178,7 +178,7 @@ TEST(ComputeFFT, NoSizeNoOutput)
         GuardedArray a(4), b(4), c(4), d(4), e(4), f(4), g(4);
         computeFFT(a.data(), b.data(), c.data(), d.data(), n, e.data(), f.data(), g.data());
         computeInverseFFT(a.data(), b.data(), c.data(), d.data(), n, e.data(), f.data(), g.data());
-        for (const GuardedArray *array : {&a, &b, &c, &d, &e, &f, &g}) {
+        for (GuardedArray const *array : {&a, &b, &c, &d, &e, &f, &g}) {
             EXPECT_TRUE(array->intact());
             EXPECT_EQ(array->values(), std::vector<double>(4, support::preset));
         }
@@ -271,7 +271,7 @@ TEST(ComputeFFT, MayWriteOverTheRoots)
 
 TEST(ComputeFFT, ArraysNeedNoAlignment)
 {
-    const int n = 256;
+    int const n = 256;
     const Signal input = randomSignal(n, 3);
     const Signal expected = run(input, false);
     const Signal roots = rootsOf(n);
@@ -294,7 +294,7 @@ TEST(ComputeFFT, ArraysNeedNoAlignment)
 template <int W, bool Inverse>
 Signal runAtWidth(Signal const &input, Signal const &roots)
 {
-    const int n = int(input.re.size());
+    int const n = int(input.re.size());
     Signal output = input;
     std::vector<double> scratch(2 * input.re.size());
     Fourier::transform<W, Inverse>(
@@ -327,11 +327,11 @@ TEST(ComputeFFT, AgreesWithANaiveSum)
     for (int n : {4, 32, 256, 1 << 14, 1 << 20}) {
         const Signal input = randomSignal(n, unsigned(n));
         const Signal output = run(input, false);
-        const double tolerance = 1e-15 * std::sqrt(double(n)) * (4 + std::log2(n));
+        double const tolerance = 1e-15 * std::sqrt(double(n)) * (4 + std::log2(n));
         for (std::int64_t k = 0; k < n; k += n / 4 + 1) {
             std::complex<long double> sum = 0;
             for (std::int64_t j = 0; j < n; ++j) {
-                const long double turns = static_cast<long double>(j * k % n) / n;
+                long double const turns = static_cast<long double>(j * k % n) / n;
                 sum +=
                     std::complex<long double>(input.re[std::size_t(j)], input.im[std::size_t(j)]) *
                     std::polar(1.0L, 2 * 3.14159265358979323846L * turns);
@@ -344,7 +344,7 @@ TEST(ComputeFFT, AgreesWithANaiveSum)
 
 Signal byFFTW(Signal input, bool inverse)
 {
-    const int n = int(input.re.size());
+    int const n = int(input.re.size());
     Signal output = input;
     const fftw_iodim size{n, 1, 1};
     // The plan of exchanged parts has the positive exponent.
@@ -368,7 +368,7 @@ TEST(ComputeFFT, AgreesWithFFTW)
 {
     for (int n = 2; n <= 1 << 20; n *= 2) {
         const Signal input = randomSignal(n, unsigned(n) + 1);
-        const double tolerance = 1e-15 * std::sqrt(double(n)) * (4 + std::log2(n));
+        double const tolerance = 1e-15 * std::sqrt(double(n)) * (4 + std::log2(n));
         EXPECT_LT(greatestDifference(byFFTW(input, false), run(input, false)), tolerance) << n;
         EXPECT_LT(greatestDifference(byFFTW(input, true), run(input, true)), tolerance) << n;
     }
@@ -376,7 +376,7 @@ TEST(ComputeFFT, AgreesWithFFTW)
 
 RC_GTEST_PROP(ComputeFFT, InverseUndoes, ())
 {
-    const int n = 1 << *rc::gen::inRange(0, 11);
+    int const n = 1 << *rc::gen::inRange(0, 11);
     const Signal input = randomSignal(n, *rc::gen::arbitrary<unsigned int>());
     RC_ASSERT(greatestDifference(input, run(run(input, false), true)) < 1e-14);
 }

@@ -63,7 +63,7 @@ inline Eigen::MatrixXd randomSymmetric(int n, unsigned int seed)
     return a;
 }
 
-inline void copyTo(MatrixIF &matrix, const Eigen::MatrixXd &a)
+inline void copyTo(MatrixIF &matrix, Eigen::MatrixXd const &a)
 {
     for (int i = 0; i < a.rows(); ++i) {
         for (int j = 0; j < a.cols(); ++j)
@@ -81,7 +81,7 @@ public:
     }
     double getElement(unsigned int row, unsigned int column) override
     {
-        const auto found = m_elements.find(std::minmax(row, column));
+        auto const found = m_elements.find(std::minmax(row, column));
         return found == m_elements.end() ? 0.0 : found->second;
     }
     void setElement(unsigned int row, unsigned int column, double value) override

@@ -48,7 +48,7 @@ TEST(JacobiMethod, SumOfExactlyTheLimitIsConverged)
     EXPECT_EQ(finished.getQuality(), 1e-8);
     EXPECT_EQ(atLimit.getElement(0, 1), 1e-8);
 
-    const double above = std::nextafter(1e-8, 1.0);
+    double const above = std::nextafter(1e-8, 1.0);
     auto aboveLimit = makeMatrix<SymmetricMatrixNXN>(2, {1, above, above, 2});
     JacobiMethod unfinished(&aboveLimit);
     EXPECT_FALSE(unfinished.iterate());
@@ -65,8 +65,8 @@ TEST(JacobiMethod, RotatesByHalfARightAngle)
     EXPECT_EQ(method.getEigenvalue(0), -1.0);
     EXPECT_EQ(method.getEigenvalue(1), 3.0);
     EXPECT_EQ(matrix.getElement(0, 1), 0.0);
-    const double c = 1.0 / std::sqrt(2.0);
-    const double tau = c / (1.0 + c);
+    double const c = 1.0 / std::sqrt(2.0);
+    double const tau = c / (1.0 + c);
     EXPECT_TRUE(SameBits(1.0 - c * (1.0 * tau + 0.0), eigenvector(method, 0)[0]));
     EXPECT_TRUE(SameBits(0.0 - c * (0.0 * tau + 1.0), eigenvector(method, 0)[1]));
     EXPECT_TRUE(SameBits(0.0 + c * (1.0 - 0.0 * tau), eigenvector(method, 1)[0]));
@@ -126,7 +126,7 @@ TEST(JacobiMethod, ThresholdIsUsedInTheFirstThreeSweepsOnly)
     matrix.setElement(2, 3, 0.0625); // the threshold is 0.2 * 5.0625 / 16 = 0.0633
     matrix.frozen = true;
     using Pairs = std::vector<std::pair<unsigned int, unsigned int>>;
-    const auto large = std::make_pair(0u, 1u), small = std::make_pair(2u, 3u);
+    auto const large = std::make_pair(0u, 1u), small = std::make_pair(2u, 3u);
 
     JacobiMethod method(&matrix);
     for (int sweep = 1; sweep <= 6; ++sweep) {
@@ -134,7 +134,7 @@ TEST(JacobiMethod, ThresholdIsUsedInTheFirstThreeSweepsOnly)
         EXPECT_FALSE(method.iterate());
         EXPECT_EQ(method.getQuality(), 5.0625);
         Pairs ones;
-        for (const auto &pair : matrix.cleared) {
+        for (auto const &pair : matrix.cleared) {
             if (pair == large || pair == small)
                 ones.push_back(pair);
         }
@@ -151,16 +151,16 @@ struct OpenJacobiMethod : JacobiMethod
 
 TEST(JacobiMethod, RotationHasTheBitsOfTheFormula)
 {
-    const double app = 1.5, aqq = -0.7, apq = 0.3, g = 2.25, h = -4.1;
+    double const app = 1.5, aqq = -0.7, apq = 0.3, g = 2.25, h = -4.1;
     auto matrix =
         makeMatrix<SymmetricMatrixNXN>(3, {app, g, apq, g, 9, h, apq, h, aqq}); // p = 0, q = 2
     OpenJacobiMethod method(&matrix);
     method.rotate(0, 2);
-    const double theta = (aqq - app) / (apq + apq); // negative
-    const double t = -1.0 / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
-    const double c = 1.0 / std::sqrt(t * t + 1.0);
-    const double s = c * t;
-    const double tau = s / (1.0 + c);
+    double const theta = (aqq - app) / (apq + apq); // negative
+    double const t = -1.0 / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
+    double const c = 1.0 / std::sqrt(t * t + 1.0);
+    double const s = c * t;
+    double const tau = s / (1.0 + c);
     EXPECT_TRUE(SameBits(0.0, matrix.getElement(0, 2)));
     EXPECT_TRUE(SameBits(app - t * apq, matrix.getElement(0, 0)));
     EXPECT_TRUE(SameBits(aqq + t * apq, matrix.getElement(2, 2)));
@@ -177,7 +177,7 @@ TEST(JacobiMethod, RotationHasTheBitsOfTheFormula)
 
 TEST(JacobiMethod, NaNNeverConverges)
 {
-    const double n = support::nan;
+    double const n = support::nan;
     auto matrix = makeMatrix<SymmetricMatrixNXN>(3, {1, n, 0, n, 1, 0, 0, 0, 1});
     JacobiMethod method(&matrix);
     for (int sweep = 0; sweep < 20; ++sweep)
@@ -187,7 +187,7 @@ TEST(JacobiMethod, NaNNeverConverges)
 
 TEST(JacobiMethod, NaNBetweenTwoRowsGoesToTheDiagonal)
 {
-    const double n = support::nan;
+    double const n = support::nan;
     auto matrix = makeMatrix<SymmetricMatrixNXN>(2, {1, n, n, 1});
     JacobiMethod method(&matrix);
     EXPECT_FALSE(method.iterate());
@@ -205,7 +205,7 @@ TEST(JacobiMethod, EigenvectorIsAppended)
     method.getEigenvector(1, list);
     method.getEigenvector(1, list);
     ASSERT_EQ(list.size(), 5);
-    const double expected[] = {42, 0, 1, 0, 1};
+    double const expected[] = {42, 0, 1, 0, 1};
     for (int i = 0; i < 5; ++i)
         EXPECT_EQ(list[i], expected[i]);
 }
@@ -215,7 +215,7 @@ TEST(JacobiMethod, StepsAfterTheEndAreAllowed)
     auto matrix = makeMatrix<SymmetricMatrixNXN>(3, {2, 1, 0, 1, 2, 1, 0, 1, 2});
     JacobiMethod method(&matrix);
     sweepsToTheEnd(method);
-    const double value = method.getEigenvalue(1);
+    double const value = method.getEigenvalue(1);
     EXPECT_TRUE(method.iterate());
     EXPECT_EQ(method.getEigenvalue(1), value);
 }
@@ -261,9 +261,9 @@ TEST(JacobiMethod, AgreesWithEigen)
         std::vector<double> values;
         double sum = 0.0;
         for (unsigned int i = 0; i < unsigned(n); ++i) {
-            const double lambda = method.getEigenvalue(i);
+            double const lambda = method.getEigenvalue(i);
             const std::vector<double> components = eigenvector(method, i);
-            const auto v = Eigen::Map<const Eigen::VectorXd>(components.data(), n);
+            auto const v = Eigen::Map<const Eigen::VectorXd>(components.data(), n);
             EXPECT_LT((a * v - lambda * v).norm(), 1e-8);
             EXPECT_NEAR(v.norm(), 1.0, 1e-12);
             values.push_back(lambda);
@@ -280,16 +280,16 @@ TEST(JacobiMethod, AgreesWithEigen)
 
 RC_GTEST_PROP(JacobiMethod, KeepsTraceAndDeterminant, ())
 {
-    const auto entries = *rc::gen::container<std::vector<int>>(6, rc::gen::inRange(-1000, 1000));
-    const double xx = entries[0], xy = entries[1], xz = entries[2];
-    const double yy = entries[3], yz = entries[4], zz = entries[5];
+    auto const entries = *rc::gen::container<std::vector<int>>(6, rc::gen::inRange(-1000, 1000));
+    double const xx = entries[0], xy = entries[1], xz = entries[2];
+    double const yy = entries[3], yz = entries[4], zz = entries[5];
     auto matrix = makeMatrix<SymmetricMatrixNXN>(3, {xx, xy, xz, xy, yy, yz, xz, yz, zz});
     JacobiMethod method(&matrix);
     sweepsToTheEnd(method);
-    const double l0 = method.getEigenvalue(0);
-    const double l1 = method.getEigenvalue(1);
-    const double l2 = method.getEigenvalue(2);
-    const double determinant =
+    double const l0 = method.getEigenvalue(0);
+    double const l1 = method.getEigenvalue(1);
+    double const l2 = method.getEigenvalue(2);
+    double const determinant =
         xx * (yy * zz - yz * yz) - xy * (xy * zz - yz * xz) + xz * (xy * yz - yy * xz);
     RC_ASSERT(std::fabs(l0 + l1 + l2 - (xx + yy + zz)) < 1e-9);
     RC_ASSERT(std::fabs(l0 * l1 * l2 - determinant) < 1e-3);

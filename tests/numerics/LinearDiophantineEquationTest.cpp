@@ -20,18 +20,18 @@ struct Solution
 {
     int x = 111, y = 222, xStep = 333, yStep = 444;
 
-    bool operator==(const Solution &o) const
+    bool operator==(Solution const &o) const
     {
         return std::tie(x, y, xStep, yStep) == std::tie(o.x, o.y, o.xStep, o.yStep);
     }
 };
 
-bool solve(const Equation &equation, int c, Solution &s)
+bool solve(Equation const &equation, int c, Solution &s)
 {
     return equation.solve(c, s.x, s.y, s.xStep, s.yStep);
 }
 
-Solution solution(const Equation &equation, int c)
+Solution solution(Equation const &equation, int c)
 {
     Solution s;
     EXPECT_TRUE(solve(equation, c, s));
@@ -156,7 +156,7 @@ TEST(LinearDiophantineEquation, SolvesExactlyTheSolvable)
             if (a == 0 && b == 0)
                 continue;
             const Equation equation(a, b);
-            const int g = std::gcd(a, b);
+            int const g = std::gcd(a, b);
             for (int c = -120; c <= 120; ++c) {
                 Solution s;
                 ASSERT_EQ(solve(equation, c, s), c % g == 0) << a << ' ' << b << ' ' << c;
@@ -175,11 +175,11 @@ TEST(LinearDiophantineEquation, SolvesExactlyTheSolvable)
 }
 
 /// The range query as a count over all solutions, with bounds rounded by the rule of the class.
-bool expectedInRange(int a, int b, const Solution &s, const int (&range)[4], int &x, int &y)
+bool expectedInRange(int a, int b, Solution const &s, int const (&range)[4], int &x, int &y)
 {
     if (a == 0 || b == 0)
         return false;
-    const auto rounded = [](int p, int d) {
+    auto const rounded = [](int p, int d) {
         const bool positiveDividend = p > 0;
         const int magnitude = std::abs(p) / std::abs(d);
         const bool up = positiveDividend && p % d != 0 && magnitude != 0;
@@ -190,8 +190,8 @@ bool expectedInRange(int a, int b, const Solution &s, const int (&range)[4], int
         std::minmax({rounded(range[0] - s.x, s.xStep), rounded(s.x - range[1], -s.xStep)});
     const std::pair<int, int> ty =
         std::minmax({rounded(range[2] - s.y, s.yStep), rounded(s.y - range[3], -s.yStep)});
-    const int low = std::max(tx.first, ty.first);
-    const int high = std::min(tx.second, ty.second);
+    int const low = std::max(tx.first, ty.first);
+    int const high = std::min(tx.second, ty.second);
     if (low > high)
         return false;
     x = s.x + low * s.xStep;
@@ -201,7 +201,7 @@ bool expectedInRange(int a, int b, const Solution &s, const int (&range)[4], int
 
 TEST(LinearDiophantineEquation, RangeQueryFollowsItsRounding)
 {
-    const int ranges[][4] = {{0, 50, 0, 50}, {-7, 13, -20, 5}, {3, 3, 0, 9}, {5, -5, 0, 10}};
+    int const ranges[][4] = {{0, 50, 0, 50}, {-7, 13, -20, 5}, {3, 3, 0, 9}, {5, -5, 0, 10}};
     for (int a = -40; a <= 40; ++a) {
         for (int b = -40; b <= 40; ++b) {
             if (a == 0 && b == 0)
@@ -211,9 +211,9 @@ TEST(LinearDiophantineEquation, RangeQueryFollowsItsRounding)
                 Solution s;
                 if (!solve(equation, c, s))
                     continue;
-                for (const auto &range : ranges) {
+                for (auto const &range : ranges) {
                     int x = 111, y = 222, expectedX = 111, expectedY = 222;
-                    const bool expected = expectedInRange(a, b, s, range, expectedX, expectedY);
+                    bool const expected = expectedInRange(a, b, s, range, expectedX, expectedY);
                     ASSERT_EQ(equation.findSolutionInRange(c, range[0], range[1], range[2],
                                                            range[3], x, y),
                               expected);
@@ -261,7 +261,7 @@ TEST(LinearDiophantineEquation, ExtremeArgumentsWrap)
          minInt,
          minInt},
     };
-    for (const Case &k : cases) {
+    for (Case const &k : cases) {
         SCOPED_TRACE(testing::Message() << k.a << ' ' << k.b << ' ' << k.c);
         const Equation equation(k.a, k.b);
         EXPECT_TRUE(solution(equation, k.c) == k.solution);
@@ -276,8 +276,8 @@ TEST(LinearDiophantineEquation, ExtremeArgumentsWrap)
 
 RC_GTEST_PROP(LinearDiophantineEquation, WrapsWithoutUndefinedBehaviour, ())
 {
-    const auto any = rc::gen::arbitrary<int>();
-    const int a = *any, b = *any, c = *any;
+    auto const any = rc::gen::arbitrary<int>();
+    int const a = *any, b = *any, c = *any;
     RC_PRE(a > minInt && b > minInt && c > minInt && (a != 0 || b != 0));
     const Equation equation(a, b);
     Solution s;

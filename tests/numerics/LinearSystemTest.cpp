@@ -13,12 +13,12 @@
 
 namespace {
 
-const double notANumber = std::numeric_limits<double>::quiet_NaN();
-const double infinity = std::numeric_limits<double>::infinity();
+double const notANumber = std::numeric_limits<double>::quiet_NaN();
+double const infinity = std::numeric_limits<double>::infinity();
 
 /// Row-major literals read better; the class wants columns.
 template <int R, int C>
-LinearSystemT<R, C> fromRows(const double (&rows)[R][C], double epsilon)
+LinearSystemT<R, C> fromRows(double const (&rows)[R][C], double epsilon)
 {
     double columns[R * C];
     for (int r = 0; r < R; ++r) {
@@ -29,7 +29,7 @@ LinearSystemT<R, C> fromRows(const double (&rows)[R][C], double epsilon)
 }
 
 template <int R, int C>
-std::array<double, R> image(const LinearSystemT<R, C> &system, const double *x)
+std::array<double, R> image(LinearSystemT<R, C> const &system, double const *x)
 {
     std::array<double, R> result{};
     for (int r = 0; r < R; ++r) {
@@ -49,7 +49,7 @@ struct ExactReduction
     std::vector<int> pivotColumns;
     Fraction determinant{1};
 
-    explicit ExactReduction(const int (&values)[R][C])
+    explicit ExactReduction(int const (&values)[R][C])
     {
         for (int r = 0; r < R; ++r) {
             for (int c = 0; c < C; ++c)
@@ -114,7 +114,7 @@ struct IntegerSystem
                 values[r][c] = *rc::gen::inRange(-6, 7);
         }
         if (*rc::gen::arbitrary<bool>()) {
-            const int factor = *rc::gen::inRange(-2, 3);
+            int const factor = *rc::gen::inRange(-2, 3);
             for (int c = 0; c < C; ++c)
                 values[R - 1][c] = values[0][c] * factor;
         }
@@ -132,10 +132,10 @@ struct IntegerSystem
 };
 
 template <int R, int C>
-void checkReduction(const IntegerSystem<R, C> &input)
+void checkReduction(IntegerSystem<R, C> const &input)
 {
-    const LinearSystemT<R, C> system = input.reduced();
-    const ExactReduction<R, C> exact(input.values);
+    LinearSystemT<R, C> const system = input.reduced();
+    ExactReduction<R, C> const exact(input.values);
     RC_ASSERT(system.rank == exact.rank());
     RC_ASSERT(std::fabs(system.determinant - boost::rational_cast<double>(exact.determinant)) <
               1e-9);
@@ -150,11 +150,11 @@ void checkReduction(const IntegerSystem<R, C> &input)
 }
 
 template <int R, int C>
-void checkNullSpace(const IntegerSystem<R, C> &input)
+void checkNullSpace(IntegerSystem<R, C> const &input)
 {
-    const LinearSystemT<R, C> system = input.reduced();
-    const ExactReduction<R, C> exact(input.values);
-    const double rhs[R] = {};
+    LinearSystemT<R, C> const system = input.reduced();
+    ExactReduction<R, C> const exact(input.values);
+    double const rhs[R] = {};
     double solution[C];
     double nullSpace[C * C];
     RC_ASSERT(system.solve(rhs, solution, nullSpace) == C - exact.rank());
@@ -165,11 +165,11 @@ void checkNullSpace(const IntegerSystem<R, C> &input)
         std::array<Fraction, C> expected{};
         expected[static_cast<std::size_t>(free)] = 1;
         for (int row = 0; row < exact.rank(); ++row) {
-            const int pivot = exact.pivotColumns[static_cast<std::size_t>(row)];
+            int const pivot = exact.pivotColumns[static_cast<std::size_t>(row)];
             expected[static_cast<std::size_t>(pivot)] = -exact.rows[row][free];
         }
         for (int c = 0; c < C; ++c) {
-            const double truth =
+            double const truth =
                 boost::rational_cast<double>(expected[static_cast<std::size_t>(c)]);
             RC_ASSERT(std::fabs(nullSpace[t * C + c] - truth) < 1e-11);
         }
@@ -180,9 +180,9 @@ void checkNullSpace(const IntegerSystem<R, C> &input)
 }
 
 template <int R, int C>
-void checkSolution(const IntegerSystem<R, C> &input)
+void checkSolution(IntegerSystem<R, C> const &input)
 {
-    const LinearSystemT<R, C> system = input.reduced();
+    LinearSystemT<R, C> const system = input.reduced();
     int integers[R][C + 1];
     double rhs[R];
     for (int r = 0; r < R; ++r) {
@@ -191,15 +191,15 @@ void checkSolution(const IntegerSystem<R, C> &input)
         integers[r][C] = *rc::gen::inRange(-6, 7);
         rhs[r] = integers[r][C];
     }
-    const ExactReduction<R, C + 1> augmented(integers);
-    const bool consistent = !augmented.isPivot(C);
+    ExactReduction<R, C + 1> const augmented(integers);
+    bool const consistent = !augmented.isPivot(C);
     double solution[C];
-    const int result = system.solve(rhs, solution);
+    int const result = system.solve(rhs, solution);
     RC_ASSERT(result == (consistent ? C - system.rank : -1));
     if (!consistent)
         return;
     for (int row = 0; row < augmented.rank(); ++row) {
-        const int pivot = augmented.pivotColumns[static_cast<std::size_t>(row)];
+        int const pivot = augmented.pivotColumns[static_cast<std::size_t>(row)];
         RC_ASSERT(std::fabs(solution[pivot] -
                             boost::rational_cast<double>(augmented.rows[row][C])) < 1e-11);
     }
@@ -210,7 +210,7 @@ void checkSolution(const IntegerSystem<R, C> &input)
 template <int R, int C>
 void checkAll()
 {
-    const IntegerSystem<R, C> input;
+    IntegerSystem<R, C> const input;
     checkReduction(input);
     checkNullSpace(input);
     checkSolution(input);
@@ -220,15 +220,15 @@ void checkAll()
 
 TEST(LinearSystem, ZeroMatrixHasUnitNullVectorsInDescendingOrder)
 {
-    const double zero[9] = {};
-    const LinearSystemT<3, 3> system(zero, 1e-12);
+    double const zero[9] = {};
+    LinearSystemT<3, 3> const system(zero, 1e-12);
     EXPECT_EQ(system.rank, 0);
     EXPECT_EQ(system.determinant, 0.0);
-    const double rhs[3] = {};
+    double const rhs[3] = {};
     double solution[3] = {7.0, 7.0, 7.0};
     double nullSpace[9];
     ASSERT_EQ(system.solve(rhs, solution, nullSpace), 3);
-    const double expected[9] = {0.0, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0, 0.0, 0.0};
+    double const expected[9] = {0.0, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0, 0.0, 0.0};
     for (int cell = 0; cell < 9; ++cell)
         EXPECT_EQ(nullSpace[cell], expected[cell]) << cell;
     for (double value : solution)
@@ -237,10 +237,10 @@ TEST(LinearSystem, ZeroMatrixHasUnitNullVectorsInDescendingOrder)
 
 TEST(LinearSystem, ZeroMatrixRefusesOtherRightHandSidesWhateverTheEpsilon)
 {
-    const double zero[9] = {};
-    const double rhs[3] = {0.0, 2e-12, 0.0};
+    double const zero[9] = {};
+    double const rhs[3] = {0.0, 2e-12, 0.0};
     for (double epsilon : {1e-12, 1e-6, 1.0, 1e6}) {
-        const LinearSystemT<3, 3> system(zero, epsilon);
+        LinearSystemT<3, 3> const system(zero, epsilon);
         double solution[3] = {7.0, 7.0, 7.0};
         double nullSpace[9] = {7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0};
         EXPECT_EQ(system.solve(rhs, solution, nullSpace), -1);
@@ -253,73 +253,73 @@ TEST(LinearSystem, ZeroMatrixRefusesOtherRightHandSidesWhateverTheEpsilon)
 
 TEST(LinearSystem, ResidualOfExactlyTheLimitIsConsistent)
 {
-    const double zero[4] = {};
-    const LinearSystemT<2, 2> system(zero, 1e-3);
+    double const zero[4] = {};
+    LinearSystemT<2, 2> const system(zero, 1e-3);
     double solution[2];
-    const double atLimit[2] = {0.0, 1e-12};
+    double const atLimit[2] = {0.0, 1e-12};
     EXPECT_EQ(system.solve(atLimit, solution), 2);
-    const double beyond[2] = {0.0, std::nextafter(1e-12, 1.0)};
+    double const beyond[2] = {0.0, std::nextafter(1e-12, 1.0)};
     EXPECT_EQ(system.solve(beyond, solution), -1);
-    const double unknown[2] = {0.0, notANumber};
+    double const unknown[2] = {0.0, notANumber};
     EXPECT_EQ(system.solve(unknown, solution), 2);
 }
 
 TEST(LinearSystem, ParallelNormalsWithConsistentOffsetsLeaveAPlane)
 {
-    const auto system = fromRows<2, 3>({{1.0, 2.0, 3.0}, {2.0, 4.0, 6.0}}, 1e-12);
+    auto const system = fromRows<2, 3>({{1.0, 2.0, 3.0}, {2.0, 4.0, 6.0}}, 1e-12);
     EXPECT_EQ(system.rank, 1);
     EXPECT_EQ(system.determinant, 0.0);
-    const double rhs[2] = {5.0, 10.0};
+    double const rhs[2] = {5.0, 10.0};
     double solution[3];
     double nullSpace[9];
     ASSERT_EQ(system.solve(rhs, solution, nullSpace), 2);
     EXPECT_EQ(solution[0], 5.0);
     EXPECT_EQ(solution[1], 0.0);
     EXPECT_EQ(solution[2], 0.0);
-    const double expected[9] = {-3.0, 0.0, 1.0, -2.0, 1.0, 0.0, 0.0, 0.0, 0.0};
+    double const expected[9] = {-3.0, 0.0, 1.0, -2.0, 1.0, 0.0, 0.0, 0.0, 0.0};
     for (int cell = 0; cell < 9; ++cell)
         EXPECT_EQ(nullSpace[cell], expected[cell]) << cell;
 }
 
 TEST(LinearSystem, ParallelNormalsWithOtherOffsetsAreInconsistent)
 {
-    const auto system = fromRows<2, 3>({{1.0, 2.0, 3.0}, {2.0, 4.0, 6.0}}, 1e-12);
-    const double rhs[2] = {5.0, 11.0};
+    auto const system = fromRows<2, 3>({{1.0, 2.0, 3.0}, {2.0, 4.0, 6.0}}, 1e-12);
+    double const rhs[2] = {5.0, 11.0};
     double solution[3];
     EXPECT_EQ(system.solve(rhs, solution), -1);
 }
 
 TEST(LinearSystem, SwappedRowsNegateTheDeterminant)
 {
-    const auto straight = fromRows<2, 2>({{2.0, 1.0}, {0.0, 3.0}}, 1e-12);
-    const auto swapped = fromRows<2, 2>({{0.0, 3.0}, {2.0, 1.0}}, 1e-12);
+    auto const straight = fromRows<2, 2>({{2.0, 1.0}, {0.0, 3.0}}, 1e-12);
+    auto const swapped = fromRows<2, 2>({{0.0, 3.0}, {2.0, 1.0}}, 1e-12);
     EXPECT_EQ(straight.determinant, 6.0);
     EXPECT_EQ(swapped.determinant, -6.0);
 }
 
 TEST(LinearSystem, DeterminantTellsRotationFromReflection)
 {
-    const double c = std::cos(0.7);
-    const double s = std::sin(0.7);
-    const auto rotation = fromRows<3, 3>({{c, -s, 0.0}, {s, c, 0.0}, {0.0, 0.0, 1.0}}, 1e-12);
-    const auto reflection = fromRows<3, 3>({{c, s, 0.0}, {s, -c, 0.0}, {0.0, 0.0, 1.0}}, 1e-12);
+    double const c = std::cos(0.7);
+    double const s = std::sin(0.7);
+    auto const rotation = fromRows<3, 3>({{c, -s, 0.0}, {s, c, 0.0}, {0.0, 0.0, 1.0}}, 1e-12);
+    auto const reflection = fromRows<3, 3>({{c, s, 0.0}, {s, -c, 0.0}, {0.0, 0.0, 1.0}}, 1e-12);
     EXPECT_NEAR(rotation.determinant, 1.0, 1e-15);
     EXPECT_NEAR(reflection.determinant, -1.0, 1e-15);
 }
 
 TEST(LinearSystem, PivotOfExactlyEpsilonCountsAsMissing)
 {
-    const auto atLimit = fromRows<2, 2>({{0.25, 0.0}, {0.0, 1.0}}, 0.25);
+    auto const atLimit = fromRows<2, 2>({{0.25, 0.0}, {0.0, 1.0}}, 0.25);
     EXPECT_EQ(atLimit.rank, 1);
     EXPECT_EQ(atLimit.reduced[0], 0.0);
     EXPECT_EQ(atLimit.determinant, 0.0);
-    const auto above = fromRows<2, 2>({{std::nextafter(0.25, 1.0), 0.0}, {0.0, 1.0}}, 0.25);
+    auto const above = fromRows<2, 2>({{std::nextafter(0.25, 1.0), 0.0}, {0.0, 1.0}}, 0.25);
     EXPECT_EQ(above.rank, 2);
 }
 
 TEST(LinearSystem, NanInTheFirstCandidateRowLeavesTheColumnWithoutPivot)
 {
-    const auto system = fromRows<2, 2>({{notANumber, 1.0}, {5.0, 3.0}}, 1e-12);
+    auto const system = fromRows<2, 2>({{notANumber, 1.0}, {5.0, 3.0}}, 1e-12);
     EXPECT_EQ(system.rank, 1);
     EXPECT_EQ(system.reduced[0], 0.0);
     EXPECT_EQ(system.reduced[1], 0.0);
@@ -328,7 +328,7 @@ TEST(LinearSystem, NanInTheFirstCandidateRowLeavesTheColumnWithoutPivot)
 
 TEST(LinearSystem, NanInALaterRowDoesNotDisplaceAnEarlierOne)
 {
-    const auto system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
+    auto const system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
     EXPECT_EQ(system.rank, 1);
     EXPECT_EQ(system.reduced[0], 1.0);
     EXPECT_EQ(system.reduced[1], 0.0);
@@ -336,7 +336,7 @@ TEST(LinearSystem, NanInALaterRowDoesNotDisplaceAnEarlierOne)
 
 TEST(LinearSystem, InfinitePivotTurnsFiniteValuesToZero)
 {
-    const auto system = fromRows<2, 2>({{infinity, 3.0}, {0.0, 2.0}}, 1e-12);
+    auto const system = fromRows<2, 2>({{infinity, 3.0}, {0.0, 2.0}}, 1e-12);
     EXPECT_EQ(system.rank, 2);
     EXPECT_EQ(system.determinant, infinity);
     EXPECT_EQ(system.reduced[2], 0.0);
@@ -345,10 +345,10 @@ TEST(LinearSystem, InfinitePivotTurnsFiniteValuesToZero)
 TEST(LinearSystem, NanSpreadsThroughTheTransformRecord)
 {
     // The second step multiplies the NaN of the last row by the zeros of its matrix.
-    const auto system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
+    auto const system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
     for (double value : system.transform)
         EXPECT_TRUE(std::isnan(value));
-    const double rhs[2] = {1.0, 1.0};
+    double const rhs[2] = {1.0, 1.0};
     double solution[2];
     EXPECT_EQ(system.solve(rhs, solution), 1);
     EXPECT_TRUE(std::isnan(solution[0]));
@@ -357,7 +357,7 @@ TEST(LinearSystem, NanSpreadsThroughTheTransformRecord)
 
 TEST(LinearSystem, EqualCandidatesTakeTheFirstRow)
 {
-    const auto system = fromRows<3, 3>({{2.0, 1.0, 0.0}, {-2.0, 0.0, 1.0}, {2.0, 5.0, 5.0}}, 1e-12);
+    auto const system = fromRows<3, 3>({{2.0, 1.0, 0.0}, {-2.0, 0.0, 1.0}, {2.0, 5.0, 5.0}}, 1e-12);
     EXPECT_EQ(system.reduced[3], 0.5); // row 0 stayed in its place
     EXPECT_EQ(system.transform[0], 0.5);
 }
@@ -366,8 +366,8 @@ TEST(LinearSystem, MatrixOfThreeColumnsPassesWithoutTransposition)
 {
     matrixC3x3<double> m = matrixC3x3<double>::identity();
     m(0, 2) = 4.0;
-    const LinearSystemT<3, 3> system(m.data(), 1e-12);
-    const double rhs[3] = {9.0, 0.0, 2.0};
+    LinearSystemT<3, 3> const system(m.data(), 1e-12);
+    double const rhs[3] = {9.0, 0.0, 2.0};
     double solution[3];
     ASSERT_EQ(system.solve(rhs, solution), 0);
     EXPECT_EQ(solution[0], 1.0);
@@ -377,22 +377,22 @@ TEST(LinearSystem, MatrixOfThreeColumnsPassesWithoutTransposition)
 
 TEST(LinearSystem, TallSystemAnswersOnlyWhereAllRowsAgree)
 {
-    const auto system = fromRows<3, 2>({{1.0, 0.0}, {0.0, 1.0}, {1.0, 1.0}}, 1e-12);
+    auto const system = fromRows<3, 2>({{1.0, 0.0}, {0.0, 1.0}, {1.0, 1.0}}, 1e-12);
     EXPECT_EQ(system.rank, 2);
     EXPECT_EQ(system.determinant, 0.0);
     double solution[2];
-    const double agreeing[3] = {2.0, 3.0, 5.0};
+    double const agreeing[3] = {2.0, 3.0, 5.0};
     ASSERT_EQ(system.solve(agreeing, solution), 0);
     EXPECT_EQ(solution[0], 2.0);
     EXPECT_EQ(solution[1], 3.0);
-    const double skew[3] = {2.0, 3.0, 5.1};
+    double const skew[3] = {2.0, 3.0, 5.1};
     EXPECT_EQ(system.solve(skew, solution), -1);
     EXPECT_EQ(solution[0], 0.0);
 }
 
 TEST(LinearSystem, KeepsSourceAndEpsilon)
 {
-    const auto system = fromRows<2, 2>({{1.0, 2.0}, {3.0, 4.0}}, 0.125);
+    auto const system = fromRows<2, 2>({{1.0, 2.0}, {3.0, 4.0}}, 0.125);
     EXPECT_EQ(system.epsilon, 0.125);
     EXPECT_EQ(system.source[1], 3.0);
     EXPECT_EQ(system.source[2], 2.0);

@@ -23,7 +23,7 @@ struct FullProducts
     double t[R * R] = {};
     int rank = 0;
 
-    FullProducts(const double *columns, double epsilon)
+    FullProducts(double const *columns, double epsilon)
     {
         for (int cell = 0; cell < R * C; ++cell)
             u[cell] = columns[cell];
@@ -38,13 +38,13 @@ struct FullProducts
     std::array<double, R * R> step(int k, double epsilon)
     {
         std::array<double, R * R> p{};
-        const auto cell = [&p](int row, int column) -> double & {
+        auto const cell = [&p](int row, int column) -> double & {
             return p[static_cast<std::size_t>(row + R * column)];
         };
         for (int i = 0; i < R; ++i)
             cell(i, i) = 1.0;
 
-        const int r = rank;
+        int const r = rank;
         int from = r;
         for (int i = r + 1; i < R; ++i) {
             if (std::fabs(at(i, k)) > std::fabs(at(from, k)))
@@ -63,13 +63,13 @@ struct FullProducts
             cell(r, r) = 0.0;
             cell(from, from) = 0.0;
         }
-        const double pivot = at(r, k);
+        double const pivot = at(r, k);
         for (int c = k + 1; c < C; ++c)
             at(r, c) /= pivot;
         at(r, k) = 1.0;
         cell(r, from) = 1.0 / pivot;
         for (int i = r + 1; i < R; ++i) {
-            const double factor = at(i, k);
+            double const factor = at(i, k);
             for (int c = k + 1; c < C; ++c)
                 at(i, c) -= at(r, c) * factor;
             at(i, k) = 0.0;
@@ -78,7 +78,7 @@ struct FullProducts
         return p;
     }
 
-    void multiply(const std::array<double, R * R> &p)
+    void multiply(std::array<double, R * R> const &p)
     {
         double product[R * R];
         for (int c = 0; c < R; ++c) {
@@ -97,8 +97,8 @@ struct FullProducts
 /// Ties, zeros of both signs, values beside the epsilon, overflow, underflow and what isn't finite.
 rc::Gen<double> anyElement()
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double infinity = std::numeric_limits<double>::infinity();
+    double const nan = std::numeric_limits<double>::quiet_NaN();
+    double const infinity = std::numeric_limits<double>::infinity();
     return rc::gen::weightedOneOf<double>(
         {{6, rc::gen::map(rc::gen::inRange(-3, 4), [](int i) { return static_cast<double>(i); })},
          {3, rc::gen::map(rc::gen::inRange(-9999, 10000), [](int i) { return i / 1234.0; })},
@@ -109,10 +109,10 @@ rc::Gen<double> anyElement()
 template <int R, int C>
 void checkRecord()
 {
-    const auto columns = *rc::gen::container<std::vector<double>>(R * C, anyElement());
-    const double epsilon = *rc::gen::element(0.0, 1e-12, 1.0);
-    const LinearSystemT<R, C> system(columns.data(), epsilon);
-    const FullProducts<R, C> full(columns.data(), epsilon);
+    auto const columns = *rc::gen::container<std::vector<double>>(R * C, anyElement());
+    double const epsilon = *rc::gen::element(0.0, 1e-12, 1.0);
+    LinearSystemT<R, C> const system(columns.data(), epsilon);
+    FullProducts<R, C> const full(columns.data(), epsilon);
     RC_ASSERT(system.rank == full.rank);
     for (int cell = 0; cell < R * C; ++cell)
         RC_ASSERT(support::sameBits(full.u[cell], system.reduced[cell]));

@@ -16,7 +16,7 @@ unsigned int sizeOf(MatrixIF &matrix)
 
 void fillWithPlaces(MatrixIF &matrix)
 {
-    const unsigned int n = sizeOf(matrix);
+    unsigned int const n = sizeOf(matrix);
     for (unsigned int i = 0; i < n; ++i) {
         for (unsigned int j = 0; j < n; ++j)
             matrix.setElement(i, j, 10.0 * i + j);
@@ -88,7 +88,7 @@ TEST(MatrixNXN, IsRowMajorBehindItsSize)
         double *elements;
     };
     static_assert(sizeof(Image) == sizeof(MatrixNXN), "fields of a MatrixNXN");
-    const Image *const image = reinterpret_cast<const Image *>(&m);
+    Image const *const image = reinterpret_cast<Image const *>(&m);
     EXPECT_EQ(image->size, 2u);
     EXPECT_EQ(image->elements[1], 1.0);
     EXPECT_EQ(image->elements[2], 10.0);
@@ -168,7 +168,7 @@ TEST(SymmetricMatrixNXN, BothTrianglesAreOneCell)
 TEST(SymmetricMatrixNXN, SixCellsForSizeThree)
 {
     OpenSymmetricMatrix m(3);
-    const unsigned int expected[3][3] = {{0, 1, 2}, {1, 3, 4}, {2, 4, 5}};
+    unsigned int const expected[3][3] = {{0, 1, 2}, {1, 3, 4}, {2, 4, 5}};
     for (unsigned int i = 0; i < 3; ++i) {
         for (unsigned int j = 0; j < 3; ++j)
             EXPECT_EQ(m.calcIndex(i, j), expected[i][j]);

@@ -54,7 +54,7 @@ TEST_F(NumericsAllocations, CircleFitsMakeNone)
 
 TEST_F(NumericsAllocations, EigenVectorComputationMakesItsRecordOnly)
 {
-    const matrixC3x3<double> matrix({2, 1, 0}, {1, 3, 1}, {0, 1, 4});
+    matrixC3x3<double> const matrix({2, 1, 0}, {1, 3, 1}, {0, 1, 4});
     EXPECT_EQ(allocationsOf([&] { EigenVectorComputationC{matrix}; }), 1);
     double first[3], second[3], values[3];
     for (int algorithm = 0; algorithm < 3; ++algorithm) {

@@ -31,7 +31,7 @@ TEST(PowerMethod, StartVectorComesFromTheGeneratorOfTheProcess)
     double r[3];
     for (double &component : r)
         component = std::rand() / 32768.0;
-    const double length = std::sqrt(r[0] * r[0] + r[1] * r[1] + r[2] * r[2]);
+    double const length = std::sqrt(r[0] * r[0] + r[1] * r[1] + r[2] * r[2]);
 
     std::srand(17);
     PowerMethod method(&identity, 1e-9);
@@ -56,7 +56,7 @@ TEST(PowerMethod, StepHasTheBitsOfThePlainFormula)
     method.iterate();
     double v[3] = {0.3, -0.7, 0.2}, product[3];
     std::copy(v, v + 3, method.getEigenvector());
-    const bool finished = method.iterateVector();
+    bool const finished = method.iterateVector();
 
     double dot = 0.0, squared = 0.0, d = 0.0;
     for (unsigned int i = 0; i < 3; ++i) {
@@ -68,7 +68,7 @@ TEST(PowerMethod, StepHasTheBitsOfThePlainFormula)
         dot += product[i] * v[i];
         squared += product[i] * product[i];
     }
-    const double sign = dot < 0.0 ? -1.0 : 1.0;
+    double const sign = dot < 0.0 ? -1.0 : 1.0;
     for (int i = 0; i < 3; ++i) {
         product[i] /= std::sqrt(squared);
         d += (v[i] - sign * product[i]) * (v[i] - sign * product[i]);
@@ -102,7 +102,7 @@ TEST(PowerMethod, NegativeEigenvalueConvergesThoughTheVectorTurnsRound)
     while (!method.iterate())
         ASSERT_LT(++steps, 200);
     EXPECT_NEAR(method.getEigenvalue(), -3.0, 1e-12);
-    const double before = method.getEigenvector()[0];
+    double const before = method.getEigenvector()[0];
     EXPECT_TRUE(method.iterate());
     EXPECT_EQ(method.getEigenvector()[0], -before);
 }
@@ -189,8 +189,8 @@ TEST(WielandtMethod, FindsTheSecondPair)
         ASSERT_LT(++steps, 500);
     EXPECT_NEAR(method.getEigenvalue(), 3.0, 1e-10);
     EXPECT_LT(std::sqrt(method.getQuality()), 1e-12);
-    const double *const v = method.getEigenvector();
-    const double sign = v[1] < 0.0 ? -1.0 : 1.0;
+    double const *const v = method.getEigenvector();
+    double const sign = v[1] < 0.0 ? -1.0 : 1.0;
     EXPECT_NEAR(v[0], 0.0, 1e-10);
     EXPECT_NEAR(sign * v[1], std::sqrt(0.5), 1e-10);
     EXPECT_NEAR(sign * v[2], -std::sqrt(0.5), 1e-10);
@@ -203,16 +203,16 @@ TEST(WielandtMethod, DeflatedMatrixHasTheBitsOfTheFormula)
     MatrixNXN matrix(4);
     copyTo(matrix, a);
     double v[4] = {0.25, -2.0, 1.0, 0.5};
-    const double lambda = 1.75;
+    double const lambda = 1.75;
     WielandtMethod method(&matrix, lambda, v, 1e-9);
     MatrixIF *const d = method.getDeflatedMatrix();
     unsigned int size;
     d->getSize(size);
     ASSERT_EQ(size, 3u);
-    const int kept[3] = {0, 2, 3}; // without the pivot, 1
+    int const kept[3] = {0, 2, 3}; // without the pivot, 1
     for (int i = 0; i < 3; ++i) {
         for (int j = 0; j < 3; ++j) {
-            const double x = a(1, kept[j]) / (v[1] * lambda);
+            double const x = a(1, kept[j]) / (v[1] * lambda);
             EXPECT_TRUE(SameBits(a(kept[i], kept[j]) - v[kept[i]] * lambda * x,
                                  d->getElement(unsigned(i), unsigned(j))));
         }
@@ -225,7 +225,7 @@ TEST(WielandtMethod, EigenvectorHasTheBitsOfTheFormula)
     MatrixNXN matrix(3);
     copyTo(matrix, a);
     double v[3] = {0.25, -2.0, 1.0};
-    const double lambda = 1.75;
+    double const lambda = 1.75;
     std::srand(4);
     WielandtMethod method(&matrix, lambda, v, 1e-9);
     for (int i = 0; i < 5; ++i)
@@ -235,7 +235,7 @@ TEST(WielandtMethod, EigenvectorHasTheBitsOfTheFormula)
     PowerMethod inner(method.getDeflatedMatrix(), 1e-9);
     for (int i = 0; i < 5; ++i)
         inner.iterate();
-    const double mu = inner.getEigenvalue();
+    double const mu = inner.getEigenvalue();
     EXPECT_TRUE(SameBits(mu, method.getEigenvalue()));
     double w[3] = {inner.getEigenvector()[0], 0.0, inner.getEigenvector()[1]};
     double dot = 0.0, squared = 0.0;
@@ -258,7 +258,7 @@ TEST(WielandtMethod, FirstOfEqualComponentsIsThePivot)
     copyTo(matrix, a);
     double v[3] = {-1.0, 1.0, 1.0};
     WielandtMethod method(&matrix, 2.0, v, 1e-9);
-    const double x = a(0, 2) / (v[0] * 2.0);
+    double const x = a(0, 2) / (v[0] * 2.0);
     EXPECT_TRUE(SameBits(a(1, 2) - v[1] * 2.0 * x, method.getDeflatedMatrix()->getElement(0, 1)));
 }
 

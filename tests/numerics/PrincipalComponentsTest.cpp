@@ -34,7 +34,7 @@ Analysis analyse(PValOrderedVector<Point3D> const &points)
 
 void expectAxis(Point3D const &axis, double x, double y, double z, double tolerance)
 {
-    const double sign = axis.x() * x + axis.y() * y + axis.z() * z < 0.0 ? -1.0 : 1.0;
+    double const sign = axis.x() * x + axis.y() * y + axis.z() * z < 0.0 ? -1.0 : 1.0;
     EXPECT_NEAR(sign * axis.x(), x, tolerance);
     EXPECT_NEAR(sign * axis.y(), y, tolerance);
     EXPECT_NEAR(sign * axis.z(), z, tolerance);
@@ -53,7 +53,7 @@ void expectLikeEigen(PValOrderedVector<Point3D> const &points)
         Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(covariance).eigenvalues();
 
     const Analysis a = analyse(points);
-    const double scale = std::max(expected[2], 1e-300);
+    double const scale = std::max(expected[2], 1e-300);
     for (int i = 0; i < 3; ++i) {
         EXPECT_NEAR(a.center[i], mean[i], 1e-11 * (1.0 + m.cwiseAbs().maxCoeff()));
         EXPECT_NEAR(a.values[i], expected[2 - i], 1e-7 * scale + 1e-8);
@@ -139,7 +139,7 @@ TEST(RunPCA, MeanHasTheBitsOfThePlainSums)
     PValOrderedVector<Point3D> points;
     double sums[3] = {0.0, 0.0, 0.0};
     for (int i = 0; i < 1001; ++i) {
-        const double x = normal(random), y = normal(random), z = normal(random);
+        double const x = normal(random), y = normal(random), z = normal(random);
         points.append(Point3D(x, y, z));
         sums[0] += x;
         sums[1] += y;
@@ -156,10 +156,10 @@ TEST(RunPCA, AgreesWithEigenOnRandomClouds)
     std::normal_distribution<double> normal(0.0, 1.0);
     for (int cloud = 0; cloud < 50; ++cloud) {
         PValOrderedVector<Point3D> points;
-        const double stretch[3] = {normal(random) * 5, normal(random) * 2, normal(random)};
+        double const stretch[3] = {normal(random) * 5, normal(random) * 2, normal(random)};
         for (int i = 0; i < 300; ++i) {
-            const double u = normal(random) * stretch[0], v = normal(random) * stretch[1];
-            const double w = normal(random) * stretch[2];
+            double const u = normal(random) * stretch[0], v = normal(random) * stretch[1];
+            double const w = normal(random) * stretch[2];
             points.append(Point3D(u + v - w, u - v, 0.5 * u + w + 100.0));
         }
         expectLikeEigen(points);
@@ -184,8 +184,8 @@ PValOrderedVector<Point3D> readVertices(std::string const &file)
 TEST(RunPCA, AgreesWithEigenOnRealClouds)
 {
     int clouds = 0;
-    for (const char *name : {"WusonOBJ.obj", "spider.obj", "regr01.obj"}) {
-        const auto points = readVertices(std::string("/usr/share/assimp/models/OBJ/") + name);
+    for (char const *name : {"WusonOBJ.obj", "spider.obj", "regr01.obj"}) {
+        auto const points = readVertices(std::string("/usr/share/assimp/models/OBJ/") + name);
         if (points.size() < 3)
             continue;
         ++clouds;
@@ -198,11 +198,11 @@ TEST(RunPCA, AgreesWithEigenOnRealClouds)
 
 RC_GTEST_PROP(RunPCA, ShiftMovesTheCentreOnly, ())
 {
-    const auto number = rc::gen::inRange(-1000, 1000);
+    auto const number = rc::gen::inRange(-1000, 1000);
     PValOrderedVector<Point3D> points, shifted;
-    const int count = *rc::gen::inRange(3, 30);
+    int const count = *rc::gen::inRange(3, 30);
     for (int i = 0; i < count; ++i) {
-        const double x = *number, y = *number, z = *number;
+        double const x = *number, y = *number, z = *number;
         points.append(Point3D(x, y, z));
         shifted.append(Point3D(x + 64, y - 128, z + 32));
     }

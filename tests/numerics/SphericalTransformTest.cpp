@@ -30,10 +30,10 @@ std::vector<double> randomNumbers(int count, unsigned int seed)
 
 /// The step as plain loops.
 std::vector<double> plainLegendre(std::vector<double> const &data, int order,
-                                  std::vector<double> const &weights, const double *table)
+                                  std::vector<double> const &weights, double const *table)
 {
     const std::size_t size = data.size();
-    const double s = order == 0 ? std::sqrt(12.566370614359172) : std::sqrt(6.283185307179586);
+    double const s = order == 0 ? std::sqrt(12.566370614359172) : std::sqrt(6.283185307179586);
     std::vector<double> result;
     for (int l = 0; l < int(size) / 2 - order; ++l) {
         double sum = 0.0;
@@ -48,7 +48,7 @@ TEST(LegendreTrafo, HasTheBitsOfThePlainLoop)
 {
     for (int size : {1, 2, 3, 6, 7, 8, 15, 16, 17, 30, 64, 100, 131, 256}) {
         for (int order : {0, 1, 2, size / 4, size / 2 - 1}) {
-            const int count = size / 2 - order;
+            int const count = size / 2 - order;
             if (order < 0 || count < 1)
                 continue;
             SCOPED_TRACE(testing::Message() << size << ' ' << order);
@@ -56,14 +56,14 @@ TEST(LegendreTrafo, HasTheBitsOfThePlainLoop)
             GuardedArray table(randomNumbers(size * count, 3)), result(count), scratch(size);
             legendreTrafo(data.data(), result.data(), size, order, weights.data(), table.data(),
                           scratch.data());
-            const auto expected =
+            auto const expected =
                 plainLegendre(data.values(), order, weights.values(), table.data());
             for (int l = 0; l < count; ++l)
                 EXPECT_TRUE(SameBits(expected[std::size_t(l)], result[l])) << l;
-            const double s = std::sqrt(order == 0 ? 12.566370614359172 : 6.283185307179586);
+            double const s = std::sqrt(order == 0 ? 12.566370614359172 : 6.283185307179586);
             for (int j = 0; j < size; ++j)
                 EXPECT_TRUE(SameBits(s * data[j] * weights[j], scratch[j]));
-            for (const GuardedArray *array : {&data, &weights, &table, &result, &scratch})
+            for (GuardedArray const *array : {&data, &weights, &table, &result, &scratch})
                 EXPECT_TRUE(array->intact());
         }
     }
@@ -95,9 +95,9 @@ TEST(LegendreTrafo, NaNStaysInItsRow)
 template <int W>
 void expectRowBits()
 {
-    const int size = 37;
-    const auto table = randomNumbers(8 * size, 3), x = randomNumbers(size, 4);
-    const double *rows[Legendre::rowsTogether];
+    int const size = 37;
+    auto const table = randomNumbers(8 * size, 3), x = randomNumbers(size, 4);
+    double const *rows[Legendre::rowsTogether];
     for (int r = 0; r < 8; ++r)
         rows[r] = table.data() + r * size;
     double sums[Legendre::rowsTogether];
@@ -122,7 +122,7 @@ TEST(LegendreTrafo, EveryVectorWidthHasTheSameBits)
 /// divided by sqrt(2) for order 0, since the weighting of that order is sqrt(4*pi).
 double legendre(int l, int m, double x)
 {
-    const double factor =
+    double const factor =
         std::sqrt((2 * l + 1) / 2.0 * std::tgamma(l - m + 1) / std::tgamma(l + m + 1));
     return factor * (m % 2 == 1 ? -1.0 : 1.0) * std::assoc_legendre(unsigned(l), unsigned(m), x);
 }
@@ -133,7 +133,7 @@ struct Sphere
     explicit Sphere(int b)
         : bandwidth(b)
     {
-        const int n = 2 * b;
+        int const n = 2 * b;
         for (int j = 0; j < n; ++j) {
             theta.push_back(pi * (2 * j + 1) / (4.0 * b));
             double sum = 0.0;
@@ -153,11 +153,11 @@ struct Sphere
     /// Y(l, m) at row j and column k.
     std::complex<double> harmonic(int l, int m, int j, int k) const
     {
-        const int magnitude = std::abs(m);
-        const double phi = 2 * pi * k / (2 * bandwidth);
-        const double value =
+        int const magnitude = std::abs(m);
+        double const phi = 2 * pi * k / (2 * bandwidth);
+        double const value =
             legendre(l, magnitude, std::cos(theta[std::size_t(j)])) / std::sqrt(2 * pi);
-        const double sign = m < 0 && magnitude % 2 == 1 ? -1.0 : 1.0;
+        double const sign = m < 0 && magnitude % 2 == 1 ? -1.0 : 1.0;
         return sign * value * std::polar(1.0, m * phi);
     }
 
@@ -174,13 +174,13 @@ struct Coefficients
 Coefficients transform(Sphere const &sphere, std::vector<double> const &re,
                        std::vector<double> const &im, bool realData)
 {
-    const int b = sphere.bandwidth, n = 2 * b;
-    const int count = realData ? b * (b + 1) / 2 : b * b;
+    int const b = sphere.bandwidth, n = 2 * b;
+    int const count = realData ? b * (b + 1) / 2 : b * b;
     GuardedArray rdata(re), idata(im), rcoeffs(count), icoeffs(count);
     GuardedArray workspace(2 * n * n + 5 * n), table(sphere.table), weights(sphere.weights);
     computeFSTSlow(rdata.data(), idata.data(), rcoeffs.data(), icoeffs.data(), workspace.data(),
                    realData, table.data(), weights.data(), sphere.offsets.data(), b);
-    for (const GuardedArray *array :
+    for (GuardedArray const *array :
          {&rdata, &idata, &rcoeffs, &icoeffs, &workspace, &table, &weights})
         EXPECT_TRUE(array->intact());
     EXPECT_EQ(rdata.values(), re);
@@ -205,15 +205,15 @@ TEST(ComputeFSTSlow, FindsTheCoefficientsOfASumOfHarmonics)
     for (int b : {1, 2, 4, 8, 16}) {
         SCOPED_TRACE(b);
         const Sphere sphere(b);
-        const int n = 2 * b;
-        const auto re = randomNumbers(b * b, 5), im = randomNumbers(b * b, 6);
+        int const n = 2 * b;
+        auto const re = randomNumbers(b * b, 5), im = randomNumbers(b * b, 6);
         std::vector<double> rdata(std::size_t(n * n)), idata(std::size_t(n * n));
         std::size_t c = 0;
         for (int m : orders(b, false)) {
             for (int l = std::abs(m); l < b; ++l, ++c) {
                 const std::complex<double> coefficient(re[c], im[c]);
                 for (int cell = 0; cell < n * n; ++cell) {
-                    const auto value = coefficient * sphere.harmonic(l, m, cell / n, cell % n);
+                    auto const value = coefficient * sphere.harmonic(l, m, cell / n, cell % n);
                     rdata[std::size_t(cell)] += value.real();
                     idata[std::size_t(cell)] += value.imag();
                 }
@@ -231,7 +231,7 @@ TEST(ComputeFSTSlow, FindsTheCoefficientsOfASumOfHarmonics)
 TEST(ComputeFSTSlow, RealDataGiveTheOrdersThatAreNotNegative)
 {
     const Sphere sphere(8);
-    const auto data = randomNumbers(256, 9);
+    auto const data = randomNumbers(256, 9);
     const std::vector<double> zeros(256, 0.0);
     const Coefficients half = transform(sphere, data, zeros, true);
     const Coefficients all = transform(sphere, data, zeros, false);
@@ -248,7 +248,7 @@ TEST(ComputeFSTSlow, RealDataGiveTheOrdersThatAreNotNegative)
         for (int k = 0; k < m; ++k)
             positive += std::size_t(8 - k);
         for (int l = m; l < 8; ++l, ++positive, ++negative) {
-            const double sign = m % 2 == 1 ? -1.0 : 1.0;
+            double const sign = m % 2 == 1 ? -1.0 : 1.0;
             EXPECT_NEAR(all.re[negative], sign * all.re[positive], 1e-14);
             EXPECT_NEAR(all.im[negative], -sign * all.im[positive], 1e-14);
         }
@@ -270,7 +270,7 @@ TEST(ComputeFSTSlow, BandwidthOneHasOneCoefficient)
 /// The steps one by one, from the exported parts.
 Coefficients plainTransform(Sphere const &sphere, std::vector<double> re, std::vector<double> im)
 {
-    const int b = sphere.bandwidth, n = 2 * b;
+    int const b = sphere.bandwidth, n = 2 * b;
     const std::size_t size = std::size_t(n);
     std::vector<double> rootsRe(size), rootsIm(size), scratch(2 * size);
     generateRoots(rootsRe.data(), rootsIm.data(), n);
@@ -285,10 +285,10 @@ Coefficients plainTransform(Sphere const &sphere, std::vector<double> re, std::v
     }
     Coefficients c;
     for (int m : orders(b, false)) {
-        const int order = std::abs(m);
+        int const order = std::abs(m);
         const std::size_t column = std::size_t(m < 0 ? n + m : m);
-        const double *const table = sphere.table.data() + sphere.offsets[std::size_t(order)];
-        const double sign = m < 0 && order % 2 == 1 ? -1.0 : 1.0;
+        double const *const table = sphere.table.data() + sphere.offsets[std::size_t(order)];
+        double const sign = m < 0 && order % 2 == 1 ? -1.0 : 1.0;
         for (double value : plainLegendre(columnsRe[column], order, sphere.weights, table))
             c.re.push_back(sign * value);
         for (double value : plainLegendre(columnsIm[column], order, sphere.weights, table))
@@ -310,7 +310,7 @@ TEST(ComputeFSTSlow, HasTheBitsOfItsSteps)
             for (int m = 0, offset = 0; m < 32; offset += (32 - m) * 64, ++m)
                 sphere.offsets.push_back(offset);
         }
-        const auto re = randomNumbers(4 * b * b, 3), im = randomNumbers(4 * b * b, 4);
+        auto const re = randomNumbers(4 * b * b, 3), im = randomNumbers(4 * b * b, 4);
         const Coefficients expected = plainTransform(sphere, re, im);
         const Coefficients found = transform(sphere, re, im, false);
         ASSERT_EQ(found.re.size(), expected.re.size());

@@ -48,8 +48,8 @@ mzComPtrT<P> held()
 
 TEST(ProxyAllocation, GoesThroughQMallocAndQFree)
 {
-    const int allocated = allocations;
-    const int released = releases;
+    int const allocated = allocations;
+    int const released = releases;
     {
         const Object vector = vector3(1, 2, 3);
         EXPECT_EQ(allocations, allocated + 1);
@@ -72,11 +72,11 @@ TEST(ProxyAllocation, CreatorsGiveNullWhenMemoryRunsOut)
 
 TEST(ProxyAllocation, EveryMemberThatMakesAnObjectGivesNull)
 {
-    const auto vec2 = held<prxVector2dC>();
-    const auto vec3 = held<prxVector3dC>();
-    const auto mat3 = held<prxMatrix3x3C>();
-    const auto mat4 = held<prxMatrix4x4C>();
-    const auto factory = held<prxMathFactoryC>();
+    auto const vec2 = held<prxVector2dC>();
+    auto const vec3 = held<prxVector3dC>();
+    auto const mat3 = held<prxMatrix3x3C>();
+    auto const mat4 = held<prxMatrix4x4C>();
+    auto const factory = held<prxMathFactoryC>();
     const NoMemory nothing;
     EXPECT_EQ(vec2->add(Vector2()), nullptr);
     EXPECT_EQ(vec2->sub(Vector2()), nullptr);

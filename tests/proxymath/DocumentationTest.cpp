@@ -11,7 +11,7 @@ namespace {
 double lengthFromScript()
 {
     mzComServerStateEventC::startServer();
-    const auto vector = proxyFactoryC::instance().create(mzIIDS("linquet.vector3d"));
+    auto const vector = proxyFactoryC::instance().create(mzIIDS("linquet.vector3d"));
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
     vector->invokeByName("", proxyMethod, {2.0, 3.0, 6.0}, result, exception);

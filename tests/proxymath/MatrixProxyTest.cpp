@@ -16,7 +16,7 @@ using scriptCall::write;
 
 namespace {
 
-const double pi = 3.141592653589793;
+double const pi = 3.141592653589793;
 
 Object identity3()
 {
@@ -78,7 +78,7 @@ TEST(Matrix3Proxy, IdentChangesTheReceiver)
 
 TEST(Matrix3Proxy, HasNoTranslationAndNoAngles)
 {
-    for (const char *name : {"T", "Roll", "Pitch", "Yaw"}) {
+    for (char const *name : {"T", "Roll", "Pitch", "Yaw"}) {
         const Answer answer = read(identity3(), name);
         EXPECT_EQ(answer.code, mzExceptionNoMember) << name;
     }
@@ -159,7 +159,7 @@ TEST(Matrix4Proxy, AxesAndTranslationAreItsColumns)
     EXPECT_TRUE(valueOf<Vector3>(read(m, "Y")) == Vector3(5, 6, 7));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "Z")) == Vector3(9, 10, 11));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "T")) == Vector3(13, 14, 15));
-    for (const char *name : {"X", "Y", "Z", "T"})
+    for (char const *name : {"X", "Y", "Z", "T"})
         EXPECT_TRUE(write(m, name, mzComVariantC(vector3(-1, -2, -3))).object() == m);
     EXPECT_TRUE(valueOf<Matrix4>(m) ==
                 cells<Matrix4>({-1, -2, -3, 4, -1, -2, -3, 8, -1, -2, -3, 12, -1, -2, -3, 16}));
@@ -185,8 +185,8 @@ TEST(Rotation, AboutTheAxesIsTheProductOfTheThree)
 
 TEST(Rotation, AboutEachAxisIsRightHanded)
 {
-    const double c = std::cos(30.0 * pi / 180.0);
-    const double s = std::sin(30.0 * pi / 180.0);
+    double const c = std::cos(30.0 * pi / 180.0);
+    double const s = std::sin(30.0 * pi / 180.0);
     expectNear(valueOf<Matrix3>(rotation3(30, 0, 0)), cells<Matrix3>({1, 0, 0, 0, c, s, 0, -s, c}),
                0.0);
     expectNear(valueOf<Matrix3>(rotation3(0, 30, 0)), cells<Matrix3>({c, 0, -s, 0, 1, 0, s, 0, c}),
@@ -201,7 +201,7 @@ TEST(Rotation, OfTheSquareMatrixReplacesAllCells)
         cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
     EXPECT_TRUE(call(m, "rotAngle", {10.0, 20.0, 30.0}).object() == m);
     const Matrix4 rotation = valueOf<Matrix4>(m);
-    for (const int zero : {3, 7, 11, 12, 13, 14})
+    for (int const zero : {3, 7, 11, 12, 13, 14})
         EXPECT_EQ(rotation[zero], 0.0);
     EXPECT_EQ(rotation[15], 1.0);
     const Matrix3 upper = valueOf<Matrix3>(rotation3(10, 20, 30));
@@ -215,7 +215,7 @@ TEST(Rotation, IsNotThatOfTheTransformation)
 {
     Matrix4X4C other;
     other.Rotate(10, 20, 30);
-    const matrixC4x4<double> image = other;
+    matrixC4x4<double> const image = other;
     const Matrix4 rotation = valueOf<Matrix4>(rotation4(10, 20, 30));
     EXPECT_GT(std::fabs(image[1] - rotation[1]), 0.1);
 }
@@ -223,7 +223,7 @@ TEST(Rotation, IsNotThatOfTheTransformation)
 TEST(Rotation, AboutAVectorAgreesWithTheAxes)
 {
     const Object m(new prxMatrix4x4C);
-    const auto about = [&m](double x, double y, double z, double angle) {
+    auto const about = [&m](double x, double y, double z, double angle) {
         EXPECT_TRUE(call(m, "rotVector", {mzComVariantC(vector3(x, y, z)), angle}).object() == m);
         return valueOf<Matrix4>(m);
     };
@@ -237,12 +237,12 @@ TEST(Rotation, AboutAVectorIsToTheLastBitTheFormula)
 {
     const Object m(new prxMatrix4x4C);
     call(m, "rotVector", {mzComVariantC(vector3(1, -2, 3)), 25.0});
-    const double length = std::sqrt(14.0);
-    const double x = 1.0 / length;
-    const double y = -2.0 / length;
-    const double z = 3.0 / length;
-    const double c = std::cos(25.0 * pi / 180.0);
-    const double s = std::sin(25.0 * pi / 180.0);
+    double const length = std::sqrt(14.0);
+    double const x = 1.0 / length;
+    double const y = -2.0 / length;
+    double const z = 3.0 / length;
+    double const c = std::cos(25.0 * pi / 180.0);
+    double const s = std::sin(25.0 * pi / 180.0);
     EXPECT_TRUE(
         valueOf<Matrix4>(m) ==
         cells<Matrix4>({(1 - x * x) * c + x * x, x * y * (1 - c) + s * z, x * z * (1 - c) - s * y,
@@ -275,13 +275,13 @@ TEST(Rotation, AboutTheZeroVectorIsNan)
 TEST(EulerAngles, OfTheZeroMatrixAreZero)
 {
     const Object m = call(Object(new prxMathFactoryC), "createmat4x4").object();
-    for (const char *name : {"Roll", "Pitch", "Yaw"})
+    for (char const *name : {"Roll", "Pitch", "Yaw"})
         EXPECT_EQ(read(m, name).number(), 0.0) << name;
 }
 
 TEST(EulerAngles, OfARotationAboutOneAxisChangePlaceAndSign)
 {
-    const auto expectAngles = [](const Object &m, double roll, double pitch, double yaw) {
+    auto const expectAngles = [](Object const &m, double roll, double pitch, double yaw) {
         EXPECT_NEAR(read(m, "Roll").number(), roll, 1e-13);
         EXPECT_NEAR(read(m, "Pitch").number(), pitch, 1e-13);
         EXPECT_NEAR(read(m, "Yaw").number(), yaw, 1e-13);
@@ -328,7 +328,7 @@ TEST(AxisVector, EachWritesItsOwnCells)
     const Object m3(new prxMatrix3x3C);
     const Object m4(new prxMatrix4x4C);
     double start = 1.0;
-    for (const char *name : {"X", "Y", "Z", "T"}) {
+    for (char const *name : {"X", "Y", "Z", "T"}) {
         if (*name != 'T')
             call(read(m3, name).object(), "", {start, start + 1, start + 2});
         call(read(m4, name).object(), "", {start, start + 1, start + 2});
@@ -341,7 +341,7 @@ TEST(AxisVector, EachWritesItsOwnCells)
 
 TEST(AxisVector, KeepsItsMatrixAlive)
 {
-    const int before = proxyObjectC::liveObjectCount();
+    int const before = proxyObjectC::liveObjectCount();
     {
         Object x;
         {
@@ -358,7 +358,7 @@ TEST(AxisVector, KeepsItsMatrixAlive)
 
 TEST(AxisVector, CountsTheMatrixOncePerReference)
 {
-    const mzComPtrT<prxMatrix3x3C> m(new prxMatrix3x3C);
+    mzComPtrT<prxMatrix3x3C> const m(new prxMatrix3x3C);
     prxVector3dC *x = m->getXVec();
     EXPECT_EQ(m->addRef(), 2);
     m->release();
@@ -376,10 +376,10 @@ TEST(AxisVector, CountsTheMatrixOncePerReference)
 
 TEST(AxisVector, ReadingThroughTheWrapperReachesTheMatrix)
 {
-    const mzComPtrT<Counting<prxMatrix3x3C>> m(new Counting<prxMatrix3x3C>);
+    mzComPtrT<Counting<prxMatrix3x3C>> const m(new Counting<prxMatrix3x3C>);
     m->ident();
     m->writes = 0;
-    const mzComPtrT<prxVector3dC> x(m->getXVec());
+    mzComPtrT<prxVector3dC> const x(m->getXVec());
     EXPECT_EQ(m->writes, 0);
     EXPECT_EQ(x->getx(), 1.0);
     EXPECT_EQ(m->writes, 2); // reading the axis writes once, writing it back once more
@@ -389,8 +389,8 @@ TEST(AxisVector, ReadingThroughTheWrapperReachesTheMatrix)
 
 TEST(AxisVector, TakesAndGivesVariants)
 {
-    const mzComPtrT<prxMatrix4x4C> m(new prxMatrix4x4C);
-    const mzComPtrT<prxVector3dC> t(m->getTVec());
+    mzComPtrT<prxMatrix4x4C> const m(new prxMatrix4x4C);
+    mzComPtrT<prxVector3dC> const t(m->getTVec());
     t->setComVariant(mzComVariantC(vector3(1, 2, 3)));
     EXPECT_TRUE(m->getValue().axis(3) == Vector3(1, 2, 3));
     Vector3 value;
@@ -402,8 +402,8 @@ TEST(AxisVector, TakesAndGivesVariants)
 
 TEST(MatrixWrapper, WhichMembersOfTheSquareMatrixUseItAndWriteBack)
 {
-    const mzComPtrT<Counting<prxMatrix4x4C>> m(new Counting<prxMatrix4x4C>);
-    const auto expectCounts = [&m](int handles, int writes, auto action) {
+    mzComPtrT<Counting<prxMatrix4x4C>> const m(new Counting<prxMatrix4x4C>);
+    auto const expectCounts = [&m](int handles, int writes, auto action) {
         m->handles = 0;
         m->writes = 0;
         action();
@@ -429,8 +429,8 @@ TEST(MatrixWrapper, WhichMembersOfTheSquareMatrixUseItAndWriteBack)
 
 TEST(MatrixWrapper, WhichMembersOfTheSmallMatrixUseItAndWriteBack)
 {
-    const mzComPtrT<Counting<prxMatrix3x3C>> m(new Counting<prxMatrix3x3C>);
-    const auto expectCounts = [&m](int uses, auto action) {
+    mzComPtrT<Counting<prxMatrix3x3C>> const m(new Counting<prxMatrix3x3C>);
+    auto const expectCounts = [&m](int uses, auto action) {
         m->handles = 0;
         m->writes = 0;
         action();
@@ -450,7 +450,7 @@ TEST(MatrixWrapper, WhichMembersOfTheSmallMatrixUseItAndWriteBack)
 
 RC_GTEST_PROP(Rotation, IsOrthonormalAndUndoneByItsInverse, ())
 {
-    const auto angle = [] { return *rc::gen::inRange(-720000, 720000) / 1000.0; };
+    auto const angle = [] { return *rc::gen::inRange(-720000, 720000) / 1000.0; };
     const Object m = rotation4(angle(), angle(), angle());
     const Matrix4 product =
         valueOf<Matrix4>(call(m, "mul", {mzComVariantC(call(m, "inv").object())}));
@@ -460,14 +460,14 @@ RC_GTEST_PROP(Rotation, IsOrthonormalAndUndoneByItsInverse, ())
 
 RC_GTEST_PROP(Rotation, AboutAVectorLeavesItAndTurnsByTheAngle, ())
 {
-    const auto number = [] { return *rc::gen::inRange(1, 1000) / 100.0; };
-    const double angle = *rc::gen::inRange(-180000, 180000) / 1000.0;
+    auto const number = [] { return *rc::gen::inRange(1, 1000) / 100.0; };
+    double const angle = *rc::gen::inRange(-180000, 180000) / 1000.0;
     const Object axis = vector3(number(), -number(), number());
     const Object m(new prxMatrix4x4C);
     call(m, "rotVector", {mzComVariantC(axis), angle});
     const Vector3 image = valueOf<Vector3>(call(m, "mul", {mzComVariantC(axis)}));
     RC_ASSERT((image - valueOf<Vector3>(axis)).length() < 1e-13);
     const Matrix4 rotation = valueOf<Matrix4>(m);
-    const double trace = rotation[0] + rotation[5] + rotation[10];
+    double const trace = rotation[0] + rotation[5] + rotation[10];
     RC_ASSERT(std::fabs(trace - (1.0 + 2.0 * std::cos(angle * pi / 180.0))) < 1e-14);
 }

@@ -11,13 +11,13 @@ namespace {
 
 struct Row
 {
-    const char *name;
+    char const *name;
     int kind;
     int parameterCount;
 };
 
 /// The entries of a table as "name kind count".
-std::vector<std::string> rowsOf(const proxyMemberDescS *members)
+std::vector<std::string> rowsOf(proxyMemberDescS const *members)
 {
     std::vector<std::string> rows;
     for (; members->name != nullptr; ++members)
@@ -26,15 +26,15 @@ std::vector<std::string> rowsOf(const proxyMemberDescS *members)
     return rows;
 }
 
-const proxyMemberDescS &entry(const proxyMemberDescListS *list, int index)
+proxyMemberDescS const &entry(proxyMemberDescListS const *list, int index)
 {
     return list->members[index];
 }
 
 template <typename X>
-void expectDescription(const char *name, const char *identifier, const char *base)
+void expectDescription(char const *name, char const *identifier, char const *base)
 {
-    const proxyMemberDescListS *list = X::getStaticProxyTypeInfo();
+    proxyMemberDescListS const *list = X::getStaticProxyTypeInfo();
     EXPECT_STREQ(list->name, name);
     EXPECT_STREQ(list->objectIdentifier, identifier);
     EXPECT_EQ(list->flags, 0);
@@ -48,18 +48,18 @@ void expectDescription(const char *name, const char *identifier, const char *bas
     EXPECT_EQ(&X::OID(), &X::OID());
     EXPECT_TRUE(X::getObjectName() == name);
 
-    const mzComPtrT<proxyObjectC> object(list->creator());
+    mzComPtrT<proxyObjectC> const object(list->creator());
     ASSERT_TRUE(object);
     EXPECT_EQ(object->getProxyTypeInfo(), list);
     EXPECT_EQ(list->cast(object.get()), object.get());
     EXPECT_EQ(X::_castTo(object.get()), object.get());
     EXPECT_EQ(object->proxyCast(name), object.get());
 
-    for (const proxyMemberDescS *member = list->members; member->name != nullptr; ++member) {
+    for (proxyMemberDescS const *member = list->members; member->name != nullptr; ++member) {
         EXPECT_STREQ(member->file, "proxymath");
         EXPECT_GT(member->line, 0);
         for (int i = 0; i <= member->parameterCount; ++i) {
-            const proxySignatureTypeS &type = member->signature()[i];
+            proxySignatureTypeS const &type = member->signature()[i];
             EXPECT_EQ(type.type, type.sameType);
             EXPECT_EQ(type.null, nullptr);
         }
@@ -70,7 +70,7 @@ template <typename T>
 void expectRecord(int size)
 {
     proxyValueTypeId<T>();
-    const mzComValueMarshalS *record = proxyValueRecord<T>();
+    mzComValueMarshalS const *record = proxyValueRecord<T>();
     EXPECT_EQ(record->size, size);
     EXPECT_TRUE(record->name() == mzComTypeInfoToName(typeid(T)));
 
@@ -140,8 +140,8 @@ TEST(ProxyFrame, TablesStandInTheirOrder)
 
 TEST(ProxyFrame, APropertySetByACallHasTwoEntriesWithOneHandler)
 {
-    const proxyMemberDescListS *vector = prxVector3dC::getStaticProxyTypeInfo();
-    for (const int write : {10, 13, 16}) {
+    proxyMemberDescListS const *vector = prxVector3dC::getStaticProxyTypeInfo();
+    for (int const write : {10, 13, 16}) {
         EXPECT_EQ(entry(vector, write).kind, proxyPropertyWrite);
         EXPECT_EQ(entry(vector, write + 1).kind, proxyMethod);
         EXPECT_EQ(entry(vector, write).handler, entry(vector, write + 1).handler);
@@ -150,34 +150,34 @@ TEST(ProxyFrame, APropertySetByACallHasTwoEntriesWithOneHandler)
 
 TEST(ProxyFrame, SignaturesNameTheMemberAndItsParameters)
 {
-    const proxyMemberDescListS *vector = prxVector3dC::getStaticProxyTypeInfo();
-    const proxySignatureTypeS *cross = entry(vector, 8).signature();
+    proxyMemberDescListS const *vector = prxVector3dC::getStaticProxyTypeInfo();
+    proxySignatureTypeS const *cross = entry(vector, 8).signature();
     EXPECT_TRUE(*cross[0].type == typeid(&prxVector3dC::cross));
     EXPECT_TRUE(*cross[1].type == typeid(Vector3));
-    const proxySignatureTypeS *setAll = entry(vector, 18).signature();
+    proxySignatureTypeS const *setAll = entry(vector, 18).signature();
     EXPECT_TRUE(*setAll[0].type == typeid(&prxVector3dC::setXYZ));
     for (int i = 1; i <= 3; ++i)
         EXPECT_TRUE(*setAll[i].type == typeid(double));
     EXPECT_TRUE(*entry(vector, 1).signature()[1].type == typeid(Vector3));
 
-    const proxyMemberDescListS *matrix = prxMatrix3x3C::getStaticProxyTypeInfo();
+    proxyMemberDescListS const *matrix = prxMatrix3x3C::getStaticProxyTypeInfo();
     EXPECT_TRUE(*entry(matrix, 0).signature()[1].type == typeid(Matrix3));
     EXPECT_TRUE(*entry(matrix, 1).signature()[1].type == typeid(Vector3));
     EXPECT_TRUE(*entry(matrix, 2).signature()[1].type == typeid(Vector2));
-    const proxySignatureTypeS *create =
+    proxySignatureTypeS const *create =
         entry(prxMathFactoryC::getStaticProxyTypeInfo(), 4).signature();
     EXPECT_TRUE(*create[1].type == typeid(mzComStringC));
 }
 
 TEST(ProxyFrame, ASignatureIsAnArrayOfTypeTypeNull)
 {
-    const auto *flat = reinterpret_cast<const void *const *>(
+    auto const *flat = reinterpret_cast<void const *const *>(
         entry(prxVector3dC::getStaticProxyTypeInfo(), 8).signature());
     EXPECT_EQ(sizeof(proxySignatureTypeS), 3 * sizeof(void *));
     EXPECT_EQ(flat[0], flat[1]);
     EXPECT_EQ(flat[2], nullptr);
     EXPECT_EQ(flat[3], flat[4]);
-    EXPECT_TRUE(*static_cast<const std::type_info *>(flat[3]) == typeid(Vector3));
+    EXPECT_TRUE(*static_cast<std::type_info const *>(flat[3]) == typeid(Vector3));
     EXPECT_EQ(flat[5], nullptr);
 }
 
@@ -192,7 +192,7 @@ TEST(ProxyFrame, RecordsCopyAndStreamInMemoryOrder)
 TEST(ProxyFrame, AVectorKeepsItsOrderThroughAStream)
 {
     const Vector3 value(1.0, 2.0, 3.0);
-    const int id = proxyValueTypeId<Vector3>();
+    int const id = proxyValueTypeId<Vector3>();
     mzComDataStreamC stream;
     EXPECT_TRUE(mzComVariantC::fromUserData(id, &value).writeUserData(stream));
     mzComVariantC back;
@@ -208,9 +208,9 @@ TEST(ProxyFrame, AVectorKeepsItsOrderThroughAStream)
 
 TEST(ProxyFrame, IdsAreDistinctAndStay)
 {
-    const int ids[] = {proxyValueTypeId<Vector2>(), proxyValueTypeId<Vector3>(),
+    int const ids[] = {proxyValueTypeId<Vector2>(), proxyValueTypeId<Vector3>(),
                        proxyValueTypeId<Matrix3>(), proxyValueTypeId<Matrix4>()};
-    const int count = mzComVariantC::registeredValueTypeCount();
+    int const count = mzComVariantC::registeredValueTypeCount();
     for (int i = 0; i < 4; ++i) {
         EXPECT_GT(ids[i], 0);
         for (int j = 0; j < i; ++j)
@@ -229,7 +229,7 @@ TEST(ProxyFrame, FromTheServersStartOnAValueReachesScriptsAsItsClass)
     const mzComVariantC object = variant.toScriptObject();
     EXPECT_STREQ(object.typeName().utf8(), "prxVector3dC");
     EXPECT_TRUE(valueOf<Vector3>(object.toObject()) == value);
-    const auto classOf = [](int id) {
+    auto const classOf = [](int id) {
         return mzComVariantC::fromUserData(id, nullptr).toScriptObject().typeName();
     };
     EXPECT_STREQ(classOf(proxyValueTypeId<Vector2>()).utf8(), "prxVector2dC");
@@ -268,9 +268,9 @@ TEST(ProxyFrame, AddingAStringRaisesTheTypeCastException)
 
 TEST(ProxyFrame, AHandlerThatGetsAStringThrows)
 {
-    const proxyMemberDescS &add = entry(prxVector3dC::getStaticProxyTypeInfo(), 2);
+    proxyMemberDescS const &add = entry(prxVector3dC::getStaticProxyTypeInfo(), 2);
     ASSERT_STREQ(add.name, "add");
-    const mzComPtrT<prxVector3dC> vector(new prxVector3dC);
+    mzComPtrT<prxVector3dC> const vector(new prxVector3dC);
     const mzComVariantArrayC arguments = {"word"};
     proxyAutoParaListC parameters(arguments);
     mzComVariantC result("preset");

@@ -38,7 +38,7 @@ M cells(std::initializer_list<double> values)
 {
     M matrix;
     int i = 0;
-    for (const double value : values)
+    for (double const value : values)
         matrix[i++] = value;
     return matrix;
 }
@@ -56,7 +56,7 @@ public:
         : P(value)
     {
     }
-    void setComVariant(const mzComVariantC &variant) override
+    void setComVariant(mzComVariantC const &variant) override
     {
         ++writes;
         P::setComVariant(variant);
@@ -75,12 +75,12 @@ public:
 template <typename P>
 void drop(P *object)
 {
-    const mzComPtrT<P> pointer(object);
+    mzComPtrT<P> const pointer(object);
 }
 
 /// The value that an object stands for; fails the test if it stands for none of this type.
 template <typename T>
-T valueOf(const Object &object)
+T valueOf(Object const &object)
 {
     T value{};
     const mzComVariantC variant = mzComVariantC(object).toSkalarValue();
@@ -89,7 +89,7 @@ T valueOf(const Object &object)
 }
 
 template <typename T>
-T valueOf(const scriptCall::Answer &answer)
+T valueOf(scriptCall::Answer const &answer)
 {
     EXPECT_TRUE(answer.ok) << answer.message.constData();
     return valueOf<T>(answer.object());

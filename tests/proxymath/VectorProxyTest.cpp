@@ -14,14 +14,14 @@ using scriptCall::write;
 
 namespace {
 
-const double inf = std::numeric_limits<double>::infinity();
-const double notANumber = std::numeric_limits<double>::quiet_NaN();
+double const inf = std::numeric_limits<double>::infinity();
+double const notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// A value proxy without a class of its own, made from a value.
 class PlainProxy : public prxVariantUserTypeBaseC<Vector3>
 {
 public:
-    explicit PlainProxy(const Vector3 &value)
+    explicit PlainProxy(Vector3 const &value)
         : prxVariantUserTypeBaseC<Vector3>(value)
     {
     }
@@ -52,11 +52,11 @@ TEST(Vector3Proxy, ArithmeticMakesNewObjectsAndLeavesTheOldAlone)
 {
     const Object v = vector3(1, 2, 3);
     const mzComVariantC w(vector3(4, 5, 6));
-    for (const char *name : {"add", "sub", "cross"}) {
+    for (char const *name : {"add", "sub", "cross"}) {
         const Answer answer = call(v, name, {w});
         EXPECT_TRUE(answer.object() && answer.object() != v) << name;
     }
-    for (const char *name : {"mul", "div", "norm"})
+    for (char const *name : {"mul", "div", "norm"})
         EXPECT_TRUE(call(v, name, {2.0}).object() != v) << name;
     EXPECT_TRUE(valueOf<Vector3>(v) == Vector3(1, 2, 3));
     EXPECT_TRUE(valueOf<Vector3>(w.toObject()) == Vector3(4, 5, 6));
@@ -77,7 +77,7 @@ TEST(Vector3Proxy, SettersReturnTheReceiver)
 
 TEST(Vector3Proxy, NormGivesTheLengthAskedFor)
 {
-    const double factor = 2.0 / 5.0;
+    double const factor = 2.0 / 5.0;
     EXPECT_TRUE(valueOf<Vector3>(call(vector3(3, 4, 0), "norm", {2.0})) ==
                 Vector3(3 * factor, 4 * factor, 0));
     const Vector3 result = valueOf<Vector3>(call(vector3(3, 4, 0), "norm", {2.0}));
@@ -160,7 +160,7 @@ TEST(Vector2Proxy, HasNeitherCrossNorZ)
 
 TEST(ValueWrapper, ReadingThroughItWritesBack)
 {
-    const mzComPtrT<Counting<prxVector3dC>> v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
+    mzComPtrT<Counting<prxVector3dC>> const v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
     EXPECT_EQ(v->getx(), 1.0);
     EXPECT_EQ(v->writes, 1);
     EXPECT_EQ(v->gety(), 2.0);
@@ -174,7 +174,7 @@ TEST(ValueWrapper, ReadingThroughItWritesBack)
 
 TEST(ValueWrapper, ArithmeticDoesNotUseIt)
 {
-    const mzComPtrT<Counting<prxVector3dC>> v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
+    mzComPtrT<Counting<prxVector3dC>> const v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
     drop(v->add(Vector3(1, 1, 1)));
     drop(v->sub(Vector3(1, 1, 1)));
     drop(v->mulReal(2));
@@ -188,7 +188,7 @@ TEST(ValueWrapper, ArithmeticDoesNotUseIt)
 
 TEST(ValueWrapper, IsUsedByTheFlatVectorInTheSameWay)
 {
-    const mzComPtrT<Counting<prxVector2dC>> v(new Counting<prxVector2dC>);
+    mzComPtrT<Counting<prxVector2dC>> const v(new Counting<prxVector2dC>);
     v->setXY(3, 4);
     EXPECT_EQ(v->writes, 2);
     EXPECT_EQ(v->getx() + v->gety(), 7.0);
@@ -204,7 +204,7 @@ TEST(ValueWrapper, IsUsedByTheFlatVectorInTheSameWay)
 
 TEST(ValueWrapper, WritesOnlyWhatWasTouched)
 {
-    const mzComPtrT<Counting<prxVector3dC>> v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
+    mzComPtrT<Counting<prxVector3dC>> const v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
     {
         auto edit = v->value();
         EXPECT_EQ(v->addRef(), 3);
@@ -225,7 +225,7 @@ TEST(ValueWrapper, WritesOnlyWhatWasTouched)
 
 TEST(ValueProxy, AVariantOfAnotherTypeReadsAsZero)
 {
-    const mzComPtrT<prxVector3dC> v(new prxVector3dC(Vector3(1, 2, 3)));
+    mzComPtrT<prxVector3dC> const v(new prxVector3dC(Vector3(1, 2, 3)));
     v->setComVariant(mzComVariantC(5.0));
     EXPECT_TRUE(v->getValue() == Vector3(0, 0, 0));
     v->setVariant(QStringLiteral("word"));
@@ -234,14 +234,14 @@ TEST(ValueProxy, AVariantOfAnotherTypeReadsAsZero)
 
 TEST(ValueProxy, IsMadeFromAValue)
 {
-    const mzComPtrT<PlainProxy> plain(new PlainProxy(Vector3(1, 2, 3)));
+    mzComPtrT<PlainProxy> const plain(new PlainProxy(Vector3(1, 2, 3)));
     EXPECT_TRUE(plain->getValue() == Vector3(1, 2, 3));
     EXPECT_EQ(plain->getComVariant().userType(), proxyValueTypeId<Vector3>());
 }
 
 TEST(ValueProxy, AnObjectInItsVariantIsReadAsItsValue)
 {
-    const mzComPtrT<prxVector3dC> v(new prxVector3dC);
+    mzComPtrT<prxVector3dC> const v(new prxVector3dC);
     v->setComVariant(mzComVariantC(vector3(4, 5, 6)));
     EXPECT_TRUE(v->getValue() == Vector3(4, 5, 6));
 }
@@ -258,13 +258,13 @@ TEST(MathFactory, MakesZeroObjects)
 TEST(MathFactory, CreatesByName)
 {
     const Object factory(new prxMathFactoryC);
-    const char *names[][2] = {{"matrix3x3", "prxMatrix3x3C"},
+    char const *names[][2] = {{"matrix3x3", "prxMatrix3x3C"},
                               {"matrix4x4", "prxMatrix4x4C"},
                               {"vector3d", "prxVector3dC"},
                               {"vector2d", "prxVector2dC"}};
-    for (const auto &name : names)
+    for (auto const &name : names)
         EXPECT_STREQ(call(factory, "Create", {name[0]}).value.typeName().utf8(), name[1]);
-    for (const char *name : {"Vector3d", "VECTOR3D", "linquet.vector3d", "vector4d", ""}) {
+    for (char const *name : {"Vector3d", "VECTOR3D", "linquet.vector3d", "vector4d", ""}) {
         const Answer answer = call(factory, "Create", {name});
         EXPECT_TRUE(answer.ok) << name;
         EXPECT_TRUE(answer.value.isEmpty()) << name;
@@ -274,7 +274,7 @@ TEST(MathFactory, CreatesByName)
 
 RC_GTEST_PROP(Vector3Proxy, CrossIsPerpendicularToBoth, ())
 {
-    const auto number = [] { return *rc::gen::inRange(-1000, 1000) / 8.0; };
+    auto const number = [] { return *rc::gen::inRange(-1000, 1000) / 8.0; };
     const Object v = vector3(number(), number(), number());
     const mzComVariantC w(vector3(number(), number(), number()));
     const Object cross = call(v, "cross", {w}).object();
@@ -284,7 +284,7 @@ RC_GTEST_PROP(Vector3Proxy, CrossIsPerpendicularToBoth, ())
 
 RC_GTEST_PROP(Vector3Proxy, SubUndoesAddOnExactNumbers, ())
 {
-    const auto number = [] { return *rc::gen::inRange(-100000, 100000) / 16.0; };
+    auto const number = [] { return *rc::gen::inRange(-100000, 100000) / 16.0; };
     const Vector3 start(number(), number(), number());
     const Object v = make<prxVector3dC>(start);
     const mzComVariantC w(vector3(number(), number(), number()));

@@ -263,7 +263,7 @@ TEST(SingletonNotification, ReachesTheObserver)
     static std::vector<int> phases;
     phases.clear();
     mzSingletonObserver const former =
-        mzSetSingletonObserver([](const char *name, void (*)(), int level, int phase) {
+        mzSetSingletonObserver([](char const *name, void (*)(), int level, int phase) {
             EXPECT_STREQ("some type", name);
             phases.push_back(10 * level + phase);
         });

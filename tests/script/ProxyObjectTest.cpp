@@ -19,7 +19,7 @@ Object probe()
     return Object(new Probe);
 }
 
-QByteArray textOf(const Answer &answer)
+QByteArray textOf(Answer const &answer)
 {
     return answer.value.toString().bytes();
 }
@@ -28,7 +28,7 @@ QByteArray textOf(const Answer &answer)
 
 TEST(ProxyObject, LivesAsLongAsItHasReferences)
 {
-    const int before = proxyObjectC::liveObjectCount();
+    int const before = proxyObjectC::liveObjectCount();
     Probe *object = new Probe;
     EXPECT_EQ(proxyObjectC::liveObjectCount(), before + 1);
     EXPECT_EQ(object->addRef(), 1);
@@ -40,10 +40,10 @@ TEST(ProxyObject, LivesAsLongAsItHasReferences)
 
 TEST(ProxyObject, PointersCount)
 {
-    const int before = proxyObjectC::liveObjectCount();
+    int const before = proxyObjectC::liveObjectCount();
     {
         mzComPtrT<Probe> first(new Probe);
-        const mzComPtrT<Probe> second = first;
+        mzComPtrT<Probe> const second = first;
         EXPECT_EQ(second->addRef(), 3);
         EXPECT_EQ(second->release(), 2);
         EXPECT_TRUE(first == second);
@@ -61,12 +61,12 @@ TEST(ProxyObject, PointersCount)
 TEST(ProxyObject, AnswersToItsClassesAndIdentifiers)
 {
     const Object object = probe();
-    for (const char *name : {"mzIUnknown", "Probe", "test.probe", "BaseProbe", "proxyObjectC"}) {
+    for (char const *name : {"mzIUnknown", "Probe", "test.probe", "BaseProbe", "proxyObjectC"}) {
         mzComPtrC target;
         EXPECT_TRUE(object->queryInterface(mzIIDS(name), target)) << name;
         EXPECT_TRUE(target == object);
     }
-    for (const char *name : {"mzIException", "PairProxy", "probe", ""}) {
+    for (char const *name : {"mzIException", "PairProxy", "probe", ""}) {
         mzComPtrC target = object;
         EXPECT_FALSE(object->queryInterface(mzIIDS(name), target)) << name;
         EXPECT_FALSE(target);
@@ -75,7 +75,7 @@ TEST(ProxyObject, AnswersToItsClassesAndIdentifiers)
 
 TEST(ProxyObject, CastsToItsClassesOnly)
 {
-    const mzComPtrT<Probe> object(new Probe);
+    mzComPtrT<Probe> const object(new Probe);
     EXPECT_EQ(object->proxyCast("Probe"), object.get());
     EXPECT_EQ(object->proxyCast("BaseProbe"), object.get());
     EXPECT_EQ(object->proxyCast("proxyObjectC"), object.get());
@@ -84,7 +84,7 @@ TEST(ProxyObject, CastsToItsClassesOnly)
 
 TEST(ProxyObject, RemoteConnectionsHoldReferences)
 {
-    const int before = proxyObjectC::liveObjectCount();
+    int const before = proxyObjectC::liveObjectCount();
     mzComPtrT<Probe> object(new Probe);
     EXPECT_EQ(object->addRemoteConnection(mzIIDS("no such interface")), -1);
     EXPECT_EQ(object->addRemoteConnection(mzIUnknown::IID()), 1);
@@ -101,7 +101,7 @@ TEST(ProxyObject, RemoteConnectionsHoldReferences)
 
 TEST(ProxyObject, GivesBackNoConnectionThatIsNotThere)
 {
-    const mzComPtrT<Probe> object(new Probe);
+    mzComPtrT<Probe> const object(new Probe);
     EXPECT_EQ(object->releaseRemoteConnection(mzIUnknown::IID(), mzExternalConnectionClosed), -1);
     EXPECT_EQ(object->releaseRemoteConnection(mzIUnknown::IID(), mzExternalConnectionLost), -1);
 }
@@ -166,7 +166,7 @@ TEST(Dispatcher, GoesOnInTheBasesWhenNoParameterConverts)
 
 TEST(Dispatcher, AnObjectServesAsTheValueItStandsFor)
 {
-    const mzComPtrT<PairProxy> proxy(new PairProxy);
+    mzComPtrT<PairProxy> const proxy(new PairProxy);
     proxy->setComVariant(mzComVariantC::fromUserData(pairTypeId(), nullptr));
     EXPECT_EQ(textOf(call(probe(), "overloaded", {mzComVariantC(Object(proxy.get()))})), "pair");
 }
@@ -215,7 +215,7 @@ TEST(Dispatcher, LetsOtherExceptionsPass)
 
 TEST(Dispatcher, EmptiesTheResultWhenItFails)
 {
-    const mzComPtrT<Probe> object(new Probe);
+    mzComPtrT<Probe> const object(new Probe);
     mzComVariantC result("preset");
     mzComPtrT<mzIException> exception;
     EXPECT_FALSE(object->invokeByName("missing", proxyMethod, {}, result, exception));
@@ -238,7 +238,7 @@ TEST(Dispatcher, ResultsOfAUserTypeBecomeObjects)
 
 TEST(StickyThread, IsTheOneThatCallsFirst)
 {
-    const mzComPtrT<Probe> object(new Probe);
+    mzComPtrT<Probe> const object(new Probe);
     EXPECT_EQ(object->getStickyThreadId(false), 0u);
     std::thread([&object] {
         EXPECT_TRUE(call(Object(object.get()), "inBoth").ok);
@@ -251,7 +251,7 @@ TEST(StickyThread, IsTheOneThatCallsFirst)
 
 TEST(StickyThread, ThreadSafeObjectsHaveNone)
 {
-    const mzComPtrT<Probe> object(new Probe);
+    mzComPtrT<Probe> const object(new Probe);
     object->setThreadSafe();
     EXPECT_TRUE(call(Object(object.get()), "inBoth").ok);
     EXPECT_EQ(object->getStickyThreadId(true), 0u);

@@ -13,7 +13,7 @@ std::vector<std::string> heard;
 class Listener : public mzComServerStateEventC
 {
 public:
-    Listener(const char *name, int events)
+    Listener(char const *name, int events)
         : mzComServerStateEventC(events)
         , m_name(name)
     {
@@ -34,7 +34,7 @@ private:
     std::string m_name;
 };
 
-proxyMemberDescListS temporaryClass(const char *identifier)
+proxyMemberDescListS temporaryClass(char const *identifier)
 {
     proxyMemberDescListS list = *PairProxy::getStaticProxyTypeInfo();
     list.objectIdentifier = identifier;
@@ -83,7 +83,7 @@ TEST(Factory, CreatesByObjectIdentifier)
 {
     proxyFactoryC &factory = proxyFactoryC::instance();
     factory.registerClass(Probe::getStaticProxyTypeInfo());
-    const mzComPtrT<proxyObjectC> object = factory.create(mzIIDS("test.probe"));
+    mzComPtrT<proxyObjectC> const object = factory.create(mzIIDS("test.probe"));
     ASSERT_TRUE(object);
     EXPECT_STREQ(object->getProxyTypeInfo()->name, "Probe");
     EXPECT_EQ(object->addRef(), 2);
@@ -113,7 +113,7 @@ TEST(Factory, ALaterClassTakesThePlaceOfTheOldOne)
     static proxyMemberDescListS second = temporaryClass("test.twice");
     proxyFactoryC &factory = proxyFactoryC::instance();
     factory.registerClass(&first);
-    const int count = factory.classes().size();
+    int const count = factory.classes().size();
     factory.registerClass(&first);
     factory.registerClass(&second);
     EXPECT_EQ(factory.classes().size(), count);
@@ -158,7 +158,7 @@ TEST(ServerState, TellsALateOneAtOnce)
 
 TEST(ServerState, KnowsWhoWaits)
 {
-    const int before = mzComServerStateEventC::waiting().size();
+    int const before = mzComServerStateEventC::waiting().size();
     {
         const Listener a("a", 80);
         ASSERT_EQ(mzComServerStateEventC::waiting().size(), before + 1);

@@ -2,7 +2,7 @@
 
 namespace {
 
-void *castTo(const proxyObjectC *object)
+void *castTo(proxyObjectC const *object)
 {
     return const_cast<proxyObjectC *>(object);
 }
@@ -12,14 +12,14 @@ mzComStringC pairName()
     return mzComTypeInfoToName(typeid(Pair));
 }
 
-void *createPair(const void *from)
+void *createPair(void const *from)
 {
-    return from != nullptr ? new Pair(*static_cast<const Pair *>(from)) : new Pair();
+    return from != nullptr ? new Pair(*static_cast<Pair const *>(from)) : new Pair();
 }
 
-void copyPair(const void *from, void *to)
+void copyPair(void const *from, void *to)
 {
-    *static_cast<Pair *>(to) = *static_cast<const Pair *>(from);
+    *static_cast<Pair *>(to) = *static_cast<Pair const *>(from);
 }
 
 void destroyPair(void *value)
@@ -34,15 +34,15 @@ bool readPair(void *value, mzComDataStreamC &stream)
     return stream.isOk();
 }
 
-bool writePair(const void *value, mzComDataStreamC &stream)
+bool writePair(void const *value, mzComDataStreamC &stream)
 {
-    const Pair &pair = *static_cast<const Pair *>(value);
+    Pair const &pair = *static_cast<Pair const *>(value);
     stream << pair.first << pair.second;
     return true;
 }
 
 template <typename... A>
-const proxySignatureTypeS *signature()
+proxySignatureTypeS const *signature()
 {
     static const proxySignatureTypeS types[] = {{&typeid(void), &typeid(void), nullptr},
                                                 {&typeid(A), &typeid(A), nullptr}...};
@@ -50,7 +50,7 @@ const proxySignatureTypeS *signature()
 }
 
 /// Answers with a text.
-template <const char *Text>
+template <char const *Text>
 void answer(proxyObjectC *, proxyAutoParaListC &, proxyAutoTypeCastC &result, bool)
 {
     result.set<mzComStringC>(Text);
@@ -125,7 +125,7 @@ proxyMemberDescListS *BaseProbe::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *BaseProbe::getProxyTypeInfo() const
+proxyMemberDescListS const *BaseProbe::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
@@ -165,7 +165,7 @@ proxyMemberDescListS *Probe::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *Probe::getProxyTypeInfo() const
+proxyMemberDescListS const *Probe::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
@@ -186,7 +186,7 @@ proxyMemberDescListS *PairProxy::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *PairProxy::getProxyTypeInfo() const
+proxyMemberDescListS const *PairProxy::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }

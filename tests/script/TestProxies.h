@@ -20,14 +20,14 @@ class BaseProbe : public proxyObjectC
 {
 public:
     static proxyMemberDescListS *getStaticProxyTypeInfo();
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
 };
 
 class Probe : public BaseProbe
 {
 public:
     static proxyMemberDescListS *getStaticProxyTypeInfo();
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
 
     using proxyObjectC::setThreadSafe;
     double stored = 0.0;
@@ -38,5 +38,5 @@ class PairProxy : public prxQVariantBaseC
 {
 public:
     static proxyMemberDescListS *getStaticProxyTypeInfo();
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
 };

@@ -30,7 +30,7 @@ TEST(ComString, ComparesByteForByte)
     EXPECT_TRUE(mzComStringC("vector3d") == mzComStringC("vector3d"));
     EXPECT_FALSE(mzComStringC("vector3d") == mzComStringC("Vector3d"));
     EXPECT_TRUE(mzComStringC("a") != mzComStringC("ab"));
-    EXPECT_TRUE(mzComStringC(static_cast<const char *>(nullptr)) == mzComStringC());
+    EXPECT_TRUE(mzComStringC(static_cast<char const *>(nullptr)) == mzComStringC());
     EXPECT_TRUE(mzComStringC().isEmpty());
 }
 
@@ -48,7 +48,7 @@ TEST(ComString, KeepsUtf8)
 
 TEST(Identifier, EqualsByText)
 {
-    const char copy[] = "mzIUnknown";
+    char const copy[] = "mzIUnknown";
     EXPECT_TRUE(mzIIDS(copy) == mzIUnknown::IID());
     EXPECT_TRUE(mzIIDS() != mzIUnknown::IID());
     EXPECT_TRUE(mzIIDS() == mzIIDS(""));
@@ -57,7 +57,7 @@ TEST(Identifier, EqualsByText)
 TEST(DataStream, GivesBackWhatWasWrittenInOrder)
 {
     mzComDataStreamC stream;
-    const double infinity = std::numeric_limits<double>::infinity();
+    double const infinity = std::numeric_limits<double>::infinity();
     stream << 1.5 << -0.0 << infinity << std::nan("");
     EXPECT_EQ(stream.data().size(), 32);
     double a = 9.0, b = 9.0, c = 9.0, d = 9.0;
@@ -139,7 +139,7 @@ TEST(Variant, NamesItsTypeForMessages)
 
 TEST(Variant, CopiesUserDataOutOnlyForItsOwnType)
 {
-    const int id = pairTypeId();
+    int const id = pairTypeId();
     EXPECT_GT(id, 0);
     Pair pair = {7, 8};
     EXPECT_EQ(pairVariant(1, 2).getUserData(id + 1000, &pair), mzUserDataOtherType);
@@ -219,8 +219,8 @@ TEST(Variant, TravelsThroughAStreamAsItsRecordSays)
 
 TEST(Variant, RecordsAreRegisteredOnce)
 {
-    const int id = pairTypeId();
-    const int count = mzComVariantC::registeredValueTypeCount();
+    int const id = pairTypeId();
+    int const count = mzComVariantC::registeredValueTypeCount();
     mzComVariantC::registerValueType(pairRecord());
     EXPECT_EQ(pairRecord()->id, id);
     EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), count);
@@ -230,7 +230,7 @@ TEST(Variant, RacingRegistrationsGiveOneId)
 {
     static mzComValueMarshalS record = *pairRecord();
     record.id = 0;
-    const int count = mzComVariantC::registeredValueTypeCount();
+    int const count = mzComVariantC::registeredValueTypeCount();
     std::vector<std::thread> threads;
     for (int i = 0; i < 8; ++i)
         threads.emplace_back([] { mzComVariantC::registerValueType(&record); });
@@ -242,14 +242,14 @@ TEST(Variant, RacingRegistrationsGiveOneId)
 
 TEST(TypeName, IsTheSameForEveryoneAndReadable)
 {
-    EXPECT_TRUE(mzComTypeInfoToName(typeid(Pair)) == mzComTypeInfoToName(typeid(const Pair &)));
+    EXPECT_TRUE(mzComTypeInfoToName(typeid(Pair)) == mzComTypeInfoToName(typeid(Pair const &)));
     EXPECT_STREQ(mzComReadableTypeName(mzComTypeInfoToName(typeid(Pair))).utf8(), "Pair");
     EXPECT_STREQ(mzComReadableTypeName("no type").utf8(), "no type");
 }
 
 TEST(QVariantBase, ConvertsToQtAndBack)
 {
-    const mzComPtrT<prxQVariantBaseC> proxy(new prxQVariantBaseC);
+    mzComPtrT<prxQVariantBaseC> const proxy(new prxQVariantBaseC);
     EXPECT_FALSE(proxy->getVariant().isValid());
     proxy->setVariant(QVariant(2.5));
     EXPECT_EQ(proxy->getComVariant().toDouble(), 2.5);
@@ -273,7 +273,7 @@ TEST(QVariantBase, ConvertsToQtAndBack)
 
 TEST(QVariantBase, StartsWithTheValueGiven)
 {
-    const mzComPtrT<prxQVariantBaseC> proxy(new prxQVariantBaseC(mzComVariantC("given")));
+    mzComPtrT<prxQVariantBaseC> const proxy(new prxQVariantBaseC(mzComVariantC("given")));
     EXPECT_STREQ(proxy->getComVariant().toString().utf8(), "given");
     EXPECT_STREQ(proxy->getProxyTypeInfo()->name, "prxQVariantBaseC");
 }

@@ -21,8 +21,8 @@ struct Answer
     Object object() const { return value.toObject(); }
 };
 
-inline Answer invoke(const Object &object, const char *name, unsigned int flags,
-                     const mzComVariantArrayC &arguments)
+inline Answer invoke(Object const &object, char const *name, unsigned int flags,
+                     mzComVariantArrayC const &arguments)
 {
     mzComPtrT<proxyObjectC> proxy;
     object->queryInterface(proxyObjectC::IID(), proxy);
@@ -36,17 +36,17 @@ inline Answer invoke(const Object &object, const char *name, unsigned int flags,
     return answer;
 }
 
-inline Answer call(const Object &object, const char *name, const mzComVariantArrayC &arguments = {})
+inline Answer call(Object const &object, char const *name, mzComVariantArrayC const &arguments = {})
 {
     return invoke(object, name, proxyMethod, arguments);
 }
 
-inline Answer read(const Object &object, const char *name)
+inline Answer read(Object const &object, char const *name)
 {
     return invoke(object, name, proxyPropertyRead, {});
 }
 
-inline Answer write(const Object &object, const char *name, const mzComVariantC &value)
+inline Answer write(Object const &object, char const *name, mzComVariantC const &value)
 {
     return invoke(object, name, proxyPropertyWrite, {value});
 }

@@ -24,7 +24,7 @@ using meshes::Vector;
 
 namespace {
 
-const double notANumber = std::numeric_limits<double>::quiet_NaN();
+double const notANumber = std::numeric_limits<double>::quiet_NaN();
 
 Box cube(double lo, double hi)
 {
@@ -53,7 +53,7 @@ bool constructionHangs(Box const &bounds, double resolution, Box const &content)
     }
     usleep(200000);
     int status = 0;
-    const bool running = waitpid(child, &status, WNOHANG) == 0;
+    bool const running = waitpid(child, &status, WNOHANG) == 0;
     if (running) {
         kill(child, SIGKILL);
         waitpid(child, &status, 0);
@@ -161,8 +161,8 @@ TEST(BinTreeBuilder, UnsplittableLeavesAreThinnerThanTwiceTheResolution)
     for (Node const *leaf : leaves(builder)) {
         if (!leaf->boundary())
             continue;
-        const int a = leaf->axis() - 1;
-        const double extent = leaf->bounds.second[a] - leaf->bounds.first[a];
+        int const a = leaf->axis() - 1;
+        double const extent = leaf->bounds.second[a] - leaf->bounds.first[a];
         EXPECT_LT(extent, 2 * 0.3);
         EXPECT_GE(extent, 0.3);
         ++boundaries;

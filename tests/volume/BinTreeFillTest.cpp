@@ -24,8 +24,8 @@ bool shareFace(Node const &p, Node const &q)
 {
     int overlaps = 0;
     for (int k = 0; k < 3; ++k) {
-        const double lo = std::max(p.bounds.first[k], q.bounds.first[k]);
-        const double hi = std::min(p.bounds.second[k], q.bounds.second[k]);
+        double const lo = std::max(p.bounds.first[k], q.bounds.first[k]);
+        double const hi = std::min(p.bounds.second[k], q.bounds.second[k]);
         if (lo > hi)
             return false;
         overlaps += lo < hi;
@@ -195,7 +195,7 @@ TEST(FindOuterArea, AgreesWithAFillOverAllPairsOfLeaves)
         // Flat boxes give cells that are far from cubic.
         const Box whole(Vector(0, 0, 0), Vector(8, round % 2 != 0 ? 8 : 4, round % 3 != 0 ? 8 : 2));
         BinTreeBuilder builder(whole, 0.5, Box(whole.second * 0.25, whole.second * 0.75));
-        const int count = 1 + round / 2;
+        int const count = 1 + round / 2;
         for (int t = 0; t < count; ++t) {
             const Vector a(place(random), place(random), place(random));
             builder.addTriangle(a, a + Vector(offset(random), offset(random), offset(random)),
@@ -211,7 +211,7 @@ TEST(AddTriangle, MarksExactlyTheFinestCellsThatTheTriangleMeets)
     std::mt19937 random(12);
     std::uniform_int_distribution<int> place(-6, 54); // thirds of integers in units of 1/6
     for (int round = 0; round < 200; ++round) {
-        const auto vertex = [&] {
+        auto const vertex = [&] {
             return Vector(place(random), place(random), place(random)) * 0.1875;
         };
         const Vector a = vertex();

@@ -59,7 +59,7 @@ inline Mesh sphere(Vector const &centre, double radius, std::size_t rings)
 {
     const std::size_t sectors = 2 * rings;
     Mesh mesh;
-    const auto at = [&](double polar, double azimuth) {
+    auto const at = [&](double polar, double azimuth) {
         return centre + Vector(std::sin(polar) * std::cos(azimuth),
                                std::sin(polar) * std::sin(azimuth), std::cos(polar)) *
                             radius;
@@ -73,7 +73,7 @@ inline Mesh sphere(Vector const &centre, double radius, std::size_t rings)
     mesh.vertices.push_back(centre - Vector(0, 0, radius));
 
     const std::size_t south = mesh.vertices.size() - 1;
-    const auto index = [&](std::size_t r, std::size_t s) {
+    auto const index = [&](std::size_t r, std::size_t s) {
         return 1 + (r - 1) * sectors + s % sectors;
     };
     for (std::size_t s = 0; s < sectors; ++s) {
@@ -92,15 +92,15 @@ inline Mesh torus(Vector const &centre, double radius, double tube, std::size_t 
     const std::size_t around = 2 * segments;
     Mesh mesh;
     for (std::size_t i = 0; i < around; ++i) {
-        const double u = 2.0 * pi * double(i) / double(around);
+        double const u = 2.0 * pi * double(i) / double(around);
         for (std::size_t j = 0; j < segments; ++j) {
-            const double v = 2.0 * pi * double(j) / double(segments);
-            const double r = radius + tube * std::cos(v);
+            double const v = 2.0 * pi * double(j) / double(segments);
+            double const r = radius + tube * std::cos(v);
             mesh.vertices.push_back(centre +
                                     Vector(r * std::cos(u), r * std::sin(u), tube * std::sin(v)));
         }
     }
-    const auto index = [&](std::size_t i, std::size_t j) {
+    auto const index = [&](std::size_t i, std::size_t j) {
         return i % around * segments + j % segments;
     };
     for (std::size_t i = 0; i < around; ++i) {

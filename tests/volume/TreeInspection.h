@@ -50,7 +50,7 @@ inline std::size_t nodeCount(VolumeComparison::BinTreeBuilder const &builder)
 
 inline double volume(Node const &node)
 {
-    const vectorC3d<double> d = node.bounds.second - node.bounds.first;
+    vectorC3d<double> const d = node.bounds.second - node.bounds.first;
     return d.x() * d.y() * d.z();
 }
 

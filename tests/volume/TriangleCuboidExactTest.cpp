@@ -40,7 +40,7 @@ struct Counts
 // Both forms of the test against the exact answer.
 void compare(std::array<Vector, 3> const &t, Vector const &lo, Vector const &hi, Counts &counts)
 {
-    const bool truth = meetsExactly(t, lo, hi);
+    bool const truth = meetsExactly(t, lo, hi);
     ++(truth ? counts.meeting : counts.apart);
     ASSERT_EQ(MatUtil::triangleIntersectsCuboid(t[0], t[1], t[2], lo, hi), truth);
     const MatUtil::TriangleCuboidIntersector intersector(t[0], t[1], t[2]);

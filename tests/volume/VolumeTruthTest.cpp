@@ -47,16 +47,16 @@ void expectConvergence(Mesh const &mesh, double closedForm, double meshDefect, d
 // The squared distance from p to the triangle (Ericson, Real-Time Collision Detection, 2005).
 double squaredDistance(Vector const &p, Vector const &a, Vector const &b, Vector const &c)
 {
-    const auto toSegment = [&](Vector const &s, Vector const &e) {
+    auto const toSegment = [&](Vector const &s, Vector const &e) {
         const Vector d = e - s;
         const double t = std::min(1.0, std::max(0.0, (p - s).dot(d) / d.squaredLength()));
         return (p - (s + d * t)).squaredLength();
     };
     const Vector n = (b - a).cross(c - a);
-    const bool above = n.cross(b - a).dot(p - a) >= 0.0 && n.cross(c - b).dot(p - b) >= 0.0 &&
+    bool const above = n.cross(b - a).dot(p - a) >= 0.0 && n.cross(c - b).dot(p - b) >= 0.0 &&
                        n.cross(a - c).dot(p - c) >= 0.0;
     if (above) {
-        const double height = n.dot(p - a);
+        double const height = n.dot(p - a);
         return height * height / n.squaredLength();
     }
     return std::min(toSegment(a, b), std::min(toSegment(b, c), toSegment(c, a)));
@@ -66,7 +66,7 @@ double squaredDistance(Vector const &p, Vector const &a, Vector const &b, Vector
 double torusDistance(Vector const &p, Vector const &centre, double radius, double tube)
 {
     const Vector d = p - centre;
-    const double ring = std::sqrt(d.x() * d.x() + d.y() * d.y()) - radius;
+    double const ring = std::sqrt(d.x() * d.x() + d.y() * d.y()) - radius;
     return std::sqrt(ring * ring + d.z() * d.z()) - tube;
 }
 
@@ -81,8 +81,8 @@ TEST(Volume, OfABoxConvergesToTheClosedForm)
 TEST(Volume, OfASphereConvergesToTheClosedForm)
 {
     const Mesh mesh = meshes::sphere(Vector(4.01, 3.98, 4.03), 2.9, 160);
-    const double closedForm = 4.0 / 3.0 * meshes::pi * 2.9 * 2.9 * 2.9;
-    const double defect = closedForm - meshes::enclosedVolume(mesh);
+    double const closedForm = 4.0 / 3.0 * meshes::pi * 2.9 * 2.9 * 2.9;
+    double const defect = closedForm - meshes::enclosedVolume(mesh);
     ASSERT_GT(defect, 0.0);
     ASSERT_LT(defect, 0.001 * closedForm);
     expectConvergence(mesh, closedForm, defect, 0.05);
@@ -91,8 +91,8 @@ TEST(Volume, OfASphereConvergesToTheClosedForm)
 TEST(Volume, OfATorusConvergesToTheClosedForm)
 {
     const Mesh mesh = meshes::torus(Vector(4.01, 3.98, 4.03), 2.2, 0.9, 120);
-    const double closedForm = 2.0 * meshes::pi * meshes::pi * 2.2 * 0.9 * 0.9;
-    const double defect = closedForm - meshes::enclosedVolume(mesh);
+    double const closedForm = 2.0 * meshes::pi * meshes::pi * 2.2 * 0.9 * 0.9;
+    double const defect = closedForm - meshes::enclosedVolume(mesh);
     ASSERT_GT(defect, 0.0);
     ASSERT_LT(defect, 0.002 * closedForm);
     expectConvergence(mesh, closedForm, defect, 0.05);
@@ -103,7 +103,7 @@ TEST(Volume, FillNeverLeaksIntoAClosedMesh)
     // At every resolution, cells away from the surface are outer exactly outside of the torus.
     const Vector centre(4.01, 3.98, 4.03);
     const Mesh mesh = meshes::torus(centre, 2.2, 0.9, 64);
-    const double sag = 0.01; // the facets lie inside the torus by less than this
+    double const sag = 0.01; // the facets lie inside the torus by less than this
     for (double resolution : {0.5, 0.37, 0.25, 0.19, 0.11, 0.0625, 0.041}) {
         BinTreeBuilder builder(whole, resolution, content);
         meshes::addTo(builder, mesh);
@@ -112,7 +112,7 @@ TEST(Volume, FillNeverLeaksIntoAClosedMesh)
             if (leaf->boundary())
                 continue;
             const Vector m = (leaf->bounds.first + leaf->bounds.second) * 0.5;
-            const double distance = torusDistance(m, centre, 2.2, 0.9);
+            double const distance = torusDistance(m, centre, 2.2, 0.9);
             if (std::fabs(distance) > sag) {
                 ASSERT_EQ(leaf->outer(), distance > 0.0) << "resolution " << resolution;
             }
@@ -126,7 +126,7 @@ TEST(Volume, FillNeverLeaksIntoCoarseMeshesOfAnyPlace)
     for (int round = 0; round < 40; ++round) {
         const Vector centre(4 + 0.01 * round, 4 - 0.013 * round, 4 + 0.007 * round);
         const Mesh mesh = meshes::sphere(centre, 2.0 + 0.01 * round, 3 + std::size_t(round % 4));
-        const double inner = 0.7; // share of the radius that surely lies inside
+        double const inner = 0.7; // share of the radius that surely lies inside
         BinTreeBuilder builder(whole, 0.125, content);
         meshes::addTo(builder, mesh);
         builder.findOuterArea();
@@ -134,7 +134,7 @@ TEST(Volume, FillNeverLeaksIntoCoarseMeshesOfAnyPlace)
             if (leaf->boundary())
                 continue;
             const Vector m = (leaf->bounds.first + leaf->bounds.second) * 0.5;
-            const double distance = (m - centre).length() / (2.0 + 0.01 * round);
+            double const distance = (m - centre).length() / (2.0 + 0.01 * round);
             if (distance < inner) {
                 ASSERT_FALSE(leaf->outer());
             } else if (distance > 1.0) {

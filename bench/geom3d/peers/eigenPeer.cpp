@@ -15,7 +15,7 @@ using ConstQuaternionMap = Eigen::Map<const Eigen::Quaterniond>;
 
 } // namespace
 
-void eigenPeer::multiply(double (*result)[4], const double (*a)[4], const double (*b)[4])
+void eigenPeer::multiply(double (*result)[4], double const (*a)[4], double const (*b)[4])
 {
     MatrixMap product(*result);
     product = ConstMatrixMap(*a) * ConstMatrixMap(*b); // by way of a temporary
@@ -36,7 +36,7 @@ void eigenPeer::invertOrthogonal(double (*m)[4])
     map.topRightCorner<3, 1>() = moved;
 }
 
-void eigenPeer::transform(const double (*m)[4], const double *point, double *image)
+void eigenPeer::transform(double const (*m)[4], double const *point, double *image)
 {
     const ConstMatrixMap map(*m);
     VectorMap mapped(image);
@@ -44,7 +44,7 @@ void eigenPeer::transform(const double (*m)[4], const double *point, double *ima
         map.topLeftCorner<3, 3>() * ConstVectorMap(point) + map.topRightCorner<3, 1>();
 }
 
-void eigenPeer::transformRespectW(const double (*m)[4], const double *point, double *image)
+void eigenPeer::transformRespectW(double const (*m)[4], double const *point, double *image)
 {
     const ConstMatrixMap map(*m);
     const Eigen::Vector4d full = map * ConstVectorMap(point).homogeneous();
@@ -52,21 +52,21 @@ void eigenPeer::transformRespectW(const double (*m)[4], const double *point, dou
     mapped = full.hnormalized();
 }
 
-void eigenPeer::matrixOf(const double *quaternion, double (*m)[4])
+void eigenPeer::matrixOf(double const *quaternion, double (*m)[4])
 {
     MatrixMap map(*m);
     map.setIdentity();
     map.topLeftCorner<3, 3>() = ConstQuaternionMap(quaternion).toRotationMatrix().transpose();
 }
 
-void eigenPeer::quaternionOf(const double (*m)[4], double *quaternion)
+void eigenPeer::quaternionOf(double const (*m)[4], double *quaternion)
 {
     const ConstMatrixMap map(*m);
     QuaternionMap result(quaternion);
     result = Eigen::Matrix3d(map.topLeftCorner<3, 3>().transpose());
 }
 
-void eigenPeer::slerp(const double *from, const double *to, double t, double *between)
+void eigenPeer::slerp(double const *from, double const *to, double t, double *between)
 {
     QuaternionMap result(between);
     result = ConstQuaternionMap(from).slerp(t, ConstQuaternionMap(to));

@@ -3,7 +3,7 @@
 #include <QMatrix4x4>
 #include <QVector3D>
 
-void qtPeer::multiply(QMatrix4x4 &result, const QMatrix4x4 &a, const QMatrix4x4 &b)
+void qtPeer::multiply(QMatrix4x4 &result, QMatrix4x4 const &a, QMatrix4x4 const &b)
 {
     result = a * b;
 }
@@ -13,7 +13,7 @@ void qtPeer::invert(QMatrix4x4 &m)
     m = m.inverted();
 }
 
-void qtPeer::transform(const QMatrix4x4 &m, const QVector3D &point, QVector3D &image)
+void qtPeer::transform(QMatrix4x4 const &m, QVector3D const &point, QVector3D &image)
 {
     image = m.map(point);
 }

@@ -9,8 +9,8 @@ class QVector3D;
 
 namespace qtPeer {
 
-PEER_EXPORT void multiply(QMatrix4x4 &result, const QMatrix4x4 &a, const QMatrix4x4 &b);
+PEER_EXPORT void multiply(QMatrix4x4 &result, QMatrix4x4 const &a, QMatrix4x4 const &b);
 PEER_EXPORT void invert(QMatrix4x4 &m);
-PEER_EXPORT void transform(const QMatrix4x4 &m, const QVector3D &point, QVector3D &image);
+PEER_EXPORT void transform(QMatrix4x4 const &m, QVector3D const &point, QVector3D &image);
 
 } // namespace qtPeer

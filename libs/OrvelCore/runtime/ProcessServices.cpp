@@ -83,7 +83,7 @@ void mzRunGlobalCleanupFor(void *key)
     }
 }
 
-void baselog_singleton_changed(const char *typeName, void (*cleanup)(), int level, int phase)
+void baselog_singleton_changed(char const *typeName, void (*cleanup)(), int level, int phase)
 {
     if (mzSingletonObserver const observer = singletonObserver.load()) {
         observer(typeName, cleanup, level, phase);

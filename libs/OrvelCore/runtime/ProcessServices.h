@@ -25,11 +25,11 @@ ORVELCORE_EXPORT void mzRunGlobalCleanupFor(void *key);
 /// @param cleanup  the singleton's clean-up function, its identity
 /// @param level    0
 /// @param phase    0 it is about to be built, 1 it is about to be destroyed, 2 it is gone
-ORVELCORE_EXPORT void baselog_singleton_changed(const char *typeName, void (*cleanup)(), int level,
+ORVELCORE_EXPORT void baselog_singleton_changed(char const *typeName, void (*cleanup)(), int level,
                                                 int phase);
 
 /// Sees what baselog_singleton_changed is told; runs on the telling thread.
-using mzSingletonObserver = void (*)(const char *typeName, void (*cleanup)(), int level, int phase);
+using mzSingletonObserver = void (*)(char const *typeName, void (*cleanup)(), int level, int phase);
 
 /// Sets the one observer of the process, null for none, and returns the former one.
 ORVELCORE_EXPORT mzSingletonObserver mzSetSingletonObserver(mzSingletonObserver observer);

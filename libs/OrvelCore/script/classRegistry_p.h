@@ -3,6 +3,6 @@
 /// What the factory forgets when a library goes.
 namespace classRegistry {
 
-void removeOwner(const void *owner);
+void removeOwner(void const *owner);
 
 } // namespace classRegistry

@@ -11,7 +11,7 @@ class ORVELCORE_EXPORT mzComDataStreamC
 public:
     mzComDataStreamC() = default;
     /// A stream to read what `data` of another stream gave.
-    explicit mzComDataStreamC(const QByteArray &data)
+    explicit mzComDataStreamC(QByteArray const &data)
         : m_data(data)
     {
     }
@@ -24,7 +24,7 @@ public:
     /// False once a read ran dry.
     bool isOk() const { return m_ok; }
     /// All bytes written so far, those read included.
-    const QByteArray &data() const { return m_data; }
+    QByteArray const &data() const { return m_data; }
 
 private:
     QByteArray m_data;

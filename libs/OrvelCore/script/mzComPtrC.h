@@ -15,7 +15,7 @@ public:
         if (m_object != nullptr)
             m_object->addRef();
     }
-    mzComPtrC(const mzComPtrC &other)
+    mzComPtrC(mzComPtrC const &other)
         : mzComPtrC(other.m_object)
     {
     }
@@ -37,8 +37,8 @@ public:
     mzIUnknown *unknown() const { return m_object; }
     explicit operator bool() const { return m_object != nullptr; }
     /// Identity: the same object.
-    bool operator==(const mzComPtrC &other) const { return m_object == other.m_object; }
-    bool operator!=(const mzComPtrC &other) const { return m_object != other.m_object; }
+    bool operator==(mzComPtrC const &other) const { return m_object == other.m_object; }
+    bool operator!=(mzComPtrC const &other) const { return m_object != other.m_object; }
 
 private:
     mzIUnknown *m_object = nullptr;

@@ -22,7 +22,7 @@ Server &server()
     return *instance;
 }
 
-thread_local const mzComServerStateEventC *notifiedEvent = nullptr;
+thread_local mzComServerStateEventC const *notifiedEvent = nullptr;
 
 void tellStart(mzComServerStateEventC *event)
 {
@@ -33,7 +33,7 @@ void tellStart(mzComServerStateEventC *event)
 
 } // namespace
 
-const void *serverEvents::notified()
+void const *serverEvents::notified()
 {
     return notifiedEvent;
 }

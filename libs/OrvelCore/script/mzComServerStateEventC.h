@@ -15,8 +15,8 @@ class ORVELCORE_EXPORT mzComServerStateEventC
 public:
     /// `events` is a sum of mzComServerStateE. Nothing happens before `init`.
     explicit mzComServerStateEventC(int events);
-    mzComServerStateEventC(const mzComServerStateEventC &) = delete;
-    mzComServerStateEventC &operator=(const mzComServerStateEventC &) = delete;
+    mzComServerStateEventC(mzComServerStateEventC const &) = delete;
+    mzComServerStateEventC &operator=(mzComServerStateEventC const &) = delete;
     virtual ~mzComServerStateEventC();
 
     /// The server starts: the time to register classes. Returns 0.

@@ -12,30 +12,30 @@ class ORVELCORE_EXPORT mzComStringC
 public:
     mzComStringC() = default;
     /// Copies the UTF-8 text; a null pointer gives the empty string.
-    mzComStringC(const char *utf8)
+    mzComStringC(char const *utf8)
         : m_utf8(utf8)
     {
     }
-    mzComStringC(const QByteArray &utf8)
+    mzComStringC(QByteArray const &utf8)
         : m_utf8(utf8)
     {
     }
-    mzComStringC(const QString &text)
+    mzComStringC(QString const &text)
         : m_utf8(text.toUtf8())
     {
     }
 
     /// The text with a terminating zero; never null, valid until the string changes or dies.
-    const char *utf8() const { return m_utf8.constData(); }
-    const QByteArray &bytes() const { return m_utf8; }
+    char const *utf8() const { return m_utf8.constData(); }
+    QByteArray const &bytes() const { return m_utf8; }
     QString toQString() const { return QString::fromUtf8(m_utf8); }
     bool isEmpty() const { return m_utf8.isEmpty(); }
 
     /// Byte for byte: capitals count, nothing is normalised.
-    bool operator==(const mzComStringC &other) const { return m_utf8 == other.m_utf8; }
-    bool operator!=(const mzComStringC &other) const { return m_utf8 != other.m_utf8; }
-    mzComStringC operator+(const mzComStringC &other) const { return m_utf8 + other.m_utf8; }
-    mzComStringC &operator+=(const mzComStringC &other)
+    bool operator==(mzComStringC const &other) const { return m_utf8 == other.m_utf8; }
+    bool operator!=(mzComStringC const &other) const { return m_utf8 != other.m_utf8; }
+    mzComStringC operator+(mzComStringC const &other) const { return m_utf8 + other.m_utf8; }
+    mzComStringC &operator+=(mzComStringC const &other)
     {
         m_utf8 += other.m_utf8;
         return *this;
@@ -45,7 +45,7 @@ private:
     QByteArray m_utf8;
 };
 
-inline mzComStringC operator+(const char *left, const mzComStringC &right)
+inline mzComStringC operator+(char const *left, mzComStringC const &right)
 {
     return mzComStringC(left) + right;
 }

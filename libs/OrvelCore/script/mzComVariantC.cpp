@@ -9,12 +9,12 @@
 
 #include <cstdlib>
 
-mzComStringC mzComTypeInfoToName(const std::type_info &type)
+mzComStringC mzComTypeInfoToName(std::type_info const &type)
 {
     return type.name();
 }
 
-mzComStringC mzComReadableTypeName(const mzComStringC &name)
+mzComStringC mzComReadableTypeName(mzComStringC const &name)
 {
     int status = 0;
     char *readable = abi::__cxa_demangle(name.utf8(), nullptr, nullptr, &status);
@@ -23,11 +23,11 @@ mzComStringC mzComReadableTypeName(const mzComStringC &name)
     return result;
 }
 
-mzComVariantC mzComVariantC::fromUserData(int id, const void *value)
+mzComVariantC mzComVariantC::fromUserData(int id, void const *value)
 {
     mzComVariantC variant;
-    if (const valueTypeRegistry::Entry *entry = valueTypeRegistry::find(id)) {
-        const mzComValueMarshalS *record = entry->record;
+    if (valueTypeRegistry::Entry const *entry = valueTypeRegistry::find(id)) {
+        mzComValueMarshalS const *record = entry->record;
         variant.m_kind = Kind::User;
         variant.m_record = record;
         variant.m_shared.reset(record->create(value), record->destroy);
@@ -67,10 +67,10 @@ mzComVariantC mzComVariantC::toSkalarValue() &&
 
 mzComVariantC mzComVariantC::toScriptObject() const
 {
-    const valueTypeRegistry::Entry *entry = valueTypeRegistry::find(userType());
+    valueTypeRegistry::Entry const *entry = valueTypeRegistry::find(userType());
     if (entry == nullptr || entry->proxyClass == mzIIDS())
         return *this;
-    const mzComPtrT<proxyObjectC> proxy = proxyFactoryC::instance().create(entry->proxyClass);
+    mzComPtrT<proxyObjectC> const proxy = proxyFactoryC::instance().create(entry->proxyClass);
     mzComPtrT<prxQVariantBaseC> holder;
     if (!proxy || !proxy->queryInterface(prxQVariantBaseC::IID(), holder))
         return *this;
@@ -87,7 +87,7 @@ mzComStringC mzComVariantC::typeName() const
         return "string";
     case Kind::Object: {
         mzComPtrT<proxyObjectC> proxy;
-        const bool known = m_object->queryInterface(proxyObjectC::IID(), proxy);
+        bool const known = m_object->queryInterface(proxyObjectC::IID(), proxy);
         return known ? proxy->getProxyTypeInfo()->name : "object";
     }
     case Kind::User:
@@ -105,10 +105,10 @@ bool mzComVariantC::writeUserData(mzComDataStreamC &stream) const
 
 bool mzComVariantC::readUserData(int id, mzComDataStreamC &stream)
 {
-    const valueTypeRegistry::Entry *entry = valueTypeRegistry::find(id);
+    valueTypeRegistry::Entry const *entry = valueTypeRegistry::find(id);
     if (entry == nullptr)
         return false;
-    const mzComValueMarshalS *record = entry->record;
+    mzComValueMarshalS const *record = entry->record;
     const std::unique_ptr<void, void (*)(void *)> value(record->create(nullptr), record->destroy);
     if (!record->read(value.get(), stream))
         return false;
@@ -121,7 +121,7 @@ void mzComVariantC::registerValueType(mzComValueMarshalS *record)
     valueTypeRegistry::add(record);
 }
 
-void mzComVariantC::registerUserTypeProxy(int id, const mzIIDS &classIdentifier)
+void mzComVariantC::registerUserTypeProxy(int id, mzIIDS const &classIdentifier)
 {
     valueTypeRegistry::setProxyClass(id, classIdentifier, serverEvents::notified());
 }

@@ -18,17 +18,17 @@ struct mzComValueMarshalS
     int id;                            ///< 0 until mzComVariantC::registerValueType writes it
     int size;                          ///< size of the value in bytes
     mzComStringC (*name)();            ///< mzComTypeInfoToName of the type
-    void *(*create)(const void *from); ///< a new copy; with null a new value of all zero
-    void (*copy)(const void *from, void *to);
+    void *(*create)(void const *from); ///< a new copy; with null a new value of all zero
+    void (*copy)(void const *from, void *to);
     void (*destroy)(void *value);                               ///< frees what `create` made
     bool (*read)(void *value, mzComDataStreamC &stream);        ///< false if the stream ran dry
-    bool (*write)(const void *value, mzComDataStreamC &stream); ///< true
+    bool (*write)(void const *value, mzComDataStreamC &stream); ///< true
 };
 
 /// The name under which a type is known across modules: the name that the platform's C++ ABI gives.
-ORVELCORE_EXPORT mzComStringC mzComTypeInfoToName(const std::type_info &type);
+ORVELCORE_EXPORT mzComStringC mzComTypeInfoToName(std::type_info const &type);
 /// The same type as a person would write it, for messages.
-ORVELCORE_EXPORT mzComStringC mzComReadableTypeName(const mzComStringC &name);
+ORVELCORE_EXPORT mzComStringC mzComReadableTypeName(mzComStringC const &name);
 
 /// What `mzComVariantC::getUserData` found.
 enum mzComUserDataStatusE {
@@ -48,24 +48,24 @@ public:
         , m_number(value)
     {
     }
-    mzComVariantC(const mzComStringC &value)
+    mzComVariantC(mzComStringC const &value)
         : m_kind(Kind::String)
         , m_shared(std::make_shared<mzComStringC>(value))
     {
     }
-    mzComVariantC(const char *utf8)
+    mzComVariantC(char const *utf8)
         : mzComVariantC(mzComStringC(utf8))
     {
     }
     /// A null pointer gives the empty variant.
-    mzComVariantC(const mzComPtrT<mzIUnknown> &object)
+    mzComVariantC(mzComPtrT<mzIUnknown> const &object)
         : m_kind(object ? Kind::Object : Kind::Empty)
         , m_object(object)
     {
     }
 
-    mzComVariantC(const mzComVariantC &) = default;
-    mzComVariantC &operator=(const mzComVariantC &) = default;
+    mzComVariantC(mzComVariantC const &) = default;
+    mzComVariantC &operator=(mzComVariantC const &) = default;
     /// Leaves `other` empty.
     mzComVariantC(mzComVariantC &&other) noexcept
         : m_kind(std::exchange(other.m_kind, Kind::Empty))
@@ -97,14 +97,14 @@ public:
     /// The text; empty if the variant holds none.
     mzComStringC toString() const
     {
-        return isString() ? *static_cast<const mzComStringC *>(m_shared.get()) : mzComStringC();
+        return isString() ? *static_cast<mzComStringC const *>(m_shared.get()) : mzComStringC();
     }
     /// The object; null if the variant holds none.
-    const mzComPtrT<mzIUnknown> &toObject() const { return m_object; }
+    mzComPtrT<mzIUnknown> const &toObject() const { return m_object; }
 
     /// A copy of `value`, which has the type registered under `id`. An unknown id gives the empty
     /// variant.
-    static mzComVariantC fromUserData(int id, const void *value);
+    static mzComVariantC fromUserData(int id, void const *value);
     /// Copies the user value of type `id` to `value`. Any other status than mzUserDataOk leaves
     /// `value` as it is.
     mzComUserDataStatusE getUserData(int id, void *value) const;
@@ -131,7 +131,7 @@ public:
     /// Gives the record an id, if it has none yet. May be called from any thread.
     static void registerValueType(mzComValueMarshalS *record);
     /// Makes variants of type `id` reach scripts as objects of the class `classIdentifier`.
-    static void registerUserTypeProxy(int id, const mzIIDS &classIdentifier);
+    static void registerUserTypeProxy(int id, mzIIDS const &classIdentifier);
     /// How many records were ever given an id.
     static int registeredValueTypeCount();
 
@@ -140,9 +140,9 @@ private:
 
     Kind m_kind = Kind::Empty;
     double m_number = 0.0;                        // 0 for the other kinds
-    const mzComValueMarshalS *m_record = nullptr; // of a user value
+    mzComValueMarshalS const *m_record = nullptr; // of a user value
     mzComPtrT<mzIUnknown> m_object;               // null for the other kinds
-    std::shared_ptr<const void> m_shared;         // the text or the user value
+    std::shared_ptr<void const> m_shared;         // the text or the user value
 };
 Q_DECLARE_METATYPE(mzComVariantC)
 

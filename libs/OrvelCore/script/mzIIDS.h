@@ -9,16 +9,16 @@
 struct mzIIDS
 {
     mzIIDS() = default;
-    explicit mzIIDS(const char *identifier)
+    explicit mzIIDS(char const *identifier)
         : name(identifier)
     {
     }
 
-    bool operator==(const mzIIDS &other) const
+    bool operator==(mzIIDS const &other) const
     {
         return name == other.name || std::strcmp(name, other.name) == 0;
     }
-    bool operator!=(const mzIIDS &other) const { return !(*this == other); }
+    bool operator!=(mzIIDS const &other) const { return !(*this == other); }
 
-    const char *name = "";
+    char const *name = "";
 };

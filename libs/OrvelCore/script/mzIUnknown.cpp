@@ -1,12 +1,12 @@
 #include <OrvelCore/script/mzIUnknown.h>
 
-const mzIIDS &mzIUnknown::IID()
+mzIIDS const &mzIUnknown::IID()
 {
     static const mzIIDS identifier("mzIUnknown");
     return identifier;
 }
 
-const mzIIDS &mzIException::IID()
+mzIIDS const &mzIException::IID()
 {
     static const mzIIDS identifier("mzIException");
     return identifier;

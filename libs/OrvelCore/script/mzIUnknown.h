@@ -12,11 +12,11 @@ class ORVELCORE_EXPORT mzIUnknown
 {
 public:
     /// The identifier "mzIUnknown".
-    static const mzIIDS &IID();
+    static mzIIDS const &IID();
 
     /// Asks for another interface of the object. On success `target` holds it, with a reference,
     /// and the result is true; otherwise `target` becomes null and the result is false.
-    virtual bool queryInterface(const mzIIDS &identifier, mzComPtrC &target) = 0;
+    virtual bool queryInterface(mzIIDS const &identifier, mzComPtrC &target) = 0;
     /// Counts a reference and returns how many there are now.
     virtual int addRef() = 0;
     /// Gives a reference back and returns how many are left; at 0 the object is gone.
@@ -24,8 +24,8 @@ public:
 
 protected:
     mzIUnknown() = default;
-    mzIUnknown(const mzIUnknown &) = delete;
-    mzIUnknown &operator=(const mzIUnknown &) = delete;
+    mzIUnknown(mzIUnknown const &) = delete;
+    mzIUnknown &operator=(mzIUnknown const &) = delete;
     ~mzIUnknown() = default;
 };
 
@@ -41,7 +41,7 @@ class ORVELCORE_EXPORT mzIException : public mzIUnknown
 {
 public:
     /// The identifier "mzIException".
-    static const mzIIDS &IID();
+    static mzIIDS const &IID();
 
     virtual mzExceptionCodeE code() const = 0;
     /// One sentence that names the class, the member and the types of the arguments.

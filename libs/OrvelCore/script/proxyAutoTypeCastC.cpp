@@ -10,21 +10,21 @@
 
 namespace {
 
-std::optional<double> toNumber(const mzComVariantC &variant, bool lenient)
+std::optional<double> toNumber(mzComVariantC const &variant, bool lenient)
 {
     const mzComVariantC value = variant.toSkalarValue();
     if (value.isDouble())
         return value.toDouble();
     if (lenient && value.isString()) {
         bool isNumber = false;
-        const double number = value.toString().bytes().toDouble(&isNumber);
+        double const number = value.toString().bytes().toDouble(&isNumber);
         if (isNumber)
             return number;
     }
     return std::nullopt;
 }
 
-std::optional<mzComStringC> toText(const mzComVariantC &variant, bool lenient)
+std::optional<mzComStringC> toText(mzComVariantC const &variant, bool lenient)
 {
     const mzComVariantC value = variant.toSkalarValue();
     if (value.isString())
@@ -39,7 +39,7 @@ std::optional<mzComStringC> toText(const mzComVariantC &variant, bool lenient)
 
 proxyAutoTypeCastExceptionC::~proxyAutoTypeCastExceptionC() = default;
 
-const char *proxyAutoTypeCastExceptionC::what() const noexcept
+char const *proxyAutoTypeCastExceptionC::what() const noexcept
 {
     return "a parameter cannot be converted";
 }
@@ -64,7 +64,7 @@ mzComStringC proxyAutoTypeCastC::get<mzComStringC>(bool lenient) const
     return *text;
 }
 
-bool proxyAutoTypeCastC::isConvertibleTo(const std::type_info &type, bool lenient) const
+bool proxyAutoTypeCastC::isConvertibleTo(std::type_info const &type, bool lenient) const
 {
     if (type == typeid(double))
         return m_variant->isDouble() || toNumber(*m_variant, lenient).has_value();
@@ -74,7 +74,7 @@ bool proxyAutoTypeCastC::isConvertibleTo(const std::type_info &type, bool lenien
         return true;
     if (type == typeid(mzComPtrT<mzIUnknown>))
         return m_variant->isObject() || m_variant->isEmpty();
-    const valueTypeRegistry::Entry *entry =
+    valueTypeRegistry::Entry const *entry =
         valueTypeRegistry::find(m_variant->toSkalarValue().userType());
     return entry != nullptr && std::strcmp(entry->name.utf8(), type.name()) == 0;
 }
@@ -82,6 +82,6 @@ bool proxyAutoTypeCastC::isConvertibleTo(const std::type_info &type, bool lenien
 proxyAutoTypeCastC proxyAutoParaListC::operator[](int index) const
 {
     static const mzComVariantC absent;
-    const bool isThere = index >= 0 && index < m_arguments.size();
+    bool const isThere = index >= 0 && index < m_arguments.size();
     return proxyAutoTypeCastC(isThere ? m_arguments.at(index) : absent);
 }

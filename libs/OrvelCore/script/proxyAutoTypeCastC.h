@@ -10,10 +10,10 @@ class ORVELCORE_EXPORT proxyAutoTypeCastExceptionC : public std::exception
 {
 public:
     proxyAutoTypeCastExceptionC() = default;
-    proxyAutoTypeCastExceptionC(const proxyAutoTypeCastExceptionC &) = default;
-    proxyAutoTypeCastExceptionC &operator=(const proxyAutoTypeCastExceptionC &) = default;
+    proxyAutoTypeCastExceptionC(proxyAutoTypeCastExceptionC const &) = default;
+    proxyAutoTypeCastExceptionC &operator=(proxyAutoTypeCastExceptionC const &) = default;
     ~proxyAutoTypeCastExceptionC() override;
-    const char *what() const noexcept override;
+    char const *what() const noexcept override;
 };
 
 /// A handler's view of one parameter, or of the place for the result. It refers to a variant of the
@@ -22,7 +22,7 @@ class ORVELCORE_EXPORT proxyAutoTypeCastC
 {
 public:
     /// A parameter, to be read.
-    explicit proxyAutoTypeCastC(const mzComVariantC &parameter)
+    explicit proxyAutoTypeCastC(mzComVariantC const &parameter)
         : m_variant(&parameter)
     {
     }
@@ -33,7 +33,7 @@ public:
     {
     }
 
-    const mzComVariantC &getVariant() const { return *m_variant; }
+    mzComVariantC const &getVariant() const { return *m_variant; }
 
     /// The parameter as a `T`: double or mzComStringC. An object that stands for such a value will
     /// do. With `lenient` a text that is wholly a number serves as a number, and a number as its
@@ -51,10 +51,10 @@ public:
     }
 
     /// Whether a handler that takes a `type` can be given this parameter.
-    bool isConvertibleTo(const std::type_info &type, bool lenient) const;
+    bool isConvertibleTo(std::type_info const &type, bool lenient) const;
 
 private:
-    const mzComVariantC *m_variant;
+    mzComVariantC const *m_variant;
     mzComVariantC *m_result = nullptr;
 };
 
@@ -67,7 +67,7 @@ ORVELCORE_EXPORT mzComStringC proxyAutoTypeCastC::get<mzComStringC>(bool lenient
 class ORVELCORE_EXPORT proxyAutoParaListC
 {
 public:
-    explicit proxyAutoParaListC(const mzComVariantArrayC &arguments)
+    explicit proxyAutoParaListC(mzComVariantArrayC const &arguments)
         : m_arguments(arguments)
     {
     }
@@ -77,5 +77,5 @@ public:
     proxyAutoTypeCastC operator[](int index) const;
 
 private:
-    const mzComVariantArrayC &m_arguments;
+    mzComVariantArrayC const &m_arguments;
 };

@@ -11,22 +11,22 @@ namespace {
 class ExceptionC final : public mzIException
 {
 public:
-    ExceptionC(mzExceptionCodeE code, const mzComStringC &message)
+    ExceptionC(mzExceptionCodeE code, mzComStringC const &message)
         : m_code(code)
         , m_message(message)
     {
     }
 
-    bool queryInterface(const mzIIDS &identifier, mzComPtrC &target) override
+    bool queryInterface(mzIIDS const &identifier, mzComPtrC &target) override
     {
-        const bool known = identifier == mzIUnknown::IID() || identifier == mzIException::IID();
+        bool const known = identifier == mzIUnknown::IID() || identifier == mzIException::IID();
         target = known ? mzComPtrC(this) : mzComPtrC();
         return known;
     }
     int addRef() override { return ++m_references; }
     int release() override
     {
-        const int left = --m_references;
+        int const left = --m_references;
         if (left == 0)
             delete this;
         return left;
@@ -43,7 +43,7 @@ private:
 };
 
 /// The call as a reader would write it: "prxVector3dC.add(string)".
-mzComStringC describe(const proxyObjectC &object, const Call &call)
+mzComStringC describe(proxyObjectC const &object, Call const &call)
 {
     mzComStringC text = object.getProxyTypeInfo()->name;
     if (!call.name.isEmpty())
@@ -57,7 +57,7 @@ mzComStringC describe(const proxyObjectC &object, const Call &call)
     return text + ")";
 }
 
-const char *explain(mzExceptionCodeE code)
+char const *explain(mzExceptionCodeE code)
 {
     switch (code) {
     case mzExceptionTypeCast:
@@ -70,7 +70,7 @@ const char *explain(mzExceptionCodeE code)
     return ": there is no such member";
 }
 
-bool refuse(mzExceptionCodeE code, const proxyObjectC &object, const Call &call,
+bool refuse(mzExceptionCodeE code, proxyObjectC const &object, Call const &call,
             mzComPtrT<mzIException> &exception)
 {
     exception =
@@ -78,7 +78,7 @@ bool refuse(mzExceptionCodeE code, const proxyObjectC &object, const Call &call,
     return false;
 }
 
-bool fits(const proxyMemberDescS &member, const Call &call)
+bool fits(proxyMemberDescS const &member, Call const &call)
 {
     return (unsigned(member.kind) & call.flags) != 0 &&
            member.parameterCount == call.arguments.size() &&
@@ -86,12 +86,12 @@ bool fits(const proxyMemberDescS &member, const Call &call)
            && std::strcmp(member.name, call.name.utf8()) == 0;
 }
 
-bool takesArguments(const proxyMemberDescS &member, const Call &call)
+bool takesArguments(proxyMemberDescS const &member, Call const &call)
 {
     if (call.arguments.isEmpty())
         return true;
-    const bool lenient = (call.flags & proxyInvokeLenient) != 0;
-    const proxySignatureTypeS *parameterTypes = member.signature() + 1;
+    bool const lenient = (call.flags & proxyInvokeLenient) != 0;
+    proxySignatureTypeS const *parameterTypes = member.signature() + 1;
     for (int i = 0; i < call.arguments.size(); ++i) {
         const proxyAutoTypeCastC argument(call.arguments.at(i));
         if (!argument.isConvertibleTo(*parameterTypes[i].type, lenient))
@@ -102,10 +102,10 @@ bool takesArguments(const proxyMemberDescS &member, const Call &call)
 
 /// The first member that can serve the call. `isKnown` becomes true if one has at least the name,
 /// the kind and the parameter count.
-const proxyMemberDescS *findMember(const proxyMemberDescListS &list, const Call &call,
+proxyMemberDescS const *findMember(proxyMemberDescListS const &list, Call const &call,
                                    bool &isKnown)
 {
-    for (const proxyMemberDescS *member = list.members; member->name != nullptr; ++member) {
+    for (proxyMemberDescS const *member = list.members; member->name != nullptr; ++member) {
         if (fits(*member, call)) {
             isKnown = true;
             if (takesArguments(*member, call))
@@ -113,7 +113,7 @@ const proxyMemberDescS *findMember(const proxyMemberDescListS &list, const Call 
         }
     }
     for (proxyMemberDescListS **base = list.baseClasses; *base != nullptr; ++base) {
-        if (const proxyMemberDescS *member = findMember(**base, call, isKnown))
+        if (proxyMemberDescS const *member = findMember(**base, call, isKnown))
             return member;
     }
     return nullptr;
@@ -128,21 +128,21 @@ bool mayCall(proxyObjectC &object)
 
 } // namespace
 
-const proxyMemberDescListS *findClass(const proxyMemberDescListS &list, const char *name)
+proxyMemberDescListS const *findClass(proxyMemberDescListS const &list, char const *name)
 {
-    const bool isThis =
+    bool const isThis =
         std::strcmp(list.name, name) == 0 ||
         (list.objectIdentifier != nullptr && std::strcmp(list.objectIdentifier, name) == 0);
     if (isThis)
         return &list;
     for (proxyMemberDescListS **base = list.baseClasses; *base != nullptr; ++base) {
-        if (const proxyMemberDescListS *found = findClass(**base, name))
+        if (proxyMemberDescListS const *found = findClass(**base, name))
             return found;
     }
     return nullptr;
 }
 
-bool invoke(proxyObjectC &object, const Call &call, mzComVariantC &result,
+bool invoke(proxyObjectC &object, Call const &call, mzComVariantC &result,
             mzComPtrT<mzIException> &exception)
 {
     result = mzComVariantC();
@@ -150,7 +150,7 @@ bool invoke(proxyObjectC &object, const Call &call, mzComVariantC &result,
     if (!mayCall(object))
         return refuse(mzExceptionWrongThread, object, call, exception);
     bool isKnown = false;
-    const proxyMemberDescS *member = findMember(*object.getProxyTypeInfo(), call, isKnown);
+    proxyMemberDescS const *member = findMember(*object.getProxyTypeInfo(), call, isKnown);
     if (member == nullptr)
         return refuse(isKnown ? mzExceptionTypeCast : mzExceptionNoMember, object, call, exception);
 
@@ -158,7 +158,7 @@ bool invoke(proxyObjectC &object, const Call &call, mzComVariantC &result,
     proxyAutoTypeCastC resultCast(&result);
     try {
         member->handler(&object, parameters, resultCast, (call.flags & proxyInvokeLenient) != 0);
-    } catch (const proxyAutoTypeCastExceptionC &) {
+    } catch (proxyAutoTypeCastExceptionC const &) {
         return refuse(mzExceptionTypeCast, object, call, exception);
     }
     if (result.isUserValue())

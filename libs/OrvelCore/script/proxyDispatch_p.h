@@ -8,16 +8,16 @@ namespace proxyDispatch {
 /// What a caller asked for; it refers to the caller's own data.
 struct Call
 {
-    const mzComStringC &name;
+    mzComStringC const &name;
     unsigned int flags;
-    const mzComVariantArrayC &arguments;
+    mzComVariantArrayC const &arguments;
 };
 
 /// The class of that name or object identifier among `list` and its bases, or null.
-const proxyMemberDescListS *findClass(const proxyMemberDescListS &list, const char *name);
+proxyMemberDescListS const *findClass(proxyMemberDescListS const &list, char const *name);
 
 /// proxyObjectC::invokeByName.
-bool invoke(proxyObjectC &object, const Call &call, mzComVariantC &result,
+bool invoke(proxyObjectC &object, Call const &call, mzComVariantC &result,
             mzComPtrT<mzIException> &exception);
 
 } // namespace proxyDispatch

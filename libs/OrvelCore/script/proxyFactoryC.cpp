@@ -12,8 +12,8 @@ namespace {
 
 struct Class
 {
-    const proxyMemberDescListS *list;
-    const void *owner;
+    proxyMemberDescListS const *list;
+    void const *owner;
 };
 
 struct Registry
@@ -21,10 +21,10 @@ struct Registry
     std::mutex mutex;
     std::vector<Class> classes;
 
-    const proxyMemberDescListS *find(const char *identifier) const
+    proxyMemberDescListS const *find(char const *identifier) const
     {
-        for (const Class &known : classes) {
-            const char *own = known.list->objectIdentifier;
+        for (Class const &known : classes) {
+            char const *own = known.list->objectIdentifier;
             if (own != nullptr && std::strcmp(own, identifier) == 0)
                 return known.list;
         }
@@ -47,12 +47,12 @@ proxyFactoryC &proxyFactoryC::instance()
     return factory;
 }
 
-void proxyFactoryC::registerClass(const proxyMemberDescListS *list)
+void proxyFactoryC::registerClass(proxyMemberDescListS const *list)
 {
     Registry &known = registry();
     const Class added = {list, serverEvents::notified()};
     const std::lock_guard<std::mutex> lock(known.mutex);
-    const proxyMemberDescListS *old =
+    proxyMemberDescListS const *old =
         list->objectIdentifier != nullptr ? known.find(list->objectIdentifier) : nullptr;
     for (Class &entry : known.classes) {
         if (entry.list == old || entry.list == list) {
@@ -63,37 +63,37 @@ void proxyFactoryC::registerClass(const proxyMemberDescListS *list)
     known.classes.push_back(added);
 }
 
-mzComPtrT<proxyObjectC> proxyFactoryC::create(const mzIIDS &objectIdentifier) const
+mzComPtrT<proxyObjectC> proxyFactoryC::create(mzIIDS const &objectIdentifier) const
 {
-    const proxyMemberDescListS *list = findClass(objectIdentifier);
+    proxyMemberDescListS const *list = findClass(objectIdentifier);
     if (list == nullptr || list->creator == nullptr)
         return mzComPtrT<proxyObjectC>();
     return mzComPtrT<proxyObjectC>(list->creator());
 }
 
-const proxyMemberDescListS *proxyFactoryC::findClass(const mzIIDS &objectIdentifier) const
+proxyMemberDescListS const *proxyFactoryC::findClass(mzIIDS const &objectIdentifier) const
 {
     Registry &known = registry();
     const std::lock_guard<std::mutex> lock(known.mutex);
     return known.find(objectIdentifier.name);
 }
 
-QVector<const proxyMemberDescListS *> proxyFactoryC::classes() const
+QVector<proxyMemberDescListS const *> proxyFactoryC::classes() const
 {
     Registry &known = registry();
     const std::lock_guard<std::mutex> lock(known.mutex);
-    QVector<const proxyMemberDescListS *> lists;
-    for (const Class &entry : known.classes)
+    QVector<proxyMemberDescListS const *> lists;
+    for (Class const &entry : known.classes)
         lists.append(entry.list);
     return lists;
 }
 
-void classRegistry::removeOwner(const void *owner)
+void classRegistry::removeOwner(void const *owner)
 {
     Registry &known = registry();
     const std::lock_guard<std::mutex> lock(known.mutex);
     known.classes.erase(
         std::remove_if(known.classes.begin(), known.classes.end(),
-                       [owner](const Class &entry) { return entry.owner == owner; }),
+                       [owner](Class const &entry) { return entry.owner == owner; }),
         known.classes.end());
 }

@@ -13,14 +13,14 @@ public:
     /// Makes a class known. A class with the same object identifier takes the place of the old one.
     /// Registered while a library is told of the server's start, it is forgotten again when that
     /// library goes.
-    void registerClass(const proxyMemberDescListS *list);
+    void registerClass(proxyMemberDescListS const *list);
     /// A new object of the class with this object identifier; null if there is none or memory ran
     /// out.
-    mzComPtrT<proxyObjectC> create(const mzIIDS &objectIdentifier) const;
+    mzComPtrT<proxyObjectC> create(mzIIDS const &objectIdentifier) const;
     /// The class with this object identifier, or null.
-    const proxyMemberDescListS *findClass(const mzIIDS &objectIdentifier) const;
+    proxyMemberDescListS const *findClass(mzIIDS const &objectIdentifier) const;
     /// All classes, in the order in which they came.
-    QVector<const proxyMemberDescListS *> classes() const;
+    QVector<proxyMemberDescListS const *> classes() const;
 
 private:
     proxyFactoryC() = default;

@@ -12,9 +12,9 @@ enum proxyMemberKindE { proxyMethod = 1, proxyPropertyRead = 2, proxyPropertyWri
 /// One type of a signature: the same type twice and a null.
 struct proxySignatureTypeS
 {
-    const std::type_info *type;
-    const std::type_info *sameType;
-    const void *null;
+    std::type_info const *type;
+    std::type_info const *sameType;
+    void const *null;
 };
 
 /// Takes the parameters apart, calls the member of `object` and puts the result into `result`.
@@ -27,27 +27,27 @@ using proxyHandlerF = void (*)(proxyObjectC *object, proxyAutoParaListC &paramet
 /// table that can take the arguments serves the call.
 struct proxyMemberDescS
 {
-    const char *name;   ///< script name; "" is the default member, called as the object itself
+    char const *name;   ///< script name; "" is the default member, called as the object itself
     int kind;           ///< one of proxyMemberKindE
     int parameterCount; ///< 0 for a property read, 1 for a property write
     proxyHandlerF handler;
     /// Gives 1 + parameterCount entries: the type of the pointer to the member function, then the
     /// type of each parameter.
-    const proxySignatureTypeS *(*signature)();
-    const char *file; ///< where the member is declared, for diagnostics
+    proxySignatureTypeS const *(*signature)();
+    char const *file; ///< where the member is declared, for diagnostics
     int line;
 };
 
 /// What the core knows of one script class.
 struct proxyMemberDescListS
 {
-    const char *name;                    ///< class name, such as "prxVector3dC"
-    void *(*cast)(const proxyObjectC *); ///< from the base of all proxies to this class
+    char const *name;                    ///< class name, such as "prxVector3dC"
+    void *(*cast)(proxyObjectC const *); ///< from the base of all proxies to this class
     proxyMemberDescListS **baseClasses;  ///< ends with null
     proxyMemberDescS *members;           ///< ends with a null name
-    const char *objectIdentifier;        ///< name for scripts; null: not to be created by name
+    char const *objectIdentifier;        ///< name for scripts; null: not to be created by name
     int flags;                           ///< 0
     proxyObjectC *(*creator)();          ///< makes a default object; null if memory ran out
-    const char *file;
+    char const *file;
     int line;
 };

@@ -14,7 +14,7 @@ std::atomic<int> liveObjects{0};
 proxyMemberDescS noMembers[] = {{nullptr, 0, 0, nullptr, nullptr, nullptr, 0}};
 proxyMemberDescListS *noBases[] = {nullptr};
 
-void *castToProxy(const proxyObjectC *object)
+void *castToProxy(proxyObjectC const *object)
 {
     return const_cast<proxyObjectC *>(object);
 }
@@ -40,7 +40,7 @@ void *proxyObjectC::operator new(std::size_t size) noexcept
 {
     try {
         return orvelAllocate(size);
-    } catch (const std::bad_alloc &) {
+    } catch (std::bad_alloc const &) {
         return nullptr;
     }
 }
@@ -50,7 +50,7 @@ void proxyObjectC::operator delete(void *memory) noexcept
     orvelFree(memory);
 }
 
-const mzIIDS &proxyObjectC::IID()
+mzIIDS const &proxyObjectC::IID()
 {
     static const mzIIDS identifier("proxyObjectC");
     return identifier;
@@ -64,21 +64,21 @@ proxyMemberDescListS *proxyObjectC::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *proxyObjectC::getProxyTypeInfo() const
+proxyMemberDescListS const *proxyObjectC::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
 
-bool proxyObjectC::queryInterface(const mzIIDS &identifier, mzComPtrC &target)
+bool proxyObjectC::queryInterface(mzIIDS const &identifier, mzComPtrC &target)
 {
-    const bool known = identifier == mzIUnknown::IID() ||
+    bool const known = identifier == mzIUnknown::IID() ||
                        proxyDispatch::findClass(*getProxyTypeInfo(), identifier.name) != nullptr;
     target = known ? mzComPtrC(this) : mzComPtrC();
     return known;
 }
 
-bool proxyObjectC::invokeByName(const mzComStringC &name, unsigned int flags,
-                                const mzComVariantArrayC &arguments, mzComVariantC &result,
+bool proxyObjectC::invokeByName(mzComStringC const &name, unsigned int flags,
+                                mzComVariantArrayC const &arguments, mzComVariantC &result,
                                 mzComPtrT<mzIException> &exception)
 {
     return proxyDispatch::invoke(*this, {name, flags, arguments}, result, exception);
@@ -97,14 +97,14 @@ quintptr proxyObjectC::getStickyThreadId(bool claim)
     return owner;
 }
 
-void *proxyObjectC::proxyCast(const mzComStringC &className) const
+void *proxyObjectC::proxyCast(mzComStringC const &className) const
 {
-    const proxyMemberDescListS *list =
+    proxyMemberDescListS const *list =
         proxyDispatch::findClass(*getProxyTypeInfo(), className.utf8());
     return list != nullptr ? list->cast(this) : nullptr;
 }
 
-int proxyObjectC::addRemoteConnection(const mzIIDS &identifier)
+int proxyObjectC::addRemoteConnection(mzIIDS const &identifier)
 {
     mzComPtrC target;
     if (!queryInterface(identifier, target))
@@ -113,7 +113,7 @@ int proxyObjectC::addRemoteConnection(const mzIIDS &identifier)
     return m_remoteConnections.fetch_add(1) + 1;
 }
 
-int proxyObjectC::releaseRemoteConnection(const mzIIDS &identifier,
+int proxyObjectC::releaseRemoteConnection(mzIIDS const &identifier,
                                           mzIComExternalConnectionReleaseStateE state)
 {
     mzComPtrC target; // keeps the object until the end of this function

@@ -27,7 +27,7 @@ class ORVELCORE_EXPORT proxyObjectC : public mzIUnknown
 {
 public:
     /// The identifier "proxyObjectC".
-    static const mzIIDS &IID();
+    static mzIIDS const &IID();
 
     /// On qMalloc, so that a proxy can be released in another module than the one that made it.
     /// When memory runs out a `new` expression gives null and constructs nothing.
@@ -35,11 +35,11 @@ public:
     static void operator delete(void *memory) noexcept;
 
     /// Knows "mzIUnknown" and the names and object identifiers of the object's class and its bases.
-    bool queryInterface(const mzIIDS &identifier, mzComPtrC &target) override;
+    bool queryInterface(mzIIDS const &identifier, mzComPtrC &target) override;
     int addRef() override { return m_references.fetch_add(1, std::memory_order_relaxed) + 1; }
     int release() override
     {
-        const int left = m_references.fetch_sub(1, std::memory_order_acq_rel) - 1;
+        int const left = m_references.fetch_sub(1, std::memory_order_acq_rel) - 1;
         if (left == 0)
             delete this;
         return left;
@@ -52,8 +52,8 @@ public:
     /// is null and the return value is true. Otherwise `exception` tells why, `result` is empty and
     /// the return value is false. Other C++ exceptions of a handler pass through. `result` must not
     /// be one of the arguments.
-    virtual bool invokeByName(const mzComStringC &name, unsigned int flags,
-                              const mzComVariantArrayC &arguments, mzComVariantC &result,
+    virtual bool invokeByName(mzComStringC const &name, unsigned int flags,
+                              mzComVariantArrayC const &arguments, mzComVariantC &result,
                               mzComPtrT<mzIException> &exception);
 
     /// The thread that may call the object's members through invokeByName; 0 as long as none has,
@@ -63,19 +63,19 @@ public:
 
     /// The object as the class called `className`, one of its own class and its bases; null if it
     /// is none of these.
-    virtual void *proxyCast(const mzComStringC &className) const;
+    virtual void *proxyCast(mzComStringC const &className) const;
 
     /// The description of the object's class.
-    virtual const proxyMemberDescListS *getProxyTypeInfo() const;
+    virtual proxyMemberDescListS const *getProxyTypeInfo() const;
 
     virtual ~proxyObjectC();
 
     /// A connection from another process holds a reference. Returns how many connections there are
     /// now; -1, with nothing done, if the object has no such interface.
-    virtual int addRemoteConnection(const mzIIDS &identifier);
+    virtual int addRemoteConnection(mzIIDS const &identifier);
     /// Gives back one connection, or all. Returns how many are left; -1, with nothing done, if
     /// there is none or the object has no such interface. The object may be gone afterwards.
-    virtual int releaseRemoteConnection(const mzIIDS &identifier,
+    virtual int releaseRemoteConnection(mzIIDS const &identifier,
                                         mzIComExternalConnectionReleaseStateE state);
 
     static proxyMemberDescListS *getStaticProxyTypeInfo();

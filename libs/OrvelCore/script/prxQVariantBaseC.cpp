@@ -4,18 +4,18 @@ namespace {
 
 proxyMemberDescS noMembers[] = {{nullptr, 0, 0, nullptr, nullptr, nullptr, 0}};
 
-void *castToValueProxy(const proxyObjectC *object)
+void *castToValueProxy(proxyObjectC const *object)
 {
     return const_cast<proxyObjectC *>(object);
 }
 
-mzComVariantC fromQVariant(const QVariant &value)
+mzComVariantC fromQVariant(QVariant const &value)
 {
     if (!value.isValid())
         return mzComVariantC();
     if (value.userType() == qMetaTypeId<mzComVariantC>())
         return value.value<mzComVariantC>();
-    const bool isText = value.userType() == QMetaType::QString ||
+    bool const isText = value.userType() == QMetaType::QString ||
                         value.userType() == QMetaType::QByteArray ||
                         value.userType() == QMetaType::QChar;
     if (!isText && value.canConvert<double>())
@@ -27,14 +27,14 @@ mzComVariantC fromQVariant(const QVariant &value)
 
 prxQVariantBaseC::prxQVariantBaseC() = default;
 
-prxQVariantBaseC::prxQVariantBaseC(const mzComVariantC &value)
+prxQVariantBaseC::prxQVariantBaseC(mzComVariantC const &value)
     : m_value(value)
 {
 }
 
 prxQVariantBaseC::~prxQVariantBaseC() = default;
 
-const mzIIDS &prxQVariantBaseC::IID()
+mzIIDS const &prxQVariantBaseC::IID()
 {
     static const mzIIDS identifier("prxQVariantBaseC");
     return identifier;
@@ -49,12 +49,12 @@ proxyMemberDescListS *prxQVariantBaseC::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *prxQVariantBaseC::getProxyTypeInfo() const
+proxyMemberDescListS const *prxQVariantBaseC::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
 
-bool prxQVariantBaseC::queryInterface(const mzIIDS &identifier, mzComPtrC &target)
+bool prxQVariantBaseC::queryInterface(mzIIDS const &identifier, mzComPtrC &target)
 {
     // Asked for at every argument that is an object, so it is answered first.
     if (identifier == IID()) {
@@ -74,8 +74,8 @@ int prxQVariantBaseC::release()
     return proxyObjectC::release();
 }
 
-bool prxQVariantBaseC::invokeByName(const mzComStringC &name, unsigned int flags,
-                                    const mzComVariantArrayC &arguments, mzComVariantC &result,
+bool prxQVariantBaseC::invokeByName(mzComStringC const &name, unsigned int flags,
+                                    mzComVariantArrayC const &arguments, mzComVariantC &result,
                                     mzComPtrT<mzIException> &exception)
 {
     return proxyObjectC::invokeByName(name, flags, arguments, result, exception);
@@ -93,7 +93,7 @@ QVariant prxQVariantBaseC::getVariant() const
     return QVariant::fromValue(value);
 }
 
-void prxQVariantBaseC::setVariant(const QVariant &value)
+void prxQVariantBaseC::setVariant(QVariant const &value)
 {
     setComVariant(fromQVariant(value));
 }
@@ -103,7 +103,7 @@ mzComVariantC prxQVariantBaseC::getComVariant() const
     return m_value;
 }
 
-void prxQVariantBaseC::setComVariant(const mzComVariantC &value)
+void prxQVariantBaseC::setComVariant(mzComVariantC const &value)
 {
     m_value = value;
 }

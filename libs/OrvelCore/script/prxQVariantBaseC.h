@@ -9,27 +9,27 @@ class ORVELCORE_EXPORT prxQVariantBaseC : public proxyObjectC
 {
 public:
     /// The identifier "prxQVariantBaseC".
-    static const mzIIDS &IID();
+    static mzIIDS const &IID();
 
     prxQVariantBaseC();
-    explicit prxQVariantBaseC(const mzComVariantC &value);
+    explicit prxQVariantBaseC(mzComVariantC const &value);
     ~prxQVariantBaseC() override;
 
-    bool queryInterface(const mzIIDS &identifier, mzComPtrC &target) override;
+    bool queryInterface(mzIIDS const &identifier, mzComPtrC &target) override;
     int addRef() override;
     int release() override;
-    bool invokeByName(const mzComStringC &name, unsigned int flags,
-                      const mzComVariantArrayC &arguments, mzComVariantC &result,
+    bool invokeByName(mzComStringC const &name, unsigned int flags,
+                      mzComVariantArrayC const &arguments, mzComVariantC &result,
                       mzComPtrT<mzIException> &exception) override;
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
 
     /// The value for Qt: invalid, a double, a QString, or an mzComVariantC for all else.
     virtual QVariant getVariant() const;
     /// Takes what getVariant gives; of other Qt values a number becomes a number, and what has a
     /// text becomes that text.
-    virtual void setVariant(const QVariant &value);
+    virtual void setVariant(QVariant const &value);
     virtual mzComVariantC getComVariant() const;
-    virtual void setComVariant(const mzComVariantC &value);
+    virtual void setComVariant(mzComVariantC const &value);
 
     static proxyMemberDescListS *getStaticProxyTypeInfo();
 

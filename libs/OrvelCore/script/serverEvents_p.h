@@ -4,6 +4,6 @@
 namespace serverEvents {
 
 /// The mzComServerStateEventC that is being told of the server's start on this thread, or null.
-const void *notified();
+void const *notified();
 
 } // namespace serverEvents

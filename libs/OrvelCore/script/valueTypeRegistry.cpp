@@ -16,11 +16,11 @@ struct Registry
 {
     std::mutex mutex;
     std::vector<std::unique_ptr<const Table>> tables;
-    std::atomic<const Table *> current{nullptr};
+    std::atomic<Table const *> current{nullptr};
 
     Table copy() const
     {
-        const Table *table = current.load(std::memory_order_acquire);
+        Table const *table = current.load(std::memory_order_acquire);
         return table != nullptr ? *table : Table();
     }
     void publish(Table table)
@@ -47,13 +47,13 @@ void add(mzComValueMarshalS *record)
         return;
     Table table = types.copy();
     table.push_back({record, record->name(), mzIIDS(), nullptr});
-    const int id = int(table.size());
+    int const id = int(table.size());
     types.publish(std::move(table));
     // Other threads look at the id without the lock.
     __atomic_store_n(&record->id, id, __ATOMIC_RELEASE);
 }
 
-void setProxyClass(int id, const mzIIDS &classIdentifier, const void *owner)
+void setProxyClass(int id, mzIIDS const &classIdentifier, void const *owner)
 {
     Registry &types = registry();
     const std::lock_guard<std::mutex> lock(types.mutex);
@@ -65,7 +65,7 @@ void setProxyClass(int id, const mzIIDS &classIdentifier, const void *owner)
     types.publish(std::move(table));
 }
 
-void removeOwner(const void *owner)
+void removeOwner(void const *owner)
 {
     Registry &types = registry();
     const std::lock_guard<std::mutex> lock(types.mutex);
@@ -81,18 +81,18 @@ void removeOwner(const void *owner)
         types.publish(std::move(table));
 }
 
-const Entry *find(int id)
+Entry const *find(int id)
 {
-    const Table *table = registry().current.load(std::memory_order_acquire);
+    Table const *table = registry().current.load(std::memory_order_acquire);
     if (table == nullptr || id < 1 || std::size_t(id) > table->size())
         return nullptr;
-    const Entry &entry = (*table)[std::size_t(id) - 1];
+    Entry const &entry = (*table)[std::size_t(id) - 1];
     return entry.record != nullptr ? &entry : nullptr;
 }
 
 int count()
 {
-    const Table *table = registry().current.load(std::memory_order_acquire);
+    Table const *table = registry().current.load(std::memory_order_acquire);
     return table != nullptr ? int(table->size()) : 0;
 }
 

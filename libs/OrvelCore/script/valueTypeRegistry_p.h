@@ -9,18 +9,18 @@ namespace valueTypeRegistry {
 /// One registered type. Records of an unloaded library are null.
 struct Entry
 {
-    const mzComValueMarshalS *record = nullptr;
+    mzComValueMarshalS const *record = nullptr;
     mzComStringC name;
     mzIIDS proxyClass;
-    const void *owner = nullptr;
+    void const *owner = nullptr;
 };
 
 void add(mzComValueMarshalS *record);
 /// `owner` is whoever takes the type away again, null for nobody.
-void setProxyClass(int id, const mzIIDS &classIdentifier, const void *owner);
-void removeOwner(const void *owner);
+void setProxyClass(int id, mzIIDS const &classIdentifier, void const *owner);
+void removeOwner(void const *owner);
 /// The entry of `id`, or null.
-const Entry *find(int id);
+Entry const *find(int id);
 int count();
 
 } // namespace valueTypeRegistry

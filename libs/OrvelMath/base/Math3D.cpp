@@ -25,7 +25,7 @@ Factor translation(double x, double y, double z)
 }
 
 // The rotation that takes the z axis to the direction d.
-Factor axisFrame(const Point3D &d)
+Factor axisFrame(Point3D const &d)
 {
     Factor a;
     double const w = std::sqrt(d.y() * d.y() + d.z() * d.z());
@@ -57,12 +57,12 @@ void divideByLength(Point3D &v)
     }
 }
 
-Point3D column(const double (*const m)[4], int i)
+Point3D column(double const (*const m)[4], int i)
 {
     return {m[0][i], m[1][i], m[2][i]};
 }
 
-void setColumn(double (*const m)[4], int i, const Point3D &v)
+void setColumn(double (*const m)[4], int i, Point3D const &v)
 {
     for (int row = 0; row < 3; ++row) {
         m[row][i] = v[row];
@@ -71,8 +71,8 @@ void setColumn(double (*const m)[4], int i, const Point3D &v)
 
 } // namespace
 
-void Math3DMultMatrix(double (*const result)[4], const double (*const a)[4],
-                      const double (*const b)[4])
+void Math3DMultMatrix(double (*const result)[4], double const (*const a)[4],
+                      double const (*const b)[4])
 {
     double product[4][4];
     for (int row = 0; row < 4; ++row) {
@@ -113,7 +113,7 @@ void Math3DScaleMatrix(double (*const m)[4], double x, double y, double z)
     Math3DMultMatrix(m, s.m, m);
 }
 
-void Math3DGetRotateAxisMatrix(const Point3D &point, const Point3D &direction, double (*const m)[4],
+void Math3DGetRotateAxisMatrix(Point3D const &point, Point3D const &direction, double (*const m)[4],
                                double angle)
 {
     Factor const frame = axisFrame(direction);
@@ -186,7 +186,7 @@ void Math3DRefresh(double (&m)[4][4])
     setColumn(m, 2, c);
 }
 
-bool Math3DCompareMatrix(const double (*const a)[4], const double (*const b)[4], double tolerance)
+bool Math3DCompareMatrix(double const (*const a)[4], double const (*const b)[4], double tolerance)
 {
     for (int row = 0; row < 4; ++row) {
         for (int col = 0; col < 4; ++col) {
@@ -198,7 +198,7 @@ bool Math3DCompareMatrix(const double (*const a)[4], const double (*const b)[4],
     return true;
 }
 
-bool Math3DCheckMatrix(const double (*const m)[4])
+bool Math3DCheckMatrix(double const (*const m)[4])
 {
     for (int i = 0; i < 3; ++i) {
         if (std::fabs(column(m, i).Length() - 1.0) > 1e-9) { // a length

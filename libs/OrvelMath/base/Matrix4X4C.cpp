@@ -16,7 +16,7 @@ void readColumnMajor(double (&m)[4][4], const T *values)
 }
 
 template <typename T>
-void writeColumnMajor(const double (&m)[4][4], T *values)
+void writeColumnMajor(double const (&m)[4][4], T *values)
 {
     for (int col = 0; col < 4; ++col) {
         for (int row = 0; row < 4; ++row) {
@@ -26,19 +26,19 @@ void writeColumnMajor(const double (&m)[4][4], T *values)
 }
 
 // A row against (x, y, z, 1), in the order of the library's other point sums: y first.
-double rowTimesPoint(const double (&row)[4], const Point3D &p)
+double rowTimesPoint(double const (&row)[4], Point3D const &p)
 {
     return row[1] * p.y() + row[0] * p.x() + row[2] * p.z() + row[3];
 }
 
-void setColumn(double (&m)[4][4], int i, const Point3D &v)
+void setColumn(double (&m)[4][4], int i, Point3D const &v)
 {
     m[0][i] = v.x();
     m[1][i] = v.y();
     m[2][i] = v.z();
 }
 
-Point3D column(const double (&m)[4][4], int i)
+Point3D column(double const (&m)[4][4], int i)
 {
     return {m[0][i], m[1][i], m[2][i]};
 }
@@ -50,17 +50,17 @@ Matrix4X4C::Matrix4X4C()
     Init();
 }
 
-Matrix4X4C::Matrix4X4C(const double (&values)[4][4])
+Matrix4X4C::Matrix4X4C(double const (&values)[4][4])
 {
     std::memcpy(m_m, values, sizeof m_m);
 }
 
-Matrix4X4C::Matrix4X4C(const matrixC4x4<double> &m)
+Matrix4X4C::Matrix4X4C(matrixC4x4<double> const &m)
 {
     fromMatrixC4x4Dbl(m);
 }
 
-void Matrix4X4C::fromMatrixC4x4Dbl(const matrixC4x4<double> &m)
+void Matrix4X4C::fromMatrixC4x4Dbl(matrixC4x4<double> const &m)
 {
     readColumnMajor(m_m, m.data());
 }
@@ -77,7 +77,7 @@ void Matrix4X4C::Init()
     SetFromDouble(1.0, 0.0, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 0.0, 1.0);
 }
 
-void Matrix4X4C::SetMatrixRef(const double (&values)[4][4])
+void Matrix4X4C::SetMatrixRef(double const (&values)[4][4])
 {
     std::memmove(m_m, values, sizeof m_m);
 }
@@ -92,7 +92,7 @@ double (&Matrix4X4C::GetMatrixRef() const)[4][4]
     return const_cast<Matrix4X4C *>(this)->m_m;
 }
 
-const double (&Matrix4X4C::GetConstMatrixRef() const)[4][4]
+double const (&Matrix4X4C::GetConstMatrixRef() const)[4][4]
 {
     return m_m;
 }
@@ -107,7 +107,7 @@ void Matrix4X4C::SetFromDouble(double m00, double m01, double m02, double m03, d
     SetMatrixRef(values);
 }
 
-void Matrix4X4C::SetFromCoordSystem(const CoordinateSystem &system)
+void Matrix4X4C::SetFromCoordSystem(CoordinateSystem const &system)
 {
     SetMatX(system.xAxis);
     SetMatY(system.yAxis);
@@ -147,22 +147,22 @@ void Matrix4X4C::GetOpenGL(float *const values) const
     writeColumnMajor(m_m, values);
 }
 
-void Matrix4X4C::SetMatX(const Point3D &axis)
+void Matrix4X4C::SetMatX(Point3D const &axis)
 {
     setColumn(m_m, 0, axis);
 }
 
-void Matrix4X4C::SetMatY(const Point3D &axis)
+void Matrix4X4C::SetMatY(Point3D const &axis)
 {
     setColumn(m_m, 1, axis);
 }
 
-void Matrix4X4C::SetMatZ(const Point3D &axis)
+void Matrix4X4C::SetMatZ(Point3D const &axis)
 {
     setColumn(m_m, 2, axis);
 }
 
-void Matrix4X4C::SetMatT(const Point3D &translation)
+void Matrix4X4C::SetMatT(Point3D const &translation)
 {
     setColumn(m_m, 3, translation);
 }
@@ -202,7 +202,7 @@ void Matrix4X4C::Scale(double x, double y, double z)
     Math3DScaleMatrix(m_m, x, y, z);
 }
 
-void Matrix4X4C::CalcRotateAxisMatrix(const Point3D &point, const Point3D &direction, double angle)
+void Matrix4X4C::CalcRotateAxisMatrix(Point3D const &point, Point3D const &direction, double angle)
 {
     Math3DGetRotateAxisMatrix(point, direction, m_m, angle);
 }
@@ -261,24 +261,24 @@ bool Matrix4X4C::IsValidMatrix() const
     return true;
 }
 
-bool Matrix4X4C::operator==(const Matrix4X4C &o) const
+bool Matrix4X4C::operator==(Matrix4X4C const &o) const
 {
     return Math3DCompareMatrix(m_m, o.m_m, 1e-4); // elements
 }
 
-bool Matrix4X4C::operator!=(const Matrix4X4C &o) const
+bool Matrix4X4C::operator!=(Matrix4X4C const &o) const
 {
     return !(*this == o);
 }
 
-Matrix4X4C Matrix4X4C::operator*(const Matrix4X4C &o) const
+Matrix4X4C Matrix4X4C::operator*(Matrix4X4C const &o) const
 {
     Matrix4X4C result{Unwritten()};
     Math3DMultMatrix(result.m_m, m_m, o.m_m);
     return result;
 }
 
-Matrix4X4C &Matrix4X4C::operator*=(const Matrix4X4C &o)
+Matrix4X4C &Matrix4X4C::operator*=(Matrix4X4C const &o)
 {
     Math3DMultMatrix(m_m, m_m, o.m_m);
     return *this;
@@ -295,12 +295,12 @@ Matrix4X4C Matrix4X4C::operator-() const
     return result;
 }
 
-Point3D Matrix4X4C::MultMatrixVector(const Point3D &p) const
+Point3D Matrix4X4C::MultMatrixVector(Point3D const &p) const
 {
     return {rowTimesPoint(m_m[0], p), rowTimesPoint(m_m[1], p), rowTimesPoint(m_m[2], p)};
 }
 
-Point3D Matrix4X4C::MultMatrixVectorRespectW(const Point3D &p) const
+Point3D Matrix4X4C::MultMatrixVectorRespectW(Point3D const &p) const
 {
     double const reciprocal = 1.0 / rowTimesPoint(m_m[3], p);
     return {rowTimesPoint(m_m[0], p) * reciprocal, rowTimesPoint(m_m[1], p) * reciprocal,

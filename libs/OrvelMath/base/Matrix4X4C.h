@@ -10,8 +10,8 @@ class Quaternion4D;
 // the arithmetic.
 
 /// result = a b. The product is formed aside, so `result` may be `a` or `b`.
-ORVELMATH_EXPORT void Math3DMultMatrix(double (*const result)[4], const double (*const a)[4],
-                                       const double (*const b)[4]);
+ORVELMATH_EXPORT void Math3DMultMatrix(double (*const result)[4], double const (*const a)[4],
+                                       double const (*const b)[4]);
 
 /// m = R m with R = Rz(-c) Ry(b) Rx(-a), written with the right-handed rotations about the axes:
 /// the x and the z angle turn opposite to the y angle.
@@ -32,7 +32,7 @@ ORVELMATH_EXPORT void Math3DScaleMatrix(double (*const m)[4], double x, double y
 /// @param direction of any length; a zero direction yields NaN
 /// @param m         written
 /// @param angle     degrees
-ORVELMATH_EXPORT void Math3DGetRotateAxisMatrix(const Point3D &point, const Point3D &direction,
+ORVELMATH_EXPORT void Math3DGetRotateAxisMatrix(Point3D const &point, Point3D const &direction,
                                                 double (*const m)[4], double angle);
 
 /// Inverts in place by Gauss-Jordan elimination without a search for large pivots; a pivot of
@@ -59,12 +59,12 @@ ORVELMATH_EXPORT void Math3DRefresh(double (&m)[4][4]);
 
 /// True when all 16 elements differ by less than `tolerance`, strictly: with 0 no matrix equals
 /// itself. NaN compares unequal.
-ORVELMATH_EXPORT bool Math3DCompareMatrix(const double (*const a)[4], const double (*const b)[4],
+ORVELMATH_EXPORT bool Math3DCompareMatrix(double const (*const a)[4], double const (*const b)[4],
                                           double tolerance);
 
 /// True when the length of each of the three axis columns differs from 1 by no more than 1e-9. Not
 /// a test of orthogonality; a mirror passes, and so does NaN.
-ORVELMATH_EXPORT bool Math3DCheckMatrix(const double (*const m)[4]);
+ORVELMATH_EXPORT bool Math3DCheckMatrix(double const (*const m)[4]);
 
 /// The homogeneous transformation of the library: 16 doubles, row-major. A plain value.
 ///
@@ -74,31 +74,31 @@ class ORVELMATH_EXPORT Matrix4X4C
 public:
     /// The identity.
     Matrix4X4C();
-    Matrix4X4C(const Matrix4X4C &) = default;
-    Matrix4X4C(const double (&values)[4][4]);
+    Matrix4X4C(Matrix4X4C const &) = default;
+    Matrix4X4C(double const (&values)[4][4]);
     /// From the column-major image of the same mathematical matrix.
-    Matrix4X4C(const matrixC4x4<double> &m);
-    Matrix4X4C &operator=(const Matrix4X4C &) = default;
+    Matrix4X4C(matrixC4x4<double> const &m);
+    Matrix4X4C &operator=(Matrix4X4C const &) = default;
 
-    void fromMatrixC4x4Dbl(const matrixC4x4<double> &m);
+    void fromMatrixC4x4Dbl(matrixC4x4<double> const &m);
     /// The column-major image of the same mathematical matrix.
     operator matrixC4x4<double>() const;
 
     /// Sets the identity.
     void Init();
 
-    void SetMatrixRef(const double (&values)[4][4]);
+    void SetMatrixRef(double const (&values)[4][4]);
     void GetMatrixCopy(double (&values)[4][4]) const;
     /// The array itself, to be written through also where the matrix is const.
     double (&GetMatrixRef() const)[4][4];
-    const double (&GetConstMatrixRef() const)[4][4];
+    double const (&GetConstMatrixRef() const)[4][4];
     /// The 16 values row by row.
     void SetFromDouble(double m00, double m01, double m02, double m03, double m10, double m11,
                        double m12, double m13, double m20, double m21, double m22, double m23,
                        double m30, double m31, double m32, double m33);
 
     /// Columns from the axes and the origin; the fourth row becomes (0, 0, 0, 1).
-    void SetFromCoordSystem(const CoordinateSystem &system);
+    void SetFromCoordSystem(CoordinateSystem const &system);
     /// Axes and origin from the top three rows; the leading member is left as it is found.
     CoordinateSystem GetCoordinateSystem() const;
 
@@ -115,10 +115,10 @@ public:
     void GetOpenGL(float *const values) const;
 
     /// Top three elements of the columns: axes and translation.
-    void SetMatX(const Point3D &axis);
-    void SetMatY(const Point3D &axis);
-    void SetMatZ(const Point3D &axis);
-    void SetMatT(const Point3D &translation);
+    void SetMatX(Point3D const &axis);
+    void SetMatY(Point3D const &axis);
+    void SetMatZ(Point3D const &axis);
+    void SetMatT(Point3D const &translation);
     Point3D GetMatX() const;
     Point3D GetMatY() const;
     Point3D GetMatZ() const;
@@ -129,7 +129,7 @@ public:
     void Translate(double x, double y, double z);
     void Scale(double x, double y, double z);
     /// Overwrites the object, see Math3DGetRotateAxisMatrix; degrees.
-    void CalcRotateAxisMatrix(const Point3D &point, const Point3D &direction, double angle);
+    void CalcRotateAxisMatrix(Point3D const &point, Point3D const &direction, double angle);
 
     /// See Math3DInvertMatrix; false leaves the object half reduced.
     bool Invert();
@@ -146,19 +146,19 @@ public:
     bool IsValidMatrix() const;
 
     /// All elements differ by less than 1e-4.
-    bool operator==(const Matrix4X4C &o) const;
-    bool operator!=(const Matrix4X4C &o) const;
-    Matrix4X4C operator*(const Matrix4X4C &o) const;
+    bool operator==(Matrix4X4C const &o) const;
+    bool operator!=(Matrix4X4C const &o) const;
+    Matrix4X4C operator*(Matrix4X4C const &o) const;
     /// this = this times `o`.
-    Matrix4X4C &operator*=(const Matrix4X4C &o);
+    Matrix4X4C &operator*=(Matrix4X4C const &o);
     /// All 16 signs flipped, those of the fourth row as well.
     Matrix4X4C operator-() const;
 
     /// Image of a point; no division by the homogeneous component.
-    Point3D MultMatrixVector(const Point3D &p) const;
+    Point3D MultMatrixVector(Point3D const &p) const;
     /// Image of a point, multiplied by the reciprocal of its homogeneous component, which is not
     /// guarded against 0.
-    Point3D MultMatrixVectorRespectW(const Point3D &p) const;
+    Point3D MultMatrixVectorRespectW(Point3D const &p) const;
 
     ORVELMATH_CLASS_ALLOCATION
 

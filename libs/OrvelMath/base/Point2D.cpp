@@ -18,12 +18,12 @@ double WinVec(double x, double y)
     return angle + 180.0;
 }
 
-double WinVec(const Point2D &v)
+double WinVec(Point2D const &v)
 {
     return WinVec(v.x(), v.y());
 }
 
-double MatUtil::getSquareOfLength(const Point2D &v)
+double MatUtil::getSquareOfLength(Point2D const &v)
 {
     return v.Length2();
 }

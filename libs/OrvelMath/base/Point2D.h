@@ -24,22 +24,22 @@ public:
     {
     }
     /// From two consecutive values, x first.
-    Point2D(const double *xy)
+    Point2D(double const *xy)
         : m_v{xy[0], xy[1]}
     {
     }
-    Point2D(const Point2D &) = default;
-    Point2D(const vectorC2d<double> &v)
+    Point2D(Point2D const &) = default;
+    Point2D(vectorC2d<double> const &v)
         : m_v{v.x(), v.y()}
     {
     }
-    Point2D &operator=(const Point2D &) = default;
-    Point2D &operator=(const vectorC2d<double> &v) { return *this = Point2D(v); }
+    Point2D &operator=(Point2D const &) = default;
+    Point2D &operator=(vectorC2d<double> const &v) { return *this = Point2D(v); }
 
     double &x() { return m_v[0]; }
     double &y() { return m_v[1]; }
-    const double &x() const { return m_v[0]; }
-    const double &y() const { return m_v[1]; }
+    double const &x() const { return m_v[0]; }
+    double const &y() const { return m_v[1]; }
     void x(double value) { m_v[0] = value; }
     void y(double value) { m_v[1] = value; }
     /// Index 0 gives x, any other index y.
@@ -47,14 +47,14 @@ public:
     double &operator[](int i) { return i == 0 ? m_v[0] : m_v[1]; }
 
     /// Exact, without tolerance.
-    int operator==(const Point2D &o) const { return m_v[0] == o.m_v[0] && m_v[1] == o.m_v[1]; }
-    int operator!=(const Point2D &o) const { return !(*this == o); }
+    int operator==(Point2D const &o) const { return m_v[0] == o.m_v[0] && m_v[1] == o.m_v[1]; }
+    int operator!=(Point2D const &o) const { return !(*this == o); }
     /// By x when the difference is not below 1e-4 model units, otherwise by exact y.
-    int operator<(const Point2D &o) const
+    int operator<(Point2D const &o) const
     {
         return sharesColumn(o) ? o.m_v[1] > m_v[1] : o.m_v[0] > m_v[0];
     }
-    int operator>(const Point2D &o) const
+    int operator>(Point2D const &o) const
     {
         return sharesColumn(o) ? m_v[1] > o.m_v[1] : m_v[0] > o.m_v[0];
     }
@@ -96,12 +96,12 @@ public:
 
     /// Both signs flipped, so that 0 becomes -0.
     Point2D operator-() const { return {-m_v[0], -m_v[1]}; }
-    void operator+=(const Point2D &o)
+    void operator+=(Point2D const &o)
     {
         m_v[0] += o.m_v[0];
         m_v[1] += o.m_v[1];
     }
-    void operator-=(const Point2D &o)
+    void operator-=(Point2D const &o)
     {
         m_v[0] -= o.m_v[0];
         m_v[1] -= o.m_v[1];
@@ -121,7 +121,7 @@ public:
     ORVELMATH_CLASS_ALLOCATION
 
 private:
-    bool sharesColumn(const Point2D &o) const
+    bool sharesColumn(Point2D const &o) const
     {
         return std::fabs(o.m_v[0] - m_v[0]) < 1e-4; // a difference of x
     }
@@ -129,16 +129,16 @@ private:
     double m_v[2];
 };
 
-inline Point2D operator+(const Point2D &a, const Point2D &b)
+inline Point2D operator+(Point2D const &a, Point2D const &b)
 {
     return {a.x() + b.x(), a.y() + b.y()};
 }
-inline Point2D operator-(const Point2D &a, const Point2D &b)
+inline Point2D operator-(Point2D const &a, Point2D const &b)
 {
     return {a.x() - b.x(), a.y() - b.y()};
 }
 /// No guard against a zero divisor, where Point3D has one.
-inline Point2D operator/(const Point2D &a, double s)
+inline Point2D operator/(Point2D const &a, double s)
 {
     return {a.x() / s, a.y() / s};
 }
@@ -156,24 +156,24 @@ public:
         : m_v{x, y}
     {
     }
-    Point2Df(const Point2Df &) = default;
+    Point2Df(Point2Df const &) = default;
     /// Narrows each member.
-    Point2Df(const Point2D &p)
+    Point2Df(Point2D const &p)
         : m_v{static_cast<float>(p.x()), static_cast<float>(p.y())}
     {
     }
-    Point2Df(const vectorC2d<double> &v)
+    Point2Df(vectorC2d<double> const &v)
         : m_v{static_cast<float>(v.x()), static_cast<float>(v.y())}
     {
     }
-    Point2Df &operator=(const Point2Df &) = default;
-    Point2Df &operator=(const Point2D &p) { return *this = Point2Df(p); }
-    Point2Df &operator=(const vectorC2d<double> &v) { return *this = Point2Df(v); }
+    Point2Df &operator=(Point2Df const &) = default;
+    Point2Df &operator=(Point2D const &p) { return *this = Point2Df(p); }
+    Point2Df &operator=(vectorC2d<double> const &v) { return *this = Point2Df(v); }
 
     float &x() { return m_v[0]; }
     float &y() { return m_v[1]; }
-    const float &x() const { return m_v[0]; }
-    const float &y() const { return m_v[1]; }
+    float const &x() const { return m_v[0]; }
+    float const &y() const { return m_v[1]; }
     void x(float value) { m_v[0] = value; }
     void y(float value) { m_v[1] = value; }
     /// Index 0 gives x, any other index y.
@@ -181,14 +181,14 @@ public:
     float &operator[](int i) { return i == 0 ? m_v[0] : m_v[1]; }
 
     /// Exact, without tolerance.
-    int operator==(const Point2Df &o) const { return m_v[0] == o.m_v[0] && m_v[1] == o.m_v[1]; }
-    int operator!=(const Point2Df &o) const { return !(*this == o); }
+    int operator==(Point2Df const &o) const { return m_v[0] == o.m_v[0] && m_v[1] == o.m_v[1]; }
+    int operator!=(Point2Df const &o) const { return !(*this == o); }
     /// By x when the difference is not below 1e-4 model units, otherwise by exact y.
-    int operator<(const Point2Df &o) const
+    int operator<(Point2Df const &o) const
     {
         return sharesColumn(o) ? o.m_v[1] > m_v[1] : o.m_v[0] > m_v[0];
     }
-    int operator>(const Point2Df &o) const
+    int operator>(Point2Df const &o) const
     {
         return sharesColumn(o) ? m_v[1] > o.m_v[1] : m_v[0] > o.m_v[0];
     }
@@ -230,12 +230,12 @@ public:
 
     /// Both signs flipped, so that 0 becomes -0.
     Point2Df operator-() const { return {-m_v[0], -m_v[1]}; }
-    void operator+=(const Point2Df &o)
+    void operator+=(Point2Df const &o)
     {
         m_v[0] += o.m_v[0];
         m_v[1] += o.m_v[1];
     }
-    void operator-=(const Point2Df &o)
+    void operator-=(Point2Df const &o)
     {
         m_v[0] -= o.m_v[0];
         m_v[1] -= o.m_v[1];
@@ -255,7 +255,7 @@ public:
     ORVELMATH_CLASS_ALLOCATION
 
 private:
-    bool sharesColumn(const Point2Df &o) const
+    bool sharesColumn(Point2Df const &o) const
     {
         float const difference = o.m_v[0] - m_v[0];
         return std::fabs(static_cast<double>(difference)) < 1e-4; // a difference of x
@@ -265,7 +265,7 @@ private:
 };
 
 /// No guard against a zero divisor.
-inline Point2Df operator/(const Point2Df &a, float s)
+inline Point2Df operator/(Point2Df const &a, float s)
 {
     return {a.x() / s, a.y() / s};
 }
@@ -277,11 +277,11 @@ ORVELMATH_EXPORT Point2D VecWin(double angle);
 /// most 360: the positive x axis itself is 360, never 0. The zero vector gives 90. NaN in either
 /// member gives NaN, except that x = 0 with y NaN gives 90.
 ORVELMATH_EXPORT double WinVec(double x, double y);
-ORVELMATH_EXPORT double WinVec(const Point2D &v);
+ORVELMATH_EXPORT double WinVec(Point2D const &v);
 
 namespace MatUtil {
 
 /// Squared length of `v`, the same computation as Point2D::Length2.
-ORVELMATH_EXPORT double getSquareOfLength(const Point2D &v);
+ORVELMATH_EXPORT double getSquareOfLength(Point2D const &v);
 
 } // namespace MatUtil

@@ -5,7 +5,7 @@
 
 namespace {
 
-const double halfPi = 1.5707963267948966;
+double const halfPi = 1.5707963267948966;
 
 } // namespace
 
@@ -22,17 +22,17 @@ Quaternion4D::Quaternion4D(double x, double y, double z, double w)
 {
 }
 
-Quaternion4D::Quaternion4D(const Matrix4X4C &matrix)
+Quaternion4D::Quaternion4D(Matrix4X4C const &matrix)
 {
     SetMatrix(matrix);
 }
 
-Quaternion4D::Quaternion4D(const Point3D &angles)
+Quaternion4D::Quaternion4D(Point3D const &angles)
 {
     SetEuler(angles);
 }
 
-Quaternion4D::Quaternion4D(const Point3D &axis, double angle)
+Quaternion4D::Quaternion4D(Point3D const &axis, double angle)
 {
     SetRotation(axis, angle);
 }
@@ -55,17 +55,17 @@ void Quaternion4D::SetIdentity()
     *this = Quaternion4D();
 }
 
-void Quaternion4D::SetEuler(const Point3D &angles)
+void Quaternion4D::SetEuler(Point3D const &angles)
 {
-    const double a = angles.x() * 0.5;
-    const double b = angles.y() * 0.5;
-    const double c = angles.z() * 0.5;
-    const double sa = std::sin(a);
-    const double ca = std::cos(a);
-    const double sb = std::sin(b);
-    const double cb = std::cos(b);
-    const double sc = std::sin(c);
-    const double cc = std::cos(c);
+    double const a = angles.x() * 0.5;
+    double const b = angles.y() * 0.5;
+    double const c = angles.z() * 0.5;
+    double const sa = std::sin(a);
+    double const ca = std::cos(a);
+    double const sb = std::sin(b);
+    double const cb = std::cos(b);
+    double const sc = std::sin(c);
+    double const cc = std::cos(c);
     mX = sa * cb * cc - ca * sb * sc;
     mY = ca * sb * cc + sa * cb * sc;
     mZ = ca * cb * sc - sa * sb * cc;
@@ -74,7 +74,7 @@ void Quaternion4D::SetEuler(const Point3D &angles)
 
 void Quaternion4D::GetEuler(double &aboutY, double &aboutZ, double &aboutX)
 {
-    const double halfSine = mX * mY + mZ * mW; // half the sine of the angle about z
+    double const halfSine = mX * mY + mZ * mW; // half the sine of the angle about z
     if (halfSine > 0.499) {
         aboutY = 2.0 * std::atan2(mX, mW);
         aboutZ = halfPi;
@@ -90,10 +90,10 @@ void Quaternion4D::GetEuler(double &aboutY, double &aboutZ, double &aboutX)
     }
 }
 
-void Quaternion4D::SetRotation(const Point3D &axis, double angle)
+void Quaternion4D::SetRotation(Point3D const &axis, double angle)
 {
     const Point3D unitAxis = axis.Normalize();
-    const double sine = std::sin(angle * 0.5);
+    double const sine = std::sin(angle * 0.5);
     mX = unitAxis.x() * sine;
     mY = unitAxis.y() * sine;
     mZ = unitAxis.z() * sine;
@@ -106,20 +106,20 @@ void Quaternion4D::GetAngleAxis(Point3D &axis, double &angle) const
     axis = Point3D(1.0, 0.0, 0.0);
     if (std::fabs(mW) > 1.0)
         return;
-    const double sine = std::sqrt(1.0 - mW * mW);
+    double const sine = std::sqrt(1.0 - mW * mW);
     if (0.0001 > std::fabs(sine)) // sine of half the angle
         return;
     angle = 2.0 * std::acos(mW);
     axis = Point3D(mX / sine, mY / sine, mZ / sine);
 }
 
-void Quaternion4D::SetMatrix(const Matrix4X4C &matrix)
+void Quaternion4D::SetMatrix(Matrix4X4C const &matrix)
 {
-    const double(&m)[4][4] = matrix.GetConstMatrixRef();
-    const double trace = m[0][0] + m[1][1] + m[2][2];
+    double const(&m)[4][4] = matrix.GetConstMatrixRef();
+    double const trace = m[0][0] + m[1][1] + m[2][2];
     if (trace > 0.0) {
-        const double root = std::sqrt(trace + 1.0);
-        const double factor = 0.5 / root;
+        double const root = std::sqrt(trace + 1.0);
+        double const factor = 0.5 / root;
         mW = root * 0.5;
         mX = (m[1][2] - m[2][1]) * factor;
         mY = (m[2][0] - m[0][2]) * factor;
@@ -130,8 +130,8 @@ void Quaternion4D::SetMatrix(const Matrix4X4C &matrix)
     int i = m[1][1] > m[0][0] ? 1 : 0;
     if (m[2][2] > m[i][i])
         i = 2;
-    const int j = (i + 1) % 3;
-    const int k = (j + 1) % 3;
+    int const j = (i + 1) % 3;
+    int const k = (j + 1) % 3;
 
     double vectorPart[3];
     double factor = std::sqrt(m[i][i] - (m[k][k] + m[j][j]) + 1.0);
@@ -148,11 +148,11 @@ void Quaternion4D::SetMatrix(const Matrix4X4C &matrix)
 
 Matrix4X4C Quaternion4D::GetMatrix() const
 {
-    const double x = mX;
-    const double y = mY;
-    const double z = mZ;
-    const double w = mW;
-    const double rows[4][4] = {
+    double const x = mX;
+    double const y = mY;
+    double const z = mZ;
+    double const w = mW;
+    double const rows[4][4] = {
         {1.0 - 2.0 * y * y - 2.0 * z * z, 2.0 * x * y + 2.0 * w * z, 2.0 * x * z - 2.0 * w * y,
          0.0},
         {2.0 * x * y - 2.0 * w * z, 1.0 - 2.0 * x * x - 2.0 * z * z, 2.0 * y * z + 2.0 * w * x,
@@ -164,7 +164,7 @@ Matrix4X4C Quaternion4D::GetMatrix() const
     return Matrix4X4C(rows);
 }
 
-double Quaternion4D::Dot(const Quaternion4D &other) const
+double Quaternion4D::Dot(Quaternion4D const &other) const
 {
     return mY * other.mY + mX * other.mX + mZ * other.mZ + mW * other.mW;
 }
@@ -181,7 +181,7 @@ double Quaternion4D::Length() const
 
 Quaternion4D Quaternion4D::Normal() const
 {
-    const double length = Length();
+    double const length = Length();
     return Quaternion4D(mX / length, mY / length, mZ / length, mW / length);
 }
 
@@ -190,16 +190,16 @@ void Quaternion4D::Normalize()
     *this = Normal();
 }
 
-Quaternion4D Quaternion4D::Slerp(const Quaternion4D &to, double t) const
+Quaternion4D Quaternion4D::Slerp(Quaternion4D const &to, double t) const
 {
-    const double dot = mX * to.mX + mW * to.mW + mY * to.mY + mZ * to.mZ;
-    const bool isOpposite = 0.0 > dot;
-    const double cosine = isOpposite ? -dot : dot;
+    double const dot = mX * to.mX + mW * to.mW + mY * to.mY + mZ * to.mZ;
+    bool const isOpposite = 0.0 > dot;
+    double const cosine = isOpposite ? -dot : dot;
 
     double weightThis = 1.0 - t;
     double weightTo = t;
     if (0.99999 > cosine) { // cosine of half the angle between the rotations
-        const double angle = std::acos(std::max(-1.0, cosine));
+        double const angle = std::acos(std::max(-1.0, cosine));
         weightThis = std::sin((1.0 - t) * angle) / std::sin(angle);
         weightTo = std::sin(angle * t) / std::sin(angle);
     }
@@ -209,7 +209,7 @@ Quaternion4D Quaternion4D::Slerp(const Quaternion4D &to, double t) const
                         weightThis * mZ + weightTo * to.mZ, weightThis * mW + weightTo * to.mW);
 }
 
-Quaternion4D Quaternion4D::Lerp(const Quaternion4D &to, double t) const
+Quaternion4D Quaternion4D::Lerp(Quaternion4D const &to, double t) const
 {
     return Quaternion4D((to.mX - mX) * t + mX, (to.mY - mY) * t + mY, (to.mZ - mZ) * t + mZ,
                         (to.mW - mW) * t + mW);

@@ -23,16 +23,16 @@ public:
     /// The identity (0, 0, 0, 1).
     Quaternion4D();
     Quaternion4D(double x, double y, double z, double w);
-    Quaternion4D(const Quaternion4D &other) = default;
+    Quaternion4D(Quaternion4D const &other) = default;
     /// As SetMatrix.
-    Quaternion4D(const Matrix4X4C &matrix);
+    Quaternion4D(Matrix4X4C const &matrix);
     /// As SetEuler.
-    Quaternion4D(const Point3D &angles);
+    Quaternion4D(Point3D const &angles);
     /// As SetRotation.
-    Quaternion4D(const Point3D &axis, double angle);
+    Quaternion4D(Point3D const &axis, double angle);
     ~Quaternion4D() = default;
 
-    Quaternion4D &operator=(const Quaternion4D &other) = default;
+    Quaternion4D &operator=(Quaternion4D const &other) = default;
 
     void SetComponents(double x, double y, double z, double w);
     void GetComponents(double &x, double &y, double &z, double &w) const;
@@ -40,7 +40,7 @@ public:
     void SetIdentity();
 
     /// Sets the rotation about x, then y, then z by `angles` in radians, each about the fixed axis.
-    void SetEuler(const Point3D &angles);
+    void SetEuler(Point3D const &angles);
 
     /// Reads the quaternion, of unit length, as a rotation about y, then z, then x, and writes the
     /// angles in this order, in radians; not the inverse of SetEuler.
@@ -51,7 +51,7 @@ public:
 
     /// Sets the rotation by `angle` radians about `axis`, of any length. A zero axis gives
     /// (0, 0, 0, cos(angle / 2)).
-    void SetRotation(const Point3D &axis, double angle);
+    void SetRotation(Point3D const &axis, double angle);
 
     /// Writes a unit axis and an angle from 0 to 2 pi.
     ///
@@ -61,14 +61,14 @@ public:
 
     /// Sets the rotation of the 3x3 part of `matrix`, which is the inverse of GetMatrix if that
     /// part is a rotation (K. Shoemake, 1985: by the largest component; on the transpose).
-    void SetMatrix(const Matrix4X4C &matrix);
+    void SetMatrix(Matrix4X4C const &matrix);
 
     /// Returns the transpose of the textbook rotation matrix of (x, y, z, w), with no translation.
     Matrix4X4C GetMatrix() const;
 
     /// The sum of the products of the components; for unit quaternions, the cosine of half the
     /// angle between the rotations.
-    double Dot(const Quaternion4D &other) const;
+    double Dot(Quaternion4D const &other) const;
     double LengthSqr() const;
     double Length() const;
 
@@ -82,10 +82,10 @@ public:
     ///
     /// From |dot product| 0.99999 upward the interpolation is linear; the result is not normalised
     /// there either, and its length may be short of 1 by 2.5e-6.
-    Quaternion4D Slerp(const Quaternion4D &to, double t) const;
+    Quaternion4D Slerp(Quaternion4D const &to, double t) const;
 
     /// Linear interpolation of the components, neither by the shorter way nor normalised.
-    Quaternion4D Lerp(const Quaternion4D &to, double t) const;
+    Quaternion4D Lerp(Quaternion4D const &to, double t) const;
 
 private:
     double mX;

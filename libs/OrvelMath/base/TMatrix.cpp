@@ -9,7 +9,7 @@ TMatrix::TMatrix()
 {
 }
 
-TMatrix::TMatrix(const Point2D &translation)
+TMatrix::TMatrix(Point2D const &translation)
     : mAngleFactor(1.0)
     , mAngleOffset(0.0)
     , mMatrix{{1.0, 0.0, translation.x()}, {0.0, 1.0, translation.y()}, {0.0, 0.0, 1.0}}
@@ -18,9 +18,9 @@ TMatrix::TMatrix(const Point2D &translation)
 
 TMatrix::TMatrix(double angle)
 {
-    const double radians = angle * 3.141592653589793 / 180.0;
-    const double cosine = std::cos(radians);
-    const double sine = std::sin(radians);
+    double const radians = angle * 3.141592653589793 / 180.0;
+    double const cosine = std::cos(radians);
+    double const sine = std::sin(radians);
     setMatrix(cosine, -sine, 0.0, sine, cosine, 0.0, 0.0, 0.0, 1.0, 1.0, angle);
 }
 
@@ -52,7 +52,7 @@ TMatrix::TMatrix(int kind)
 void TMatrix::setMatrix(double m00, double m01, double m02, double m10, double m11, double m12,
                         double m20, double m21, double m22, double factor, double offset)
 {
-    const double elements[3][3] = {{m00, m01, m02}, {m10, m11, m12}, {m20, m21, m22}};
+    double const elements[3][3] = {{m00, m01, m02}, {m10, m11, m12}, {m20, m21, m22}};
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column)
             mMatrix[row][column] = elements[row][column];
@@ -61,7 +61,7 @@ void TMatrix::setMatrix(double m00, double m01, double m02, double m10, double m
     mAngleOffset = offset;
 }
 
-Point2D TMatrix::operator*(const Point2D &point) const
+Point2D TMatrix::operator*(Point2D const &point) const
 {
     return Point2D(mMatrix[0][1] * point.y() + mMatrix[0][0] * point.x() + mMatrix[0][2],
                    mMatrix[1][1] * point.y() + mMatrix[1][0] * point.x() + mMatrix[1][2]);
@@ -72,7 +72,7 @@ double TMatrix::operator*(double angle) const
     return angle * mAngleFactor + mAngleOffset;
 }
 
-TMatrix TMatrix::operator*(const TMatrix &other) const
+TMatrix TMatrix::operator*(TMatrix const &other) const
 {
     TMatrix product;
     product.mAngleFactor = other.mAngleFactor * mAngleFactor;
@@ -88,7 +88,7 @@ TMatrix TMatrix::operator*(const TMatrix &other) const
     return product;
 }
 
-TMatrix &TMatrix::operator*=(const TMatrix &other)
+TMatrix &TMatrix::operator*=(TMatrix const &other)
 {
     *this = *this * other;
     return *this;
@@ -115,13 +115,13 @@ TMatrix TMatrix::operator~() const
         for (int row = 0; row < 3; ++row) {
             if (row == i)
                 continue;
-            const double factor = a[row][i] / a[i][i];
+            double const factor = a[row][i] / a[i][i];
             for (int k = 0; k < 3; ++k) {
                 a[row][k] = a[row][k] - factor * a[i][k];
                 b[i][k] = b[i][k] - b[i][k] * factor; // row i of the companion: see the header
             }
         }
-        const double pivot = a[i][i];
+        double const pivot = a[i][i];
         for (int k = 0; k < 3; ++k) {
             a[i][k] /= pivot;
             b[i][k] /= pivot;
@@ -132,7 +132,7 @@ TMatrix TMatrix::operator~() const
 
 double TMatrix::Laenge(double length) const
 {
-    const double half = std::sqrt(0.5);
+    double const half = std::sqrt(0.5);
     const Point2D diagonal = *this * Point2D(half, half) - *this * Point2D(0.0, 0.0);
     return diagonal.Length() * length;
 }

@@ -14,10 +14,10 @@ class ORVELMATH_EXPORT TMatrix
 public:
     /// The identity.
     TMatrix();
-    TMatrix(const TMatrix &other) = default;
+    TMatrix(TMatrix const &other) = default;
 
     /// The translation by a vector; angles stay.
-    TMatrix(const Point2D &translation);
+    TMatrix(Point2D const &translation);
 
     /// The rotation by `angle` degrees, counter-clockwise. Mind the type of the argument: an
     /// integer selects a mirror.
@@ -39,7 +39,7 @@ public:
     TMatrix(int kind);
 
     ~TMatrix() = default;
-    TMatrix &operator=(const TMatrix &other) = default;
+    TMatrix &operator=(TMatrix const &other) = default;
 
     /// Sets the nine elements, row by row, then the factor and the offset, in degrees, of the angle
     /// map.
@@ -47,16 +47,16 @@ public:
                    double m20, double m21, double m22, double factor, double offset);
 
     /// Returns the image of a point. The third row is not read.
-    Point2D operator*(const Point2D &point) const;
+    Point2D operator*(Point2D const &point) const;
 
     /// Returns the image of a direction angle in degrees, not reduced to one turn.
     double operator*(double angle) const;
 
     /// Returns the transformation that does `other` first and this one after it.
-    TMatrix operator*(const TMatrix &other) const;
+    TMatrix operator*(TMatrix const &other) const;
 
     /// This transformation = this after `other`.
-    TMatrix &operator*=(const TMatrix &other);
+    TMatrix &operator*=(TMatrix const &other);
 
     /// Returns the inverse of a diagonal matrix, and of no other kind: the elimination scales the
     /// pivot row of the companion instead of reducing the other rows, and callers rely on that

@@ -144,8 +144,8 @@ bool triangleIntersectsCuboid(Vector const &a, Vector const &b, Vector const &c,
     const Vector ab = vb - va;
     const Vector bc = vc - vb;
     const Vector ca = va - vc;
-    const CentredScene<0> seenFromX(a, b, c, minCorner, maxCorner);
-    const CentredScene<1> seenFromY(a, b, c, minCorner, maxCorner);
+    CentredScene<0> const seenFromX(a, b, c, minCorner, maxCorner);
+    CentredScene<1> const seenFromY(a, b, c, minCorner, maxCorner);
     if (!seenFromX.edgeAxesMeet(bc, ca, ab) || !seenFromY.edgeAxesMeet(bc, ca, ab))
         return false;
     for (int q = 0; q < 3; ++q) {
@@ -208,10 +208,10 @@ TriangleCuboidIntersector::testHalf(Vector const &minCorner, Vector const &maxCo
         return TriangleCuboidContainsCentroid;
     if (rangesApart(minCorner, maxCorner, Axis))
         return TriangleCuboidDisjoint;
-    const CentredScene<Axis> scene(p0, p1, p2, minCorner, maxCorner);
-    const bool edgesMeet = scene.edgeAxesMeet(e0, e1, e2);
-    const bool planeSeparates = scene.planeSeparates(normal);
-    const bool meets = edgesMeet & !planeSeparates; // no branch between the two
+    CentredScene<Axis> const scene(p0, p1, p2, minCorner, maxCorner);
+    bool const edgesMeet = scene.edgeAxesMeet(e0, e1, e2);
+    bool const planeSeparates = scene.planeSeparates(normal);
+    bool const meets = edgesMeet & !planeSeparates; // no branch between the two
     return meets ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
 }
 
@@ -224,9 +224,9 @@ TriangleCuboidIntersector::testAll(Vector const &minCorner, Vector const &maxCor
     if (rangesApart(minCorner, maxCorner, 0) || rangesApart(minCorner, maxCorner, 1) ||
         rangesApart(minCorner, maxCorner, 2))
         return TriangleCuboidDisjoint;
-    const CentredScene<0> seenFromX(p0, p1, p2, minCorner, maxCorner);
-    const CentredScene<1> seenFromY(p0, p1, p2, minCorner, maxCorner);
-    const bool meets = seenFromX.edgeAxesMeet(e0, e1, e2) && seenFromY.edgeAxesMeet(e0, e1, e2) &&
+    CentredScene<0> const seenFromX(p0, p1, p2, minCorner, maxCorner);
+    CentredScene<1> const seenFromY(p0, p1, p2, minCorner, maxCorner);
+    bool const meets = seenFromX.edgeAxesMeet(e0, e1, e2) && seenFromY.edgeAxesMeet(e0, e1, e2) &&
                        !seenFromX.planeSeparates(normal);
     return meets ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
 }
@@ -235,7 +235,7 @@ TriangleCuboidIntersectionType
 TriangleCuboidIntersector::intersect(Vector const &minCorner, Vector const &maxCorner,
                                      int splitAxis, TriangleCuboidIntersectionType parentType) const
 {
-    const bool parentHoldsCentroid = parentType == TriangleCuboidContainsCentroid;
+    bool const parentHoldsCentroid = parentType == TriangleCuboidContainsCentroid;
     switch (splitAxis) {
     case 0:
         return parentHoldsCentroid ? testHalf<0, true>(minCorner, maxCorner)

@@ -15,9 +15,9 @@ double triangleArea(Point2D const &a, Point2D const &b, Point2D const &c)
 
 int GetDropCoord(Point3D const &normal)
 {
-    const double x = std::fabs(normal.x());
-    const double y = std::fabs(normal.y());
-    const double z = std::fabs(normal.z());
+    double const x = std::fabs(normal.x());
+    double const y = std::fabs(normal.y());
+    double const z = std::fabs(normal.z());
     if (x >= y && x >= z)
         return 1;
     if (y >= x && y >= z)
@@ -45,11 +45,11 @@ bool LineInsideTriangle(Point3D const &t0, Point3D const &t1, Point3D const &t2,
     if (!CalcXLinePlane(p0, p1, t0, normal, crossing, nullptr))
         return false;
 
-    const int drop = GetDropCoord(normal);
+    int const drop = GetDropCoord(normal);
     const Point2D x = DropCoord(crossing, drop);
     const Point2D a = DropCoord(t0, drop);
     const Point2D b = DropCoord(t1, drop);
     const Point2D c = DropCoord(t2, drop);
-    const double sumOfParts = triangleArea(x, b, c) + triangleArea(x, c, a) + triangleArea(x, a, b);
+    double const sumOfParts = triangleArea(x, b, c) + triangleArea(x, c, a) + triangleArea(x, a, b);
     return triangleArea(a, b, c) + tol / 100 >= sumOfParts;
 }

@@ -17,13 +17,13 @@ bool MatUtil::intersectPlanes(vectorC3d<double> const &point1, vectorC3d<double>
                               vectorC3d<double> const &point2, vectorC3d<double> const &normal2,
                               vectorC3d<double> &linePoint, vectorC3d<double> &direction)
 {
-    const double columns[6] = {normal1.x(), normal2.x(), normal1.y(),
+    double const columns[6] = {normal1.x(), normal2.x(), normal1.y(),
                                normal2.y(), normal1.z(), normal2.z()};
-    const double rhs[2] = {normal1.dot(point1), normal2.dot(point2)};
-    const LinearSystemT<2, 3> planes(columns, 1e-12); // normal components
+    double const rhs[2] = {normal1.dot(point1), normal2.dot(point2)};
+    LinearSystemT<2, 3> const planes(columns, 1e-12); // normal components
     double solution[3];
     double nullSpace[9];
-    const int dimension = planes.solve(rhs, solution, nullSpace);
+    int const dimension = planes.solve(rhs, solution, nullSpace);
     linePoint = vectorC3d<double>(solution[0], solution[1], solution[2]);
     if (dimension != 1)
         return false;
@@ -35,11 +35,11 @@ bool MatUtil::intersectLines(vectorC3d<double> const &point1, vectorC3d<double> 
                              vectorC3d<double> const &point2, vectorC3d<double> const &direction2,
                              vectorC3d<double> &point)
 {
-    const double columns[6] = {direction1.x(),  direction1.y(),  direction1.z(),
+    double const columns[6] = {direction1.x(),  direction1.y(),  direction1.z(),
                                -direction2.x(), -direction2.y(), -direction2.z()};
-    const vectorC3d<double> offset = point2 - point1;
-    const double rhs[3] = {offset.x(), offset.y(), offset.z()};
-    const LinearSystemT<3, 2> lines(columns, 1e-12); // direction components
+    vectorC3d<double> const offset = point2 - point1;
+    double const rhs[3] = {offset.x(), offset.y(), offset.z()};
+    LinearSystemT<3, 2> const lines(columns, 1e-12); // direction components
     double parameters[2];
     if (lines.solve(rhs, parameters) != 0)
         return false;
@@ -52,8 +52,8 @@ bool MatUtil::intersectLinePlane(vectorC3d<double> const &linePoint,
                                  vectorC3d<double> const &planePoint,
                                  vectorC3d<double> const &normal, vectorC3d<double> &point)
 {
-    const double numerator = (linePoint - planePoint).dot(normal);
-    const double denominator = normal.dot(direction);
+    double const numerator = (linePoint - planePoint).dot(normal);
+    double const denominator = normal.dot(direction);
     if (1e-5 > std::fabs(denominator)) // sine of the angle, times both lengths
         return false;
     point = linePoint - direction * (numerator / denominator);
@@ -67,7 +67,7 @@ void MatUtil::bisectingPlane(vectorC3d<double> const &point1, vectorC3d<double> 
     vectorC3d<double> linePoint;
     vectorC3d<double> direction;
     if (intersectPlanes(point1, normal1, point2, normal2, linePoint, direction)) {
-        const vectorC3d<double> sum = unitVector((normal1 + normal2) * 0.5);
+        vectorC3d<double> const sum = unitVector((normal1 + normal2) * 0.5);
         normal = unitVector(sum.cross(direction));
         point = linePoint;
     } else {

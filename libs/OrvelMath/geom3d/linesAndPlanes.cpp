@@ -5,12 +5,12 @@
 bool IntersectLinePlane(Point3D const &p0, Point3D const &p1, double A, double B, double C,
                         double D, Point3D &out)
 {
-    const double f0 = A * p0.x() + B * p0.y() + C * p0.z() + D;
-    const double f1 = A * p1.x() + B * p1.y() + C * p1.z() + D;
-    const double denominator = f0 - f1;
+    double const f0 = A * p0.x() + B * p0.y() + C * p0.z() + D;
+    double const f1 = A * p1.x() + B * p1.y() + C * p1.z() + D;
+    double const denominator = f0 - f1;
     if (!(std::fabs(denominator) > 1e-200)) // change of the plane equation; catches NaN
         return false;
-    const double t = f0 / denominator;
+    double const t = f0 / denominator;
     out = p0 + t * (p1 - p0);
     return true;
 }
@@ -23,10 +23,10 @@ bool IntersectLinePlane(Point3D const &p0, Point3D const &p1, Point3D const &nor
         return true;
     }
     const Point3D direction = p1 - p0;
-    const double denominator = direction.Dot(normal);
+    double const denominator = direction.Dot(normal);
     if (std::fabs(denominator) < 1e-200) // sine of the angle, times both lengths
         return false;
-    const double t = (planePoint - p0).Dot(normal) / denominator;
+    double const t = (planePoint - p0).Dot(normal) / denominator;
     out = p0 + t * direction;
     return true;
 }
@@ -34,12 +34,12 @@ bool IntersectLinePlane(Point3D const &p0, Point3D const &p1, Point3D const &nor
 bool CalcXLinePlane(Point3D const &p0, Point3D const &p1, Point3D const &planePoint,
                     Point3D const &normal, Point3D &out, double *t)
 {
-    const double f0 = (planePoint - p0).Dot(normal);
-    const double f1 = (planePoint - p1).Dot(normal);
-    const double denominator = f0 - f1;
+    double const f0 = (planePoint - p0).Dot(normal);
+    double const f1 = (planePoint - p1).Dot(normal);
+    double const denominator = f0 - f1;
     if (std::fabs(denominator) < 1e-9) // sine of the angle, times both lengths
         return false;
-    const double parameter = f0 / denominator;
+    double const parameter = f0 / denominator;
     out = p0 + parameter * (p1 - p0);
     if (t)
         *t = parameter;
@@ -48,7 +48,7 @@ bool CalcXLinePlane(Point3D const &p0, Point3D const &p1, Point3D const &planePo
 
 Point3D ProjectOntoPlane(Point3D const &normal, Point3D const &planePoint, Point3D const &q)
 {
-    const double distance = (planePoint - q).Dot(normal);
+    double const distance = (planePoint - q).Dot(normal);
     return q + distance * normal;
 }
 
@@ -62,7 +62,7 @@ Point3D ProjectOntoLine(Point3D const &direction, Point3D const &linePoint, Poin
                         double &s)
 {
     Point3D offset = q - linePoint;
-    const double length = offset.Length();
+    double const length = offset.Length();
     if (length != 0.0)
         offset = offset / length;
     s = offset.Dot(direction) * length;
@@ -91,7 +91,7 @@ void getPlanarVectors(Point3D const &normal, Point3D &u, Point3D &v)
 bool IntersectLineLine(Point3D const &p1, Point3D const &p2, Point3D const &p3, Point3D const &p4,
                        Point3D &pa, Point3D &pb)
 {
-    const auto isShort = [](Point3D const &d) {
+    auto const isShort = [](Point3D const &d) {
         return std::fabs(d.x()) <= 0.0001 && std::fabs(d.y()) <= 0.0001 &&
                std::fabs(d.z()) <= 0.0001; // lengths
     };
@@ -101,17 +101,17 @@ bool IntersectLineLine(Point3D const &p1, Point3D const &p2, Point3D const &p3, 
     if (isShort(p43) || isShort(p21))
         return false;
 
-    const double d1343 = p13.Dot(p43);
-    const double d4321 = p43.Dot(p21);
-    const double d1321 = p13.Dot(p21);
-    const double d4343 = p43.Dot(p43);
-    const double d2121 = p21.Dot(p21);
-    const double denominator = d2121 * d4343 - d4321 * d4321;
+    double const d1343 = p13.Dot(p43);
+    double const d4321 = p43.Dot(p21);
+    double const d1321 = p13.Dot(p21);
+    double const d4343 = p43.Dot(p43);
+    double const d2121 = p21.Dot(p21);
+    double const denominator = d2121 * d4343 - d4321 * d4321;
     if (std::fabs(denominator) <= 0.0001) // fourth power of a length, absolute
         return false;
 
-    const double ma = (d1343 * d4321 - d1321 * d4343) / denominator;
-    const double mb = (d1343 + d4321 * ma) / d4343;
+    double const ma = (d1343 * d4321 - d1321 * d4343) / denominator;
+    double const mb = (d1343 + d4321 * ma) / d4343;
     const Point3D onFirst = p1 + ma * p21;
     pb = p3 + mb * p43;
     pa = onFirst;

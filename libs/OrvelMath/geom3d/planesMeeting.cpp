@@ -18,7 +18,7 @@ bool IntersectPlanePlane(Point3D const &p1, Point3D const &n1, Point3D const &p2
         return false;
     const Point3D direction = Math3DVektorprodukt(n1, n2);
     const Point3D acrossTheLine = p1 + Math3DVektorprodukt(direction, n1);
-    const bool meet = IntersectLinePlane(p1, acrossTheLine, n2, p2, linePoint);
+    bool const meet = IntersectLinePlane(p1, acrossTheLine, n2, p2, linePoint);
     lineDirection = direction;
     return meet;
 }
@@ -26,12 +26,12 @@ bool IntersectPlanePlane(Point3D const &p1, Point3D const &n1, Point3D const &p2
 bool IntersectThreePlanes(Point3D const &p1, Point3D const &n1, Point3D const &p2,
                           Point3D const &n2, Point3D const &p3, Point3D const &n3, Point3D &out)
 {
-    const double det = determinant(n1, n2, n3);
+    double const det = determinant(n1, n2, n3);
     if (det == 0.0)
         return false;
-    const double d1 = n1.Dot(p1);
-    const double d2 = n2.Dot(p2);
-    const double d3 = n3.Dot(p3);
+    double const d1 = n1.Dot(p1);
+    double const d2 = n2.Dot(p2);
+    double const d3 = n3.Dot(p3);
     out = (d1 * Math3DVektorprodukt(n2, n3) + d2 * Math3DVektorprodukt(n3, n1) +
            d3 * Math3DVektorprodukt(n1, n2)) /
           det;

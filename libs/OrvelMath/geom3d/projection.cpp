@@ -4,7 +4,7 @@ vectorC3d<double> MatUtil::projectPointOntoLine(vectorC3d<double> const &point,
                                                 vectorC3d<double> const &linePoint,
                                                 vectorC3d<double> const &direction)
 {
-    const double t = (point - linePoint).dot(direction) / direction.dot(direction);
+    double const t = (point - linePoint).dot(direction) / direction.dot(direction);
     return linePoint + direction * t;
 }
 
@@ -12,7 +12,7 @@ vectorC3d<double> MatUtil::projectPointOntoPlane(vectorC3d<double> const &point,
                                                  vectorC3d<double> const &planePoint,
                                                  vectorC3d<double> const &normal)
 {
-    const double t = (point - planePoint).dot(normal) / normal.dot(normal);
+    double const t = (point - planePoint).dot(normal) / normal.dot(normal);
     return point - normal * t;
 }
 
@@ -20,7 +20,7 @@ vectorC3d<double> MatUtil::reflectThroughLine(vectorC3d<double> const &point,
                                               vectorC3d<double> const &linePoint,
                                               vectorC3d<double> const &direction)
 {
-    const vectorC3d<double> foot = projectPointOntoLine(point, linePoint, direction);
+    vectorC3d<double> const foot = projectPointOntoLine(point, linePoint, direction);
     return foot + (foot - point);
 }
 
@@ -28,6 +28,6 @@ vectorC3d<double> MatUtil::reflectThroughPlane(vectorC3d<double> const &point,
                                                vectorC3d<double> const &planePoint,
                                                vectorC3d<double> const &normal)
 {
-    const vectorC3d<double> foot = projectPointOntoPlane(point, planePoint, normal);
+    vectorC3d<double> const foot = projectPointOntoPlane(point, planePoint, normal);
     return foot + (foot - point);
 }

@@ -18,7 +18,7 @@ int IntersectLineSphere(Point3D const &p0, Point3D const &p1, Point3D const &cen
 {
     double t1 = 0.0;
     double t2 = 0.0;
-    const int count = IntersectLineSphereDst(p0, p1, centre, radius, t1, t2);
+    int const count = IntersectLineSphereDst(p0, p1, centre, radius, t1, t2);
     if (count == 0)
         return 0;
     const Point3D direction = p1 - p0;
@@ -37,33 +37,33 @@ int IntersectLineCylinder(Point3D const &p0, Point3D const &p1, Point3D const &a
     const Point3D direction = p1 - p0;
     const Point3D fromAxis = p0 - a0;
     const Point3D normal = Math3DVektorprodukt(direction, axis);
-    const double normalLength = normal.Length();
+    double const normalLength = normal.Length();
     if (normalLength == 0.0)
         return 0;
     const Point3D unitNormal = normal / normalLength;
-    const double distance = std::fabs(fromAxis.Dot(unitNormal));
+    double const distance = std::fabs(fromAxis.Dot(unitNormal));
     if (!(radius > distance)) // a tangent line misses
         return 0;
 
-    const double closest = -Math3DVektorprodukt(fromAxis, axis).Dot(unitNormal) / normalLength;
+    double const closest = -Math3DVektorprodukt(fromAxis, axis).Dot(unitNormal) / normalLength;
     const Point3D across = Math3DVektorprodukt(unitNormal, axis).Normalize();
     // The root alone is taken absolutely: the quotient may be negative, and t1 then exceeds t2.
-    const double halfChord =
+    double const halfChord =
         std::fabs(std::sqrt(radius * radius - distance * distance)) / across.Dot(direction);
-    const double first = closest - halfChord;
-    const double second = closest + halfChord;
+    double const first = closest - halfChord;
+    double const second = closest + halfChord;
     const Point3D firstPoint = p0 + first * direction;
     const Point3D secondPoint = p0 + second * direction;
 
     const Point3D inward = axis.Normalize();
     const Point3D outward = (-axis).Normalize();
-    const auto isBetweenEnds = [&](Point3D const &point) {
+    auto const isBetweenEnds = [&](Point3D const &point) {
         return (point - a0).Dot(inward) >= 0.0 && (point - a1).Dot(outward) >= 0.0;
     };
-    const bool firstCounts = isBetweenEnds(firstPoint);
-    const bool secondCounts = isBetweenEnds(secondPoint);
+    bool const firstCounts = isBetweenEnds(firstPoint);
+    bool const secondCounts = isBetweenEnds(secondPoint);
 
-    const bool onlySecondCounts = secondCounts && !firstCounts;
+    bool const onlySecondCounts = secondCounts && !firstCounts;
     t1 = onlySecondCounts ? second : first;
     o1 = onlySecondCounts ? secondPoint : firstPoint;
     t2 = second;

@@ -1,6 +1,6 @@
 #include <OrvelMath/numerics/AlgorithmIF.h>
 
 AlgorithmIF::AlgorithmIF() = default;
-AlgorithmIF::AlgorithmIF(const AlgorithmIF &) = default;
-AlgorithmIF &AlgorithmIF::operator=(const AlgorithmIF &) = default;
+AlgorithmIF::AlgorithmIF(AlgorithmIF const &) = default;
+AlgorithmIF &AlgorithmIF::operator=(AlgorithmIF const &) = default;
 AlgorithmIF::~AlgorithmIF() = default;

@@ -11,8 +11,8 @@ class ORVELMATH_EXPORT AlgorithmIF
 {
 public:
     AlgorithmIF();
-    AlgorithmIF(const AlgorithmIF &);
-    AlgorithmIF &operator=(const AlgorithmIF &);
+    AlgorithmIF(AlgorithmIF const &);
+    AlgorithmIF &operator=(AlgorithmIF const &);
     virtual ~AlgorithmIF();
 
     /// Performs one step. Returns true when the method has finished and false when another step is

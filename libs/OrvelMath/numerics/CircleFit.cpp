@@ -21,7 +21,7 @@ Vector findMean(Points const &points)
         x += p.x();
         y += p.y();
     }
-    const double n = double(points.size());
+    double const n = double(points.size());
     return Vector(x / n, y / n);
 }
 
@@ -31,11 +31,11 @@ double findRoot(double a2, double a1, double a0)
     double x = 0.0;
     double y = a0;
     for (int step = 0; step < 99; ++step) {
-        const double slope = 16.0 * (x * x * x) + 2.0 * a2 * x + a1;
+        double const slope = 16.0 * (x * x * x) + 2.0 * a2 * x + a1;
         if (1e-16 > slope) // P'; signed, so a falling curve stops as well
             break;
-        const double xNew = x - y / slope;
-        const double yNew = 4.0 * (xNew * xNew * xNew * xNew) + a2 * (xNew * xNew) + a1 * xNew + a0;
+        double const xNew = x - y / slope;
+        double const yNew = 4.0 * (xNew * xNew * xNew * xNew) + a2 * (xNew * xNew) + a1 * xNew + a0;
         if (1e-16 > std::fabs(x - xNew) || std::fabs(yNew) > std::fabs(y)) // step; value of P
             break;
         x = xNew;
@@ -49,25 +49,25 @@ double findRoot(double a2, double a1, double a0)
 std::pair<vectorC2d<double>, double>
 MatUtil::kasaFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> const &points)
 {
-    const double n = double(points.size());
+    double const n = double(points.size());
     const Vector mean = findMean(points);
     double uu = 0.0, vv = 0.0, uv = 0.0, zu = 0.0, zv = 0.0;
     for (Vector const &p : points) {
-        const double u = p.x() - mean.x();
-        const double v = p.y() - mean.y();
-        const double z = u * u + v * v;
+        double const u = p.x() - mean.x();
+        double const v = p.y() - mean.y();
+        double const z = u * u + v * v;
         uu += u * u;
         vv += v * v;
         uv += u * v;
         zu += z * u * 0.5;
         zv += z * v * 0.5;
     }
-    const double mxx = uu / n;
-    const double myy = vv / n;
-    const double mxy = uv / n;
+    double const mxx = uu / n;
+    double const myy = vv / n;
+    double const mxy = uv / n;
 
-    const double columns[4] = {mxx, mxy, mxy, myy};
-    const double rhs[2] = {zu / n, zv / n};
+    double const columns[4] = {mxx, mxy, mxy, myy};
+    double const rhs[2] = {zu / n, zv / n};
     double c[2];
     if (LinearSystemT<2, 2>(columns, 1e-12).solve(rhs, c) != 0)
         return noCircle();
@@ -81,13 +81,13 @@ MatUtil::taubinFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<doub
 {
     if (points.size() < 3)
         return noCircle();
-    const double n = double(points.size());
+    double const n = double(points.size());
     const Vector mean = findMean(points);
     double uu = 0.0, vv = 0.0, uv = 0.0, zu = 0.0, zv = 0.0, zz = 0.0;
     for (Vector const &p : points) {
-        const double u = p.x() - mean.x();
-        const double v = p.y() - mean.y();
-        const double z = u * u + v * v;
+        double const u = p.x() - mean.x();
+        double const v = p.y() - mean.y();
+        double const z = u * u + v * v;
         uu += u * u;
         vv += v * v;
         uv += u * v;
@@ -95,21 +95,21 @@ MatUtil::taubinFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<doub
         zv += z * v;
         zz += z * z;
     }
-    const double mxx = uu / n, myy = vv / n, mxy = uv / n;
-    const double mxz = zu / n, myz = zv / n, mzz = zz / n;
+    double const mxx = uu / n, myy = vv / n, mxy = uv / n;
+    double const mxz = zu / n, myz = zv / n, mzz = zz / n;
 
-    const double mz = mxx + myy;
-    const double cov = mxx * myy - mxy * mxy;
-    const double var = mzz - mz * mz;
-    const double a2 = 4.0 * cov - 3.0 * mz * mz - mzz;
-    const double a1 = (var + 4.0 * cov) * mz - mxz * mxz - myz * myz;
-    const double a0 = mxz * (mxz * myy - myz * mxy) + myz * (myz * mxx - mxz * mxy) - var * cov;
-    const double x = findRoot(a2, a1, a0);
+    double const mz = mxx + myy;
+    double const cov = mxx * myy - mxy * mxy;
+    double const var = mzz - mz * mz;
+    double const a2 = 4.0 * cov - 3.0 * mz * mz - mzz;
+    double const a1 = (var + 4.0 * cov) * mz - mxz * mxz - myz * myz;
+    double const a0 = mxz * (mxz * myy - myz * mxy) + myz * (myz * mxx - mxz * mxy) - var * cov;
+    double const x = findRoot(a2, a1, a0);
 
-    const double det = x * x - x * mz + cov;
+    double const det = x * x - x * mz + cov;
     if (minDeterminant > det)
         return noCircle();
-    const double cu = (mxz * (myy - x) - myz * mxy) / (2.0 * det);
-    const double cv = (myz * (mxx - x) - mxz * mxy) / (2.0 * det);
+    double const cu = (mxz * (myy - x) - myz * mxy) / (2.0 * det);
+    double const cv = (myz * (mxx - x) - mxz * mxy) / (2.0 * det);
     return {Vector(cu + mean.x(), cv + mean.y()), std::sqrt(cu * cu + cv * cv + mz - (x + x))};
 }

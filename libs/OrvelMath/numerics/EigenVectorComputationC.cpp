@@ -52,7 +52,7 @@ EigenVectorComputationC::EigenVectorComputationC(matrixC3x3<double> const &matri
         const Vector b(second[0], second[1], second[2]);
         const Vector cross = a.cross(b);
         const Vector m = cross / cross.length();
-        const double score =
+        double const score =
             check(matrix, m, values[1]) + check(matrix, b, values[0]) + check(matrix, a, values[2]);
         if (best > score) { // false for a NaN
             best = score;
@@ -138,9 +138,9 @@ void EigenVectorComputationC::standardize(matrixC3x3<double> &vectors, vectorC3d
     const Vector middle = vectors.axis(2).cross(vectors.axis(0));
     vectors.setAxis(1, middle / middle.length());
 
-    const double difference21 = (values[2] - values[1]) / values[2];
-    const double difference20 = (values[2] - values[0]) / values[2];
-    const double difference10 = (values[1] - values[0]) / values[1];
+    double const difference21 = (values[2] - values[1]) / values[2];
+    double const difference20 = (values[2] - values[0]) / values[2];
+    double const difference10 = (values[1] - values[0]) / values[1];
     orderNearEqual(vectors, 0, 1, difference10);
     orderNearEqual(vectors, 1, 2, difference21);
     orderNearEqual(vectors, 0, 2, difference20);

@@ -20,8 +20,8 @@ namespace Fourier {
 /// Read-only split complex data, or the table of roots.
 struct ComplexIn
 {
-    const double *re;
-    const double *im;
+    double const *re;
+    double const *im;
 };
 
 /// Writable split complex data.
@@ -51,8 +51,8 @@ constexpr int reverseBits(int i, int bits)
 
 /// One butterfly on a number or, lane by lane, on vectors. The inverse takes the conjugate root.
 template <bool Inverse, typename Number>
-ORVEL_INLINE void butterfly(Number &aRe, Number &aIm, Number &bRe, Number &bIm, const Number &wRe,
-                            const Number &wIm)
+ORVEL_INLINE void butterfly(Number &aRe, Number &aIm, Number &bRe, Number &bIm, Number const &wRe,
+                            Number const &wIm)
 {
     const Number dRe = aRe - bRe;
     const Number dIm = aIm - bIm;
@@ -97,7 +97,7 @@ public:
 
     ORVEL_INLINE void load(ComplexIn from, int distance) { load(from, distance, Rows()); }
 
-    ORVEL_INLINE void transform(const Roots &w)
+    ORVEL_INLINE void transform(Roots const &w)
     {
         stage<R>(w, 0, std::make_integer_sequence<int, R / 2>());
     }
@@ -159,7 +159,7 @@ private:
     }
 
     template <int... I>
-    ORVEL_INLINE void scale(const Vector &f, std::integer_sequence<int, I...>)
+    ORVEL_INLINE void scale(Vector const &f, std::integer_sequence<int, I...>)
     {
         ((m_re[I] *= f), ...);
         ((m_im[I] *= f), ...);
@@ -167,7 +167,7 @@ private:
 
     /// The stages of a group of Size rows that begins at row first, the coarsest one first.
     template <int Size, int... I>
-    ORVEL_INLINE void stage(const Roots &w, int first, std::integer_sequence<int, I...>)
+    ORVEL_INLINE void stage(Roots const &w, int first, std::integer_sequence<int, I...>)
     {
         constexpr int Half = Size / 2;
         (butterfly<Inverse>(m_re[first + I], m_im[first + I], m_re[first + I + Half],
@@ -198,7 +198,7 @@ template <int W, bool Inverse>
 ORVEL_INLINE void firstPass(ComplexIn from, ComplexOut to, int n, ComplexIn roots)
 {
     using Columns = Block<W, W, Inverse>;
-    const int columns = n / W;
+    int const columns = n / W;
     for (int p = 0; p < columns; p += W) {
         typename Columns::Roots w = {};
         Columns::laneRoots(w, roots, p, n);
@@ -214,13 +214,13 @@ template <int W, int R, bool Inverse, bool Scaled>
 ORVEL_INLINE void pass(ComplexIn from, ComplexOut to, int n, int groups, ComplexIn roots)
 {
     using Groups = Block<W, R, Inverse>;
-    const int columns = n / R / groups;
+    int const columns = n / R / groups;
     for (int p = 0; p < columns; ++p) {
         typename Groups::Roots w = {};
         Groups::broadcastRoots(w, roots, p * groups, n);
         for (int q = 0; q < groups; q += W) {
-            const int read = p * groups + q;
-            const int written = p * R * groups + q;
+            int const read = p * groups + q;
+            int const written = p * R * groups + q;
             Groups block;
             block.load({from.re + read, from.im + read}, n / R);
             block.transform(w);
@@ -237,9 +237,9 @@ constexpr int smallestSize(int width)
     return width < 8 ? width * 8 : width * width;
 }
 
-inline bool overlap(const double *a, const double *b, int n)
+inline bool overlap(double const *a, double const *b, int n)
 {
-    const std::less<const double *> before;
+    const std::less<double const *> before;
     return before(a, b + n) && before(b, a + n);
 }
 
@@ -256,8 +256,8 @@ template <int W, bool Inverse>
 ORVEL_INLINE void transform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n,
                             ComplexIn roots)
 {
-    const int stages = log2Of(n) - log2Of(W);
-    const bool startsInOut = (stages + 2) / 3 % 2 == 0; // even count of passes after the first
+    int const stages = log2Of(n) - log2Of(W);
+    bool const startsInOut = (stages + 2) / 3 % 2 == 0; // even count of passes after the first
     ComplexOut to = startsInOut ? out : scratch;
     ComplexOut other = startsInOut ? scratch : out;
     if (startsInOut && overlap(in, out, n)) {

@@ -37,14 +37,14 @@ void plainTransform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, Com
 {
     std::memmove(scratch.re, in.re, std::size_t(n) * sizeof(double));
     std::memmove(scratch.im, in.im, std::size_t(n) * sizeof(double));
-    const int stages = log2Of(n);
+    int const stages = log2Of(n);
     int half = n / 2;
     int groups = 1;
     for (int stage = 0; stage < stages; ++stage) {
         for (int g = 0; g < groups; ++g) {
             for (int j = 0; j < half; ++j) {
-                const int a = 2 * half * g + j;
-                const int b = a + half;
+                int const a = 2 * half * g + j;
+                int const b = a + half;
                 butterfly<Inverse>(scratch.re[a], scratch.im[a], scratch.re[b], scratch.im[b],
                                    roots.re[j * groups], roots.im[j * groups]);
             }
@@ -53,7 +53,7 @@ void plainTransform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, Com
         half /= 2;
     }
     for (int i = 0; i < n; ++i) {
-        const int target = reverseBits(i, stages);
+        int const target = reverseBits(i, stages);
         out.re[target] = Inverse ? scratch.re[i] / n : scratch.re[i];
         out.im[target] = Inverse ? scratch.im[i] / n : scratch.im[i];
     }
@@ -63,9 +63,9 @@ template <bool Inverse>
 void run(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
 {
     // The passes keep results in `out` while they still need the roots.
-    const bool inPasses = n > 0 && (n & (n - 1)) == 0 && !overlap(out, roots, n);
+    bool const inPasses = n > 0 && (n & (n - 1)) == 0 && !overlap(out, roots, n);
 #if defined(__x86_64__)
-    const int width = vectorWidth();
+    int const width = vectorWidth();
     if (inPasses && width >= 8 && n >= smallestSize(8))
         return transform8<Inverse>(in, out, scratch, n, roots);
     if (inPasses && width >= 4 && n >= smallestSize(4))
@@ -81,9 +81,9 @@ void run(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn root
 
 void generateRoots(double *re, double *im, int n)
 {
-    const double step = -6.283185307179586 / n;
+    double const step = -6.283185307179586 / n;
     for (int k = 0; k < n; ++k) {
-        const double x = k * step;
+        double const x = k * step;
         re[k] = std::cos(x);
         im[k] = -std::sin(x);
     }

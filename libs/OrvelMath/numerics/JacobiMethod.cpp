@@ -15,8 +15,8 @@ JacobiMethod::JacobiMethod(SymmetricMatrixIF *matrix)
     m_eigenvectors->makeIdentity();
 }
 
-JacobiMethod::JacobiMethod(const JacobiMethod &) = default;
-JacobiMethod &JacobiMethod::operator=(const JacobiMethod &) = default;
+JacobiMethod::JacobiMethod(JacobiMethod const &) = default;
+JacobiMethod &JacobiMethod::operator=(JacobiMethod const &) = default;
 
 JacobiMethod::~JacobiMethod()
 {
@@ -26,14 +26,14 @@ JacobiMethod::~JacobiMethod()
 bool JacobiMethod::iterate()
 {
     ++m_iterations;
-    const double sum = sumOfUpperTriangle();
+    double const sum = sumOfUpperTriangle();
     m_quality = sum;
     if (std::fabs(sum) <= 1e-8) // sum of magnitudes; false for a NaN
         return true;
 
     // Small elements are passed over in the first three sweeps only, although the threshold has a
     // value in the fourth too.
-    const double threshold =
+    double const threshold =
         m_iterations <= 4 ? 0.2 * sum / (double(m_size) * double(m_size)) : 0.0;
     for (unsigned int p = 0; p < m_size; ++p) {
         for (unsigned int q = p + 1; q < m_size; ++q)
@@ -70,10 +70,10 @@ double JacobiMethod::sumOfUpperTriangle()
 
 void JacobiMethod::visit(unsigned int p, unsigned int q, double threshold)
 {
-    const double magnitude = std::fabs(m_matrix->getElement(p, q));
-    const double pMagnitude = std::fabs(m_matrix->getElement(p, p));
-    const double qMagnitude = std::fabs(m_matrix->getElement(q, q));
-    const double g = 100.0 * magnitude;
+    double const magnitude = std::fabs(m_matrix->getElement(p, q));
+    double const pMagnitude = std::fabs(m_matrix->getElement(p, p));
+    double const qMagnitude = std::fabs(m_matrix->getElement(q, q));
+    double const g = 100.0 * magnitude;
     if (m_iterations < 4 && threshold > magnitude)
         return;
     if (pMagnitude + g == pMagnitude && qMagnitude + g == qMagnitude)
@@ -84,21 +84,21 @@ void JacobiMethod::visit(unsigned int p, unsigned int q, double threshold)
 
 void JacobiMethod::rotate(unsigned int p, unsigned int q)
 {
-    const double app = m_matrix->getElement(p, p);
-    const double aqq = m_matrix->getElement(q, q);
-    const double apq = m_matrix->getElement(p, q);
-    const double theta = (aqq - app) / (apq + apq);
-    const double sign = theta < 0.0 ? -1.0 : 1.0;
-    const double t = sign / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
-    const double c = 1.0 / std::sqrt(t * t + 1.0);
-    const double s = c * t;
-    const double tau = s / (1.0 + c);
+    double const app = m_matrix->getElement(p, p);
+    double const aqq = m_matrix->getElement(q, q);
+    double const apq = m_matrix->getElement(p, q);
+    double const theta = (aqq - app) / (apq + apq);
+    double const sign = theta < 0.0 ? -1.0 : 1.0;
+    double const t = sign / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
+    double const c = 1.0 / std::sqrt(t * t + 1.0);
+    double const s = c * t;
+    double const tau = s / (1.0 + c);
 
     m_matrix->setElement(p, q, 0.0);
     m_matrix->setElement(p, p, app - t * apq);
     m_matrix->setElement(q, q, aqq + t * apq);
 
-    const auto turn = [=](MatrixIF *matrix, unsigned int i) {
+    auto const turn = [=](MatrixIF *matrix, unsigned int i) {
         const double g = matrix->getElement(i, p);
         const double h = matrix->getElement(i, q);
         matrix->setElement(i, p, g - s * (g * tau + h));

@@ -22,8 +22,8 @@ class ORVELMATH_EXPORT JacobiMethod : public AlgorithmIF
 public:
     /// Starts on `matrix`, with the identity as eigenvectors.
     explicit JacobiMethod(SymmetricMatrixIF *matrix);
-    JacobiMethod(const JacobiMethod &);
-    JacobiMethod &operator=(const JacobiMethod &);
+    JacobiMethod(JacobiMethod const &);
+    JacobiMethod &operator=(JacobiMethod const &);
     ~JacobiMethod() override;
 
     /// One sweep. Returns true, without rotating, when the magnitudes of the strict upper triangle

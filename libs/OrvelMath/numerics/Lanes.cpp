@@ -3,7 +3,7 @@
 int vectorWidth()
 {
 #if defined(__x86_64__)
-    static const int width = __builtin_cpu_supports("avx512f") ? 8
+    static int const width = __builtin_cpu_supports("avx512f") ? 8
                              : __builtin_cpu_supports("avx2")  ? 4
                                                                : 2;
     return width;

@@ -24,12 +24,12 @@ struct Lanes
     typedef double Vector __attribute__((vector_size(W * sizeof(double))));
     typedef Vector Unaligned __attribute__((aligned(alignof(double)), may_alias));
 
-    static ORVEL_INLINE void load(Vector &v, const double *from)
+    static ORVEL_INLINE void load(Vector &v, double const *from)
     {
-        v = *reinterpret_cast<const Unaligned *>(from);
+        v = *reinterpret_cast<Unaligned const *>(from);
     }
 
-    static ORVEL_INLINE void store(double *to, const Vector &v)
+    static ORVEL_INLINE void store(double *to, Vector const &v)
     {
         *reinterpret_cast<Unaligned *>(to) = v;
     }
@@ -40,20 +40,20 @@ struct Lanes
     }
 
     /// Every second one of the 2W elements of a and b.
-    static ORVEL_INLINE void evens(Vector &v, const Vector &a, const Vector &b)
+    static ORVEL_INLINE void evens(Vector &v, Vector const &a, Vector const &b)
     {
         evens(v, a, b, std::make_integer_sequence<int, W>());
     }
 
     /// a0 b0 a1 b1 ... in the pair (low, high).
-    static ORVEL_INLINE void interleave(Vector &low, Vector &high, const Vector &a, const Vector &b)
+    static ORVEL_INLINE void interleave(Vector &low, Vector &high, Vector const &a, Vector const &b)
     {
         interleave(low, high, a, b, std::make_integer_sequence<int, W>());
     }
 
     /// from[0], from[Step], from[2*Step], ... for a Step of 1, 2 or 4.
     template <int Step>
-    static ORVEL_INLINE void loadEvery(Vector &v, const double *from)
+    static ORVEL_INLINE void loadEvery(Vector &v, double const *from)
     {
         if constexpr (Step == 1) {
             load(v, from);
@@ -92,14 +92,14 @@ private:
     }
 
     template <int... I>
-    static ORVEL_INLINE void evens(Vector &v, const Vector &a, const Vector &b,
+    static ORVEL_INLINE void evens(Vector &v, Vector const &a, Vector const &b,
                                    std::integer_sequence<int, I...>)
     {
         v = __builtin_shufflevector(a, b, (2 * I)...);
     }
 
     template <int... I>
-    static ORVEL_INLINE void interleave(Vector &low, Vector &high, const Vector &a, const Vector &b,
+    static ORVEL_INLINE void interleave(Vector &low, Vector &high, Vector const &a, Vector const &b,
                                         std::integer_sequence<int, I...>)
     {
         low = __builtin_shufflevector(a, b, (I / 2 + I % 2 * W)...);

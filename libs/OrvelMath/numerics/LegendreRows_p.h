@@ -19,7 +19,7 @@ class RowGroup
 
 public:
     /// Adds the products of elements j to j + W - 1 of the rows and of x, in this order.
-    ORVEL_INLINE void add(const double *const *rows, const double *x, int j)
+    ORVEL_INLINE void add(double const *const *rows, double const *x, int j)
     {
         add(rows, x, j, Lane());
     }
@@ -28,7 +28,7 @@ public:
 
 private:
     template <int... I>
-    ORVEL_INLINE void add(const double *const *rows, const double *x, int j,
+    ORVEL_INLINE void add(double const *const *rows, double const *x, int j,
                           std::integer_sequence<int, I...>)
     {
         Vector elements[W];
@@ -37,7 +37,7 @@ private:
         (addProduct(elements[I], x[j + I]), ...);
     }
 
-    ORVEL_INLINE void addProduct(const Vector &elements, double x)
+    ORVEL_INLINE void addProduct(Vector const &elements, double x)
     {
         Vector factor = {};
         L::broadcast(factor, x);
@@ -50,7 +50,7 @@ private:
 /// sums[r] becomes the sum over j of rows[r][j] * x[j], from 0.0 in the order of j. Each sum is one
 /// lane's own, so the rows hide each other's latency while no sum is split.
 template <int W, int... Group>
-ORVEL_INLINE void multiplyRows(const double *const (&rows)[rowsTogether], const double *x, int size,
+ORVEL_INLINE void multiplyRows(double const *const (&rows)[rowsTogether], double const *x, int size,
                                double (&sums)[rowsTogether], std::integer_sequence<int, Group...>)
 {
     RowGroup<W> groups[sizeof...(Group)];
@@ -65,7 +65,7 @@ ORVEL_INLINE void multiplyRows(const double *const (&rows)[rowsTogether], const 
 }
 
 template <int W>
-ORVEL_INLINE void multiplyRows(const double *const (&rows)[rowsTogether], const double *x, int size,
+ORVEL_INLINE void multiplyRows(double const *const (&rows)[rowsTogether], double const *x, int size,
                                double (&sums)[rowsTogether])
 {
     multiplyRows<W>(rows, x, size, sums, std::make_integer_sequence<int, rowsTogether / W>());

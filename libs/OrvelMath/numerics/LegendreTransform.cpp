@@ -9,22 +9,22 @@ using namespace Legendre;
 
 namespace {
 
-using Rows = const double *[rowsTogether];
+using Rows = double const *[rowsTogether];
 
 #if defined(__x86_64__)
 ORVEL_TARGET("avx512f")
-void multiplyRows8(const Rows &rows, const double *x, int size, double (&sums)[rowsTogether])
+void multiplyRows8(Rows const &rows, double const *x, int size, double (&sums)[rowsTogether])
 {
     multiplyRows<8>(rows, x, size, sums);
 }
 #endif
 
-void multiplyRows2(const Rows &rows, const double *x, int size, double (&sums)[rowsTogether])
+void multiplyRows2(Rows const &rows, double const *x, int size, double (&sums)[rowsTogether])
 {
     multiplyRows<2>(rows, x, size, sums);
 }
 
-using Multiply = void (*)(const Rows &, const double *, int, double (&)[rowsTogether]);
+using Multiply = void (*)(Rows const &, double const *, int, double (&)[rowsTogether]);
 
 /// Vectors of four would not be faster than those of two: a transposition across their halves costs
 /// more than it saves.
@@ -43,12 +43,12 @@ void legendreTrafo(double *data, double *result, int size, int order, double con
                    double const *table, double *scratch)
 {
     // sqrt(4*pi) and sqrt(2*pi)
-    const double s = order == 0 ? std::sqrt(12.566370614359172) : std::sqrt(6.283185307179586);
+    double const s = order == 0 ? std::sqrt(12.566370614359172) : std::sqrt(6.283185307179586);
     for (int j = 0; j < size; ++j)
         scratch[j] = s * data[j] * weights[j];
 
     const Multiply multiply = chooseMultiply();
-    const int count = size / 2 - order;
+    int const count = size / 2 - order;
     for (int first = 0; first < count; first += rowsTogether) {
         Rows rows;
         for (int r = 0; r < rowsTogether; ++r) // the last row stands in for those beyond it

@@ -46,7 +46,7 @@ bool divides(int d, int p)
 /// quotient of magnitude below 1 stays 0, since the rule asks for the sign of the truncated one.
 int roundedQuotient(int p, int d)
 {
-    const int q = quotient(p, d);
+    int const q = quotient(p, d);
     if (difference(p, product(q, d)) == 0)
         return q;
     if (d > 0 && q > 0)
@@ -80,13 +80,13 @@ void LinearDiophantineEquationC::init()
     int r0 = m_a, r1 = m_b;
     int s0 = 1, s1 = 0;
     int t0 = 0, t1 = 1;
-    const auto advance = [](int &older, int &newer, int q) {
+    auto const advance = [](int &older, int &newer, int q) {
         const int next = difference(older, product(q, newer));
         older = newer;
         newer = next;
     };
     while (r1 != 0) {
-        const int q = quotient(r0, r1);
+        int const q = quotient(r0, r1);
         advance(r0, r1, q);
         advance(s0, s1, q);
         advance(t0, t1, q);
@@ -102,7 +102,7 @@ bool LinearDiophantineEquationC::solve(int c, int &x, int &y, int &xStep, int &y
 {
     if (!divides(m_g, c))
         return false;
-    const int k = quotient(c, m_g);
+    int const k = quotient(c, m_g);
     x = product(k, m_x0);
     y = product(k, m_y0);
     xStep = m_xStep;
@@ -126,8 +126,8 @@ bool LinearDiophantineEquationC::findSolutionInRange(int c, int xMin, int xMax, 
         std::swap(t1, t2);
     if (t3 > t4)
         std::swap(t3, t4);
-    const int low = std::max(t1, t3);
-    const int high = std::min(t2, t4);
+    int const low = std::max(t1, t3);
+    int const high = std::min(t2, t4);
     if (low > high)
         return false;
     x = sum(product(low, xStep), x1);

@@ -22,7 +22,7 @@ public:
     /// Copies the R*C values of `columns` and reduces them at once. A column whose candidates for
     /// the pivot are not above `epsilon` in magnitude has no pivot (strict: a pivot of exactly
     /// `epsilon` counts as missing, and so does a NaN in the first candidate row).
-    LinearSystemT(const double *columns, double epsilon);
+    LinearSystemT(double const *columns, double epsilon);
 
     /// Solves for the R values of `rhs`. Returns -1 if the system is inconsistent, and otherwise
     /// the dimension of the null space: 0 says that `solution` is the only one.
@@ -34,10 +34,10 @@ public:
     /// zeros only. The three arrays must not overlap.
     ///
     /// A row without pivot is consistent up to 1e-12, whatever the epsilon of the reduction.
-    int solve(const double *rhs, double *solution, double *nullSpace) const;
+    int solve(double const *rhs, double *solution, double *nullSpace) const;
 
     /// The same without the null space.
-    int solve(const double *rhs, double *solution) const;
+    int solve(double const *rhs, double *solution) const;
 
     double reduced[R * C];   ///< the row echelon form U
     double source[R * C];    ///< the matrix as given
@@ -63,12 +63,12 @@ private:
     int reduce(Step *steps);
     int findPivotRow(int column, int firstRow) const;
     void eliminate(int column, Step &step);
-    void applyToTransform(const Step &step);
-    void multiplyTransform(const Step *steps, int count);
+    void applyToTransform(Step const &step);
+    void multiplyTransform(Step const *steps, int count);
 
-    bool isConsistent(const double *y) const;
+    bool isConsistent(double const *y) const;
     int findPivotColumn(int row, int end) const;
-    double backSubstitute(int row, int column, double value, const double *known, int skip) const;
+    double backSubstitute(int row, int column, double value, double const *known, int skip) const;
 };
 
 namespace LinearSystemDetail {
@@ -81,7 +81,7 @@ void setIdentity(double *matrix)
 }
 
 template <int N>
-bool isFinite(const double (&values)[N])
+bool isFinite(double const (&values)[N])
 {
     for (double value : values) {
         if (!std::isfinite(value))
@@ -94,7 +94,7 @@ template <int N>
 void swapRows(double *matrix, int first, int second, int columnCount)
 {
     for (int cell = 0; cell < N * columnCount; cell += N) {
-        const double swapped = matrix[first + cell];
+        double const swapped = matrix[first + cell];
         matrix[first + cell] = matrix[second + cell];
         matrix[second + cell] = swapped;
     }
@@ -103,7 +103,7 @@ void swapRows(double *matrix, int first, int second, int columnCount)
 } // namespace LinearSystemDetail
 
 template <int R, int C>
-LinearSystemT<R, C>::LinearSystemT(const double *columns, double pivotEpsilon)
+LinearSystemT<R, C>::LinearSystemT(double const *columns, double pivotEpsilon)
     : rank(0)
     , determinant(0.0)
     , epsilon(pivotEpsilon)
@@ -111,7 +111,7 @@ LinearSystemT<R, C>::LinearSystemT(const double *columns, double pivotEpsilon)
     for (int cell = 0; cell < R * C; ++cell)
         reduced[cell] = source[cell] = columns[cell];
     Step steps[C];
-    const int stepCount = reduce(steps);
+    int const stepCount = reduce(steps);
     if (!LinearSystemDetail::isFinite(transform))
         multiplyTransform(steps, stepCount);
 }
@@ -126,7 +126,7 @@ int LinearSystemT<R, C>::reduce(Step *steps)
         Step &step = steps[column];
         step.row = rank;
         step.pivotRow = findPivotRow(column, rank);
-        const double pivot = u(step.pivotRow, column);
+        double const pivot = u(step.pivotRow, column);
         step.hasPivot = std::fabs(pivot) > epsilon;
         if (!step.hasPivot) {
             for (int i = rank; i < R; ++i)
@@ -161,18 +161,18 @@ int LinearSystemT<R, C>::findPivotRow(int column, int firstRow) const
 template <int R, int C>
 void LinearSystemT<R, C>::eliminate(int column, Step &step)
 {
-    const int row = step.row;
+    int const row = step.row;
     if (step.pivotRow != row)
         LinearSystemDetail::swapRows<R>(reduced + R * column, row, step.pivotRow, C - column);
 
-    const double pivot = u(row, column);
+    double const pivot = u(row, column);
     step.scale = 1.0 / pivot;
     for (int c = column + 1; c < C; ++c)
         u(row, c) /= pivot;
     u(row, column) = 1.0;
 
     for (int i = row + 1; i < R; ++i) {
-        const double factor = u(i, column);
+        double const factor = u(i, column);
         for (int c = column + 1; c < C; ++c)
             u(i, c) -= u(row, c) * factor;
         u(i, column) = 0.0;
@@ -182,13 +182,13 @@ void LinearSystemT<R, C>::eliminate(int column, Step &step)
 
 /// T = P * T, P being the matrix of the step, without the products with the zeros of P.
 template <int R, int C>
-void LinearSystemT<R, C>::applyToTransform(const Step &step)
+void LinearSystemT<R, C>::applyToTransform(Step const &step)
 {
-    const int row = step.row;
+    int const row = step.row;
     if (step.pivotRow != row)
         LinearSystemDetail::swapRows<R>(transform, row, step.pivotRow, R);
     for (int cell = 0; cell < R * R; cell += R) {
-        const double value = transform[row + cell];
+        double const value = transform[row + cell];
         for (int i = row + 1; i < R; ++i)
             transform[i + cell] += step.multiples[i] * value;
         transform[row + cell] = 0.0 + step.scale * value; // a sum is never a negative zero
@@ -198,10 +198,10 @@ void LinearSystemT<R, C>::applyToTransform(const Step &step)
 /// T once more, by full products. The zeros of P count where T is not finite: they spread NaN from
 /// one row to the others.
 template <int R, int C>
-void LinearSystemT<R, C>::multiplyTransform(const Step *steps, int count)
+void LinearSystemT<R, C>::multiplyTransform(Step const *steps, int count)
 {
     LinearSystemDetail::setIdentity<R>(transform);
-    for (const Step *step = steps; step != steps + count; ++step) {
+    for (Step const *step = steps; step != steps + count; ++step) {
         double operation[R * R];
         LinearSystemDetail::setIdentity<R>(operation);
         if (step->hasPivot) {
@@ -226,7 +226,7 @@ void LinearSystemT<R, C>::multiplyTransform(const Step *steps, int count)
 }
 
 template <int R, int C>
-int LinearSystemT<R, C>::solve(const double *rhs, double *solution, double *nullSpace) const
+int LinearSystemT<R, C>::solve(double const *rhs, double *solution, double *nullSpace) const
 {
     for (int c = 0; c < C; ++c)
         solution[c] = 0.0;
@@ -246,18 +246,18 @@ int LinearSystemT<R, C>::solve(const double *rhs, double *solution, double *null
     int freeColumns[C];
     int freeCount = 0;
     int column = C - 1;
-    const auto takeFreeColumn = [&] {
+    auto const takeFreeColumn = [&] {
         nullSpace[freeCount * C + column] = 1.0;
         freeColumns[freeCount++] = column--;
     };
     for (int row = rank - 1; row >= 0; --row) {
-        const int pivotColumn = findPivotColumn(row, column);
+        int const pivotColumn = findPivotColumn(row, column);
         while (column > pivotColumn)
             takeFreeColumn();
         solution[column] = backSubstitute(row, column, y[row], solution, C);
         for (int t = 0; t < freeCount; ++t) {
             double *const nullVector = nullSpace + t * C;
-            const int skip = freeColumns[t];
+            int const skip = freeColumns[t];
             nullVector[column] = backSubstitute(row, column, -u(row, skip), nullVector, skip);
         }
         --column;
@@ -268,14 +268,14 @@ int LinearSystemT<R, C>::solve(const double *rhs, double *solution, double *null
 }
 
 template <int R, int C>
-int LinearSystemT<R, C>::solve(const double *rhs, double *solution) const
+int LinearSystemT<R, C>::solve(double const *rhs, double *solution) const
 {
     double nullSpace[C * C];
     return solve(rhs, solution, nullSpace);
 }
 
 template <int R, int C>
-bool LinearSystemT<R, C>::isConsistent(const double *y) const
+bool LinearSystemT<R, C>::isConsistent(double const *y) const
 {
     for (int i = R - 1; i >= rank; --i) {
         // residual of a row that the reduction found empty; not the epsilon of the pivots
@@ -298,7 +298,7 @@ int LinearSystemT<R, C>::findPivotColumn(int row, int end) const
 
 /// The unknown of `column` from the equation of `row`, the unknowns right of it being known.
 template <int R, int C>
-double LinearSystemT<R, C>::backSubstitute(int row, int column, double value, const double *known,
+double LinearSystemT<R, C>::backSubstitute(int row, int column, double value, double const *known,
                                            int skip) const
 {
     double sum = 0.0;

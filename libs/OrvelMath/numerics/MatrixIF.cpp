@@ -1,8 +1,8 @@
 #include <OrvelMath/numerics/MatrixIF.h>
 
 MatrixIF::MatrixIF() = default;
-MatrixIF::MatrixIF(const MatrixIF &) = default;
-MatrixIF &MatrixIF::operator=(const MatrixIF &) = default;
+MatrixIF::MatrixIF(MatrixIF const &) = default;
+MatrixIF &MatrixIF::operator=(MatrixIF const &) = default;
 MatrixIF::~MatrixIF() = default;
 
 void MatrixIF::makeIdentity()
@@ -22,6 +22,6 @@ bool MatrixIF::checkBounds(unsigned int index)
 }
 
 SymmetricMatrixIF::SymmetricMatrixIF() = default;
-SymmetricMatrixIF::SymmetricMatrixIF(const SymmetricMatrixIF &) = default;
-SymmetricMatrixIF &SymmetricMatrixIF::operator=(const SymmetricMatrixIF &) = default;
+SymmetricMatrixIF::SymmetricMatrixIF(SymmetricMatrixIF const &) = default;
+SymmetricMatrixIF &SymmetricMatrixIF::operator=(SymmetricMatrixIF const &) = default;
 SymmetricMatrixIF::~SymmetricMatrixIF() = default;

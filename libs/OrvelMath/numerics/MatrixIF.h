@@ -18,8 +18,8 @@ public:
     ORVELMATH_CLASS_ALLOCATION
 
     MatrixIF();
-    MatrixIF(const MatrixIF &);
-    MatrixIF &operator=(const MatrixIF &);
+    MatrixIF(MatrixIF const &);
+    MatrixIF &operator=(MatrixIF const &);
     virtual ~MatrixIF();
 
     /// The element in `row` and `column`, both counted from 0. The concrete matrices give 0.0 when
@@ -50,7 +50,7 @@ class ORVELMATH_EXPORT SymmetricMatrixIF : public MatrixIF
 {
 public:
     SymmetricMatrixIF();
-    SymmetricMatrixIF(const SymmetricMatrixIF &);
-    SymmetricMatrixIF &operator=(const SymmetricMatrixIF &);
+    SymmetricMatrixIF(SymmetricMatrixIF const &);
+    SymmetricMatrixIF &operator=(SymmetricMatrixIF const &);
     ~SymmetricMatrixIF() override;
 };

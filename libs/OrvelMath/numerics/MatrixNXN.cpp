@@ -14,8 +14,8 @@ MatrixNXN::MatrixNXN(unsigned int n)
 {
 }
 
-MatrixNXN::MatrixNXN(const MatrixNXN &) = default;
-MatrixNXN &MatrixNXN::operator=(const MatrixNXN &) = default;
+MatrixNXN::MatrixNXN(MatrixNXN const &) = default;
+MatrixNXN &MatrixNXN::operator=(MatrixNXN const &) = default;
 
 MatrixNXN::~MatrixNXN()
 {
@@ -56,8 +56,8 @@ SymmetricMatrixNXN::SymmetricMatrixNXN(unsigned int n)
 {
 }
 
-SymmetricMatrixNXN::SymmetricMatrixNXN(const SymmetricMatrixNXN &) = default;
-SymmetricMatrixNXN &SymmetricMatrixNXN::operator=(const SymmetricMatrixNXN &) = default;
+SymmetricMatrixNXN::SymmetricMatrixNXN(SymmetricMatrixNXN const &) = default;
+SymmetricMatrixNXN &SymmetricMatrixNXN::operator=(SymmetricMatrixNXN const &) = default;
 SymmetricMatrixNXN::~SymmetricMatrixNXN() = default;
 
 // What was moved from is a matrix of no rows, not one of n rows without cells.
@@ -101,7 +101,7 @@ void SymmetricMatrixNXN::makeIdentity()
 
 void SymmetricMatrixNXN::makeNull()
 {
-    const unsigned int cells = m_size * m_size - (((m_size - 1) * m_size) >> 1);
+    unsigned int const cells = m_size * m_size - (((m_size - 1) * m_size) >> 1);
     std::fill_n(m_elements.begin(), cells, 0.0);
 }
 
@@ -110,6 +110,6 @@ unsigned int SymmetricMatrixNXN::calcIndex(unsigned int i, unsigned int j)
     if (i > j)
         std::swap(i, j);
     // (i - 1) wraps for i = 0, and so does its product with 0 back to 0.
-    const unsigned int rowBase = m_size * i - (((i - 1) * i) >> 1);
+    unsigned int const rowBase = m_size * i - (((i - 1) * i) >> 1);
     return i == j ? rowBase : rowBase - i + j;
 }

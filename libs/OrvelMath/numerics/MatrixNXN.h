@@ -14,8 +14,8 @@ class ORVELMATH_EXPORT MatrixNXN : public MatrixIF
 public:
     /// n rows and n columns of arbitrary values; see makeNull() and makeIdentity().
     explicit MatrixNXN(unsigned int n);
-    MatrixNXN(const MatrixNXN &);
-    MatrixNXN &operator=(const MatrixNXN &);
+    MatrixNXN(MatrixNXN const &);
+    MatrixNXN &operator=(MatrixNXN const &);
     ~MatrixNXN() override;
 
     double getElement(unsigned int row, unsigned int column) override;
@@ -36,9 +36,9 @@ class ORVELMATH_EXPORT SymmetricMatrixNXN : public SymmetricMatrixIF
 public:
     /// n rows and n columns of zeros.
     explicit SymmetricMatrixNXN(unsigned int n);
-    SymmetricMatrixNXN(const SymmetricMatrixNXN &);
+    SymmetricMatrixNXN(SymmetricMatrixNXN const &);
     SymmetricMatrixNXN(SymmetricMatrixNXN &&) noexcept;
-    SymmetricMatrixNXN &operator=(const SymmetricMatrixNXN &);
+    SymmetricMatrixNXN &operator=(SymmetricMatrixNXN const &);
     SymmetricMatrixNXN &operator=(SymmetricMatrixNXN &&) noexcept;
     ~SymmetricMatrixNXN() override;
 

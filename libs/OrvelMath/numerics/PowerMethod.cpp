@@ -10,7 +10,7 @@ void normalize(double *vector, unsigned int size)
     double sum = 0.0;
     for (unsigned int i = 0; i < size; ++i)
         sum += vector[i] * vector[i];
-    const double length = std::sqrt(sum);
+    double const length = std::sqrt(sum);
     for (unsigned int i = 0; i < size; ++i)
         vector[i] /= length;
 }
@@ -33,8 +33,8 @@ PowerMethod::PowerMethod(MatrixIF *matrix, double accuracy)
     m_product = new double[size];
 }
 
-PowerMethod::PowerMethod(const PowerMethod &) = default;
-PowerMethod &PowerMethod::operator=(const PowerMethod &) = default;
+PowerMethod::PowerMethod(PowerMethod const &) = default;
+PowerMethod &PowerMethod::operator=(PowerMethod const &) = default;
 
 PowerMethod::~PowerMethod()
 {
@@ -100,10 +100,10 @@ bool PowerMethod::step()
 
     // A negative eigenvalue turns the vector round at each step. The turn is no movement, but the
     // stored vector keeps it.
-    const double sign = m_eigenvalue < 0.0 ? -1.0 : 1.0;
+    double const sign = m_eigenvalue < 0.0 ? -1.0 : 1.0;
     double squaredDistance = 0.0;
     for (unsigned int i = 0; i < size; ++i) {
-        const double difference = m_vector[i] - sign * m_product[i];
+        double const difference = m_vector[i] - sign * m_product[i];
         squaredDistance += difference * difference;
         m_vector[i] = m_product[i];
     }

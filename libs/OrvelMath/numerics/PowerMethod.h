@@ -17,8 +17,8 @@ class ORVELMATH_EXPORT PowerMethod : public AlgorithmIF
 public:
     /// `accuracy` is the distance of successive unit vectors below which the method has finished.
     PowerMethod(MatrixIF *matrix, double accuracy);
-    PowerMethod(const PowerMethod &);
-    PowerMethod &operator=(const PowerMethod &);
+    PowerMethod(PowerMethod const &);
+    PowerMethod &operator=(PowerMethod const &);
     ~PowerMethod() override;
 
     /// One step; true when the vector moved by less than the accuracy (strict), its sign aside.

@@ -48,7 +48,7 @@ void computeFSTSlow(double *rdata, double *idata, double *rcoeffs, double *icoef
                     double *workspace, bool realData, double const *table, double const *weights,
                     int const *offsets, int bandwidth)
 {
-    const int n = 2 * bandwidth;
+    int const n = 2 * bandwidth;
     const std::ptrdiff_t size = n;
     const Workspace w(workspace, size);
 
@@ -60,7 +60,7 @@ void computeFSTSlow(double *rdata, double *idata, double *rcoeffs, double *icoef
     transpose(w.gridIm, size);
 
     // Row m of the grids now holds Fourier coefficient m, row n - m coefficient -m.
-    const auto transformRow = [&](std::ptrdiff_t row, int order) {
+    auto const transformRow = [&](std::ptrdiff_t row, int order) {
         double const *const orderTable = table + offsets[order];
         legendreTrafo(w.gridRe + row * size, rcoeffs, n, order, weights, orderTable,
                       w.legendreScratch);
@@ -75,7 +75,7 @@ void computeFSTSlow(double *rdata, double *idata, double *rcoeffs, double *icoef
     if (realData)
         return;
     for (int m = bandwidth - 1; m >= 1; --m) {
-        const int count = bandwidth - m;
+        int const count = bandwidth - m;
         transformRow(size - m, m);
         if (m % 2 == 1) {
             for (int l = 0; l < count; ++l) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-unsigned int indexOfLargest(const double *v, unsigned int size)
+unsigned int indexOfLargest(double const *v, unsigned int size)
 {
     unsigned int largest = 0;
     for (unsigned int i = 1; i < size; ++i) {
@@ -24,9 +24,9 @@ void copyWithoutPivot(MatrixIF &full, unsigned int pivot, MatrixIF &reduced)
     if (pivot >= size)
         return;
     for (unsigned int i = 0; i < size; ++i) {
-        const unsigned int row = i < pivot ? i : i + 1;
+        unsigned int const row = i < pivot ? i : i + 1;
         for (unsigned int j = 0; j < size; ++j) {
-            const unsigned int column = j < pivot ? j : j + 1;
+            unsigned int const column = j < pivot ? j : j + 1;
             reduced.setElement(i, j, full.getElement(row, column));
         }
     }
@@ -43,7 +43,7 @@ WielandtMethod::WielandtMethod(MatrixIF *matrix, double lambda, double *eigenvec
     , m_iterations(0)
     , m_eigenvector(nullptr)
 {
-    const double *const v = eigenvector;
+    double const *const v = eigenvector;
     unsigned int size;
     matrix->getSize(size);
     m_pivot = indexOfLargest(v, size);
@@ -62,8 +62,8 @@ WielandtMethod::WielandtMethod(MatrixIF *matrix, double lambda, double *eigenvec
     m_innerMethod = new PowerMethod(m_deflatedMatrix, m_accuracy);
 }
 
-WielandtMethod::WielandtMethod(const WielandtMethod &) = default;
-WielandtMethod &WielandtMethod::operator=(const WielandtMethod &) = default;
+WielandtMethod::WielandtMethod(WielandtMethod const &) = default;
+WielandtMethod &WielandtMethod::operator=(WielandtMethod const &) = default;
 
 WielandtMethod::~WielandtMethod()
 {
@@ -101,10 +101,10 @@ double *WielandtMethod::getEigenvector()
 
     unsigned int reducedSize;
     m_deflatedMatrix->getSize(reducedSize);
-    const unsigned int size = reducedSize + 1;
-    const double mu = m_innerMethod->getEigenvalue();
-    const double lambda = m_knownEigenvalue;
-    const double *const y = m_innerMethod->getEigenvector();
+    unsigned int const size = reducedSize + 1;
+    double const mu = m_innerMethod->getEigenvalue();
+    double const lambda = m_knownEigenvalue;
+    double const *const y = m_innerMethod->getEigenvector();
 
     // y with a zero inserted at the pivot
     double *const w = new double[size];
@@ -120,7 +120,7 @@ double *WielandtMethod::getEigenvector()
         w[i] = (mu - lambda) * w[i] + lambda * dot * m_knownEigenvector[i];
         squaredLength += w[i] * w[i];
     }
-    const double length = std::sqrt(squaredLength);
+    double const length = std::sqrt(squaredLength);
     for (unsigned int i = 0; i < size; ++i)
         w[i] /= length;
 

@@ -19,8 +19,8 @@ public:
     /// Deflates `matrix`, which is only read and not kept, by the pair `lambda` and `eigenvector`
     /// (n components, of any length). `accuracy` is that of the inner PowerMethod. Costs O(n^2).
     WielandtMethod(MatrixIF *matrix, double lambda, double *eigenvector, double accuracy);
-    WielandtMethod(const WielandtMethod &);
-    WielandtMethod &operator=(const WielandtMethod &);
+    WielandtMethod(WielandtMethod const &);
+    WielandtMethod &operator=(WielandtMethod const &);
     ~WielandtMethod() override;
 
     /// One step of the inner PowerMethod, and its answer.

@@ -20,24 +20,24 @@ Matrix shifted(Matrix const &matrix, double value)
 /// The three roots of the characteristic polynomial in trigonometric form, ascending.
 Vector findEigenvalues(Matrix const &matrix)
 {
-    const double q = (matrix(0, 0) + matrix(1, 1) + matrix(2, 2)) / 3.0;
+    double const q = (matrix(0, 0) + matrix(1, 1) + matrix(2, 2)) / 3.0;
     const Matrix b = shifted(matrix, q);
-    const double r = LinearSystemT<3, 3>(b.data(), 1e-12).determinant * 0.5;
+    double const r = LinearSystemT<3, 3>(b.data(), 1e-12).determinant * 0.5;
     double sum = 0.0;
     for (int cell = 0; cell < 9; ++cell)
         sum += b[cell] * b[cell];
-    const double p = sum / 6.0;
+    double const p = sum / 6.0;
 
-    const double scale = std::pow(p, 1.5);
+    double const scale = std::pow(p, 1.5);
     double phi = std::acos(r / scale) * 0.3333333333333333;
     if (std::fabs(r) >= std::fabs(scale))
         phi = 0.0;
     else if (phi < 0.0)
         phi += 1.0471975511965976; // 60 degrees
 
-    const double radius = std::sqrt(p);
-    const double cosine = std::cos(phi);
-    const double sine = std::sqrt(3.0) * std::sin(phi);
+    double const radius = std::sqrt(p);
+    double const cosine = std::cos(phi);
+    double const sine = std::sqrt(3.0) * std::sin(phi);
     Vector e(q + 2 * radius * cosine, q - radius * (cosine + sine), q - radius * (cosine - sine));
     MatUtil::sortVectorComponents(e);
     return e;
@@ -52,10 +52,10 @@ bool EigenVectorAlgorithms::analytic(matrixC3x3<double> const &matrix, Result &r
     int found = 0;
     while (found < 3) {
         // A double eigenvalue gives two null vectors at once, and its second copy is skipped.
-        const LinearSystemT<3, 3> system(shifted(matrix, e[found]).data(), 0.0001);
-        const double zero[3] = {0.0, 0.0, 0.0};
+        LinearSystemT<3, 3> const system(shifted(matrix, e[found]).data(), 0.0001);
+        double const zero[3] = {0.0, 0.0, 0.0};
         double solution[3], nullSpace[9];
-        const int dimension = system.solve(zero, solution, nullSpace);
+        int const dimension = system.solve(zero, solution, nullSpace);
         if (dimension < 1 || found + dimension > 3)
             return false;
         for (int t = 0; t < dimension; ++t) {

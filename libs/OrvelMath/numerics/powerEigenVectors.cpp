@@ -80,7 +80,7 @@ private:
                 return false;
             addRow(pivot, 1.0, helper);
         }
-        const double factor = -m_matrix(row, pivot) / m_matrix(pivot, pivot);
+        double const factor = -m_matrix(row, pivot) / m_matrix(pivot, pivot);
         if (std::fabs(factor) > 1e-12) // a ratio of two elements
             addRow(row, factor, pivot);
         return true;
@@ -91,7 +91,7 @@ private:
         for (int i = 0; i < 3; ++i) {
             if (m_matrix(i, i) == 1.0)
                 continue;
-            const double factor = 1.0 / m_matrix(i, i);
+            double const factor = 1.0 / m_matrix(i, i);
             for (int c = 0; c < 3; ++c) {
                 m_matrix(i, c) = snapped(m_matrix(i, c) * factor);
                 m_inverse(i, c) = snapped(m_inverse(i, c) * factor);
@@ -107,9 +107,9 @@ vectorC3d<double> iteratePowers(matrixC3x3<double> const &matrix)
 {
     vectorC3d<double> v(1.0, 1.0, 1.0);
     for (int pass = 0; pass < 500; ++pass) {
-        const vectorC3d<double> w = matrix * v;
-        const vectorC3d<double> u = w / w.length();
-        const double step = (v - u).length();
+        vectorC3d<double> const w = matrix * v;
+        vectorC3d<double> const u = w / w.length();
+        double const step = (v - u).length();
         v = u;
         if (step < 1e-7) // distance of successive unit vectors
             break;

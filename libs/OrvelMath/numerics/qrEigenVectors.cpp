@@ -33,7 +33,7 @@ Matrix reduce(Matrix const &a, Matrix &basis)
         return reduced;
     }
     const Vector u(0.0, a(1, 0) - alpha, a(2, 0));
-    const double h = (u[1] * u[1] + u[2] * u[2]) * 0.5;
+    double const h = (u[1] * u[1] + u[2] * u[2]) * 0.5;
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column)
             basis(row, column) -= u[row] * u[column] / h;
@@ -55,23 +55,23 @@ double findShift(Matrix const &h)
 {
     // Indices of the smallest and the middle diagonal element for each outcome of the three
     // comparisons; -1 where all are equal or one is a NaN.
-    static const int order[8][2] = {{-1, -1}, {0, 2}, {1, 0}, {0, 1},
+    static int const order[8][2] = {{-1, -1}, {0, 2}, {1, 0}, {0, 1},
                                     {2, 1},   {2, 0}, {1, 2}, {-1, -1}};
-    const int code =
+    int const code =
         (h(0, 0) >= h(2, 2) ? 4 : 0) + (h(2, 2) >= h(1, 1) ? 2 : 0) + (h(1, 1) >= h(0, 0) ? 1 : 0);
-    const int i = order[code][0];
-    const int j = order[code][1];
+    int const i = order[code][0];
+    int const j = order[code][1];
     if (i < 0)
         return 0.0;
 
-    const double b = h(i, i);
-    const double a = h(j, j);
-    const double s = a + b;
-    const double q = h(i, j) * h(j, i);
-    const double d = std::sqrt(std::max(0.0, s * s - 4.0 * (a * b - q)));
-    const double upper = (s + d) / 2;
-    const double lower = (s - d) / 2;
-    const double shift = std::fabs(lower - b) > std::fabs(upper - b) ? upper : lower;
+    double const b = h(i, i);
+    double const a = h(j, j);
+    double const s = a + b;
+    double const q = h(i, j) * h(j, i);
+    double const d = std::sqrt(std::max(0.0, s * s - 4.0 * (a * b - q)));
+    double const upper = (s + d) / 2;
+    double const lower = (s - d) / 2;
+    double const shift = std::fabs(lower - b) > std::fabs(upper - b) ? upper : lower;
     return shift < 0.01 ? 0.0 : shift;
 }
 
@@ -88,21 +88,21 @@ bool rotateRows(Matrix &h, int row, Matrix &rotation)
     rotation = Matrix::identity();
     if (std::fabs(h(row + 1, row)) < 1e-8) // the element that should vanish
         return true;
-    const double x = h(row, row);
-    const double y = h(row + 1, row);
+    double const x = h(row, row);
+    double const y = h(row + 1, row);
     double r = std::sqrt(x * x + y * y);
     if (x < 0.0)
         r = -r;
     if (r == 0.0)
         return false;
-    const double c = x / r;
-    const double s = -y / r;
+    double const c = x / r;
+    double const s = -y / r;
     rotation(row, row) = rotation(row + 1, row + 1) = c;
     rotation(row, row + 1) = -s;
     rotation(row + 1, row) = s;
     for (int column = 0; column < 3; ++column) {
-        const double upper = h(row, column);
-        const double lower = h(row + 1, column);
+        double const upper = h(row, column);
+        double const lower = h(row + 1, column);
         h(row, column) = c * upper - s * lower;
         h(row + 1, column) = s * upper + c * lower;
     }
@@ -126,7 +126,7 @@ bool diagonalize(Matrix &h, Matrix &basis, Vector &eigenvalues)
 {
     for (int counter = 500;; --counter) {
         snapSmallCells(h);
-        const double shift = findShift(h);
+        double const shift = findShift(h);
         addToDiagonal(h, -shift);
 
         Matrix first, second;

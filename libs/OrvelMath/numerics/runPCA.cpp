@@ -14,19 +14,19 @@ Point3D findMean(PValOrderedVector<Point3D> const &points)
         y += p.y();
         z += p.z();
     }
-    const double n = points.size();
+    double const n = points.size();
     return Point3D(x / n, y / n, z / n);
 }
 
 void fillCovariance(SymmetricMatrixNXN &covariance, PValOrderedVector<Point3D> const &points,
                     Point3D const &mean)
 {
-    const double mx = mean.x(), my = mean.y(), mz = mean.z();
+    double const mx = mean.x(), my = mean.y(), mz = mean.z();
     double xx = 0.0, yy = 0.0, zz = 0.0, xy = 0.0, xz = 0.0, yz = 0.0;
     for (Point3D const &p : points) {
-        const double dx = p.x() - mx;
-        const double dy = p.y() - my;
-        const double dz = p.z() - mz;
+        double const dx = p.x() - mx;
+        double const dy = p.y() - my;
+        double const dz = p.z() - mz;
         xx += dx * dx;
         yy += dy * dy;
         zz += dz * dz;
@@ -34,7 +34,7 @@ void fillCovariance(SymmetricMatrixNXN &covariance, PValOrderedVector<Point3D> c
         xz += dz * dx;
         yz += dy * dz;
     }
-    const double divisor = points.size() - 1;
+    double const divisor = points.size() - 1;
     covariance.setElement(0, 0, xx / divisor);
     covariance.setElement(0, 1, xy / divisor);
     covariance.setElement(0, 2, xz / divisor);

@@ -13,7 +13,7 @@ namespace proxyMember {
 
 /// The parameter as a `T`; throws the type-cast exception if it is none.
 template <typename T>
-T parameter(const proxyAutoTypeCastC &cast, bool lenient)
+T parameter(proxyAutoTypeCastC const &cast, bool lenient)
 {
     if constexpr (std::is_same_v<T, double> || std::is_same_v<T, mzComStringC>) {
         return cast.get<T>(lenient);
@@ -53,7 +53,7 @@ struct Call
                std::index_sequence_for<A...>());
     }
 
-    static const proxySignatureTypeS *signature()
+    static proxySignatureTypeS const *signature()
     {
         static const proxySignatureTypeS types[] = {
             {&typeid(decltype(Member)), &typeid(decltype(Member)), nullptr},
@@ -90,7 +90,7 @@ struct CallOf<Member> : Call<Member, C, std::decay_t<A>...>
 inline constexpr char sourceName[] = "proxymath";
 
 template <auto Member>
-constexpr proxyMemberDescS method(const char *name, int line)
+constexpr proxyMemberDescS method(char const *name, int line)
 {
     using Called = CallOf<Member>;
     return {name,       proxyMethod, Called::parameterCount, Called::handler, Called::signature,
@@ -98,7 +98,7 @@ constexpr proxyMemberDescS method(const char *name, int line)
 }
 
 template <auto Getter>
-constexpr proxyMemberDescS read(const char *name, int line)
+constexpr proxyMemberDescS read(char const *name, int line)
 {
     using Called = CallOf<Getter>;
     static_assert(Called::parameterCount == 0);
@@ -106,7 +106,7 @@ constexpr proxyMemberDescS read(const char *name, int line)
 }
 
 template <auto Setter>
-constexpr proxyMemberDescS write(const char *name, int line)
+constexpr proxyMemberDescS write(char const *name, int line)
 {
     using Called = CallOf<Setter>;
     static_assert(Called::parameterCount == 1);

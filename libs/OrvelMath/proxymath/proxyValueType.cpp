@@ -12,13 +12,13 @@ mzComStringC typeName()
 }
 
 template <typename T>
-void *create(const void *from)
+void *create(void const *from)
 {
     return from != nullptr ? new T(*static_cast<const T *>(from)) : new T();
 }
 
 template <typename T>
-void copy(const void *from, void *to)
+void copy(void const *from, void *to)
 {
     *static_cast<T *>(to) = *static_cast<const T *>(from);
 }
@@ -39,7 +39,7 @@ bool read(void *value, mzComDataStreamC &stream)
 }
 
 template <typename T>
-bool write(const void *value, mzComDataStreamC &stream)
+bool write(void const *value, mzComDataStreamC &stream)
 {
     const T &source = *static_cast<const T *>(value);
     for (int i = 0; i < doubleCount<T>; ++i)

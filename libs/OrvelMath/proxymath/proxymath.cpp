@@ -18,7 +18,7 @@ proxyObjectC *makeDefault()
     return new X;
 }
 
-mzIIDS identifierOf(const proxyMemberDescListS &list)
+mzIIDS identifierOf(proxyMemberDescListS const &list)
 {
     return mzIIDS(list.objectIdentifier != nullptr ? list.objectIdentifier : list.name);
 }
@@ -34,7 +34,7 @@ void skalarHandler(proxyObjectC *object, proxyAutoParaListC &parameters, proxyAu
 }
 
 template <typename P>
-const proxySignatureTypeS *skalarSignature()
+proxySignatureTypeS const *skalarSignature()
 {
     using V = typename P::ValueType;
     using Function = double (P::*)(const V &) const;
@@ -94,7 +94,7 @@ proxyMemberDescListS *prxVector3dC::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *prxVector3dC::getProxyTypeInfo() const
+proxyMemberDescListS const *prxVector3dC::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
@@ -105,7 +105,7 @@ proxyMemberDescListS **prxVector3dC::getStaticBaseClasses()
     return bases;
 }
 
-const mzIIDS &prxVector3dC::OID()
+mzIIDS const &prxVector3dC::OID()
 {
     static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
     return identifier;
@@ -116,7 +116,7 @@ mzComStringC prxVector3dC::getObjectName()
     return getStaticProxyTypeInfo()->name;
 }
 
-void *prxVector3dC::_castTo(const proxyObjectC *object)
+void *prxVector3dC::_castTo(proxyObjectC const *object)
 {
     return const_cast<proxyObjectC *>(object);
 }
@@ -159,7 +159,7 @@ proxyMemberDescListS *prxVector2dC::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *prxVector2dC::getProxyTypeInfo() const
+proxyMemberDescListS const *prxVector2dC::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
@@ -170,7 +170,7 @@ proxyMemberDescListS **prxVector2dC::getStaticBaseClasses()
     return bases;
 }
 
-const mzIIDS &prxVector2dC::OID()
+mzIIDS const &prxVector2dC::OID()
 {
     static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
     return identifier;
@@ -181,7 +181,7 @@ mzComStringC prxVector2dC::getObjectName()
     return getStaticProxyTypeInfo()->name;
 }
 
-void *prxVector2dC::_castTo(const proxyObjectC *object)
+void *prxVector2dC::_castTo(proxyObjectC const *object)
 {
     return const_cast<proxyObjectC *>(object);
 }
@@ -221,7 +221,7 @@ proxyMemberDescListS *prxMatrix3x3C::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *prxMatrix3x3C::getProxyTypeInfo() const
+proxyMemberDescListS const *prxMatrix3x3C::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
@@ -232,7 +232,7 @@ proxyMemberDescListS **prxMatrix3x3C::getStaticBaseClasses()
     return bases;
 }
 
-const mzIIDS &prxMatrix3x3C::OID()
+mzIIDS const &prxMatrix3x3C::OID()
 {
     static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
     return identifier;
@@ -243,7 +243,7 @@ mzComStringC prxMatrix3x3C::getObjectName()
     return getStaticProxyTypeInfo()->name;
 }
 
-void *prxMatrix3x3C::_castTo(const proxyObjectC *object)
+void *prxMatrix3x3C::_castTo(proxyObjectC const *object)
 {
     return const_cast<proxyObjectC *>(object);
 }
@@ -290,7 +290,7 @@ proxyMemberDescListS *prxMatrix4x4C::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *prxMatrix4x4C::getProxyTypeInfo() const
+proxyMemberDescListS const *prxMatrix4x4C::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
@@ -301,7 +301,7 @@ proxyMemberDescListS **prxMatrix4x4C::getStaticBaseClasses()
     return bases;
 }
 
-const mzIIDS &prxMatrix4x4C::OID()
+mzIIDS const &prxMatrix4x4C::OID()
 {
     static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
     return identifier;
@@ -312,7 +312,7 @@ mzComStringC prxMatrix4x4C::getObjectName()
     return getStaticProxyTypeInfo()->name;
 }
 
-void *prxMatrix4x4C::_castTo(const proxyObjectC *object)
+void *prxMatrix4x4C::_castTo(proxyObjectC const *object)
 {
     return const_cast<proxyObjectC *>(object);
 }
@@ -344,7 +344,7 @@ proxyMemberDescListS *prxMathFactoryC::getStaticProxyTypeInfo()
     return &list;
 }
 
-const proxyMemberDescListS *prxMathFactoryC::getProxyTypeInfo() const
+proxyMemberDescListS const *prxMathFactoryC::getProxyTypeInfo() const
 {
     return getStaticProxyTypeInfo();
 }
@@ -355,7 +355,7 @@ proxyMemberDescListS **prxMathFactoryC::getStaticBaseClasses()
     return bases;
 }
 
-const mzIIDS &prxMathFactoryC::OID()
+mzIIDS const &prxMathFactoryC::OID()
 {
     static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
     return identifier;
@@ -366,7 +366,7 @@ mzComStringC prxMathFactoryC::getObjectName()
     return getStaticProxyTypeInfo()->name;
 }
 
-void *prxMathFactoryC::_castTo(const proxyObjectC *object)
+void *prxMathFactoryC::_castTo(proxyObjectC const *object)
 {
     return const_cast<proxyObjectC *>(object);
 }

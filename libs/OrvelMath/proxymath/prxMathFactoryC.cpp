@@ -32,7 +32,7 @@ prxVector2dC *prxMathFactoryC::createVec2d() const
     return new prxVector2dC;
 }
 
-proxyObjectC *prxMathFactoryC::create(const mzComStringC &name) const
+proxyObjectC *prxMathFactoryC::create(mzComStringC const &name) const
 {
     if (name == "matrix3x3")
         return createMat3x3();

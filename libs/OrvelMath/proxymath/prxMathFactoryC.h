@@ -23,13 +23,13 @@ public:
     prxVector2dC *createVec2d() const;
     /// A new object by its name, "matrix3x3", "matrix4x4", "vector3d" or "vector2d", spelt exactly
     /// so; null for any other.
-    proxyObjectC *create(const mzComStringC &name) const;
+    proxyObjectC *create(mzComStringC const &name) const;
 
-    static const mzIIDS &OID();
+    static mzIIDS const &OID();
     static mzComStringC getObjectName();
     static proxyMemberDescListS *getStaticProxyTypeInfo();
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
     static proxyMemberDescListS **getStaticBaseClasses();
     static proxyMemberDescS *getStaticMemberDescription();
-    static void *_castTo(const proxyObjectC *object);
+    static void *_castTo(proxyObjectC const *object);
 };

@@ -10,31 +10,31 @@ using AxisOfMatrix = prxVariantUserTypeRefC<vectorC3d<double>, prxVector3dC, prx
 
 prxMatrix3x3C::prxMatrix3x3C() = default;
 
-prxMatrix3x3C::prxMatrix3x3C(const matrixC3x3<double> &value)
+prxMatrix3x3C::prxMatrix3x3C(matrixC3x3<double> const &value)
 {
     setValue(value);
 }
 
 prxMatrix3x3C::~prxMatrix3x3C() = default;
 
-prxMatrix3x3C *prxMatrix3x3C::mulMat3x3(const matrixC3x3<double> &other) const
+prxMatrix3x3C *prxMatrix3x3C::mulMat3x3(matrixC3x3<double> const &other) const
 {
     return new prxMatrix3x3C(getValue() * other);
 }
 
-prxVector3dC *prxMatrix3x3C::mulVec3x3(const vectorC3d<double> &vector) const
+prxVector3dC *prxMatrix3x3C::mulVec3x3(vectorC3d<double> const &vector) const
 {
     return new prxVector3dC(getValue() * vector);
 }
 
-prxVector2dC *prxMatrix3x3C::mulVec2x3(const vectorC2d<double> &point) const
+prxVector2dC *prxMatrix3x3C::mulVec2x3(vectorC2d<double> const &point) const
 {
     return new prxVector2dC(getValue() * point);
 }
 
 prxMatrix3x3C *prxMatrix3x3C::inv3x3() const
 {
-    const matrixC3x3<double> matrix = getValue();
+    matrixC3x3<double> const matrix = getValue();
     matrixC3x3<double> transposed;
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column)
@@ -64,19 +64,19 @@ prxVector3dC *prxMatrix3x3C::getZVec()
     return new AxisOfMatrix(this, &prxMatrix3x3C::getZ, &prxMatrix3x3C::setZ);
 }
 
-prxMatrix3x3C *prxMatrix3x3C::setXVec(const vectorC3d<double> &axis)
+prxMatrix3x3C *prxMatrix3x3C::setXVec(vectorC3d<double> const &axis)
 {
     setX(axis);
     return this;
 }
 
-prxMatrix3x3C *prxMatrix3x3C::setYVec(const vectorC3d<double> &axis)
+prxMatrix3x3C *prxMatrix3x3C::setYVec(vectorC3d<double> const &axis)
 {
     setY(axis);
     return this;
 }
 
-prxMatrix3x3C *prxMatrix3x3C::setZVec(const vectorC3d<double> &axis)
+prxMatrix3x3C *prxMatrix3x3C::setZVec(vectorC3d<double> const &axis)
 {
     setZ(axis);
     return this;
@@ -113,17 +113,17 @@ vectorC3d<double> prxMatrix3x3C::getZ()
     return value()->axis(2);
 }
 
-void prxMatrix3x3C::setX(const vectorC3d<double> &axis)
+void prxMatrix3x3C::setX(vectorC3d<double> const &axis)
 {
     value()->setAxis(0, axis);
 }
 
-void prxMatrix3x3C::setY(const vectorC3d<double> &axis)
+void prxMatrix3x3C::setY(vectorC3d<double> const &axis)
 {
     value()->setAxis(1, axis);
 }
 
-void prxMatrix3x3C::setZ(const vectorC3d<double> &axis)
+void prxMatrix3x3C::setZ(vectorC3d<double> const &axis)
 {
     value()->setAxis(2, axis);
 }

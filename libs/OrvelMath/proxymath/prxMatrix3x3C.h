@@ -15,15 +15,15 @@ class ORVELMATH_EXPORT prxMatrix3x3C : public prxVariantUserTypeBaseC<matrixC3x3
 public:
     /// The zero matrix.
     prxMatrix3x3C();
-    explicit prxMatrix3x3C(const matrixC3x3<double> &value);
+    explicit prxMatrix3x3C(matrixC3x3<double> const &value);
     ~prxMatrix3x3C() override;
 
     /// A new matrix: this times other.
-    prxMatrix3x3C *mulMat3x3(const matrixC3x3<double> &other) const;
+    prxMatrix3x3C *mulMat3x3(matrixC3x3<double> const &other) const;
     /// The image of a vector.
-    prxVector3dC *mulVec3x3(const vectorC3d<double> &vector) const;
+    prxVector3dC *mulVec3x3(vectorC3d<double> const &vector) const;
     /// The image of a point of the plane: the z axis is the translation; no division.
-    prxVector2dC *mulVec2x3(const vectorC2d<double> &point) const;
+    prxVector2dC *mulVec2x3(vectorC2d<double> const &point) const;
     /// The transpose, as a new matrix: the inverse of a rotation, of nothing else.
     prxMatrix3x3C *inv3x3() const;
     /// Becomes the identity; returns this.
@@ -32,28 +32,28 @@ public:
     prxVector3dC *getYVec();
     prxVector3dC *getZVec();
     /// Replaces one axis, a column; returns this.
-    prxMatrix3x3C *setXVec(const vectorC3d<double> &axis);
-    prxMatrix3x3C *setYVec(const vectorC3d<double> &axis);
-    prxMatrix3x3C *setZVec(const vectorC3d<double> &axis);
+    prxMatrix3x3C *setXVec(vectorC3d<double> const &axis);
+    prxMatrix3x3C *setYVec(vectorC3d<double> const &axis);
+    prxMatrix3x3C *setZVec(vectorC3d<double> const &axis);
     /// Becomes Rx(a) Ry(b) Rz(c), right-handed rotations about the axes; degrees. Returns this. Not
     /// the rotation of Math3DRotateMatrix.
     prxMatrix3x3C *rotAngle(double a, double b, double c);
     /// A new factory.
     prxMathFactoryC *getFactory() const;
 
-    static const mzIIDS &OID();
+    static mzIIDS const &OID();
     static mzComStringC getObjectName();
     static proxyMemberDescListS *getStaticProxyTypeInfo();
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
     static proxyMemberDescListS **getStaticBaseClasses();
     static proxyMemberDescS *getStaticMemberDescription();
-    static void *_castTo(const proxyObjectC *object);
+    static void *_castTo(proxyObjectC const *object);
 
 private:
     vectorC3d<double> getX();
     vectorC3d<double> getY();
     vectorC3d<double> getZ();
-    void setX(const vectorC3d<double> &axis);
-    void setY(const vectorC3d<double> &axis);
-    void setZ(const vectorC3d<double> &axis);
+    void setX(vectorC3d<double> const &axis);
+    void setY(vectorC3d<double> const &axis);
+    void setZ(vectorC3d<double> const &axis);
 };

@@ -19,20 +19,20 @@ double degrees(double radians)
 }
 
 /// The right-handed rotation about an axis of length 1 through the origin (Rodrigues).
-RotationColumns rotationAboutVector(const vectorC3d<double> &axis, double angle)
+RotationColumns rotationAboutVector(vectorC3d<double> const &axis, double angle)
 {
-    const double c = std::cos(scriptRadians(angle));
-    const double s = std::sin(scriptRadians(angle));
-    const double x = axis.x();
-    const double y = axis.y();
-    const double z = axis.z();
+    double const c = std::cos(scriptRadians(angle));
+    double const s = std::sin(scriptRadians(angle));
+    double const x = axis.x();
+    double const y = axis.y();
+    double const z = axis.z();
     return {{{(1.0 - x * x) * c + x * x, x * y * (1.0 - c) + s * z, x * z * (1.0 - c) - s * y},
              {x * y * (1.0 - c) - s * z, (1.0 - y * y) * c + y * y, y * z * (1.0 - c) + s * x},
              {x * z * (1.0 - c) + s * y, y * z * (1.0 - c) - s * x, (1.0 - z * z) * c + z * z}}};
 }
 
 /// The rotation without translation.
-matrixC4x4<double> homogeneous(const RotationColumns &rotation)
+matrixC4x4<double> homogeneous(RotationColumns const &rotation)
 {
     matrixC4x4<double> matrix;
     for (int column = 0; column < 3; ++column) {
@@ -47,31 +47,31 @@ matrixC4x4<double> homogeneous(const RotationColumns &rotation)
 
 prxMatrix4x4C::prxMatrix4x4C() = default;
 
-prxMatrix4x4C::prxMatrix4x4C(const matrixC4x4<double> &value)
+prxMatrix4x4C::prxMatrix4x4C(matrixC4x4<double> const &value)
 {
     setValue(value);
 }
 
 prxMatrix4x4C::~prxMatrix4x4C() = default;
 
-prxMatrix4x4C *prxMatrix4x4C::mulMat4x4(const matrixC4x4<double> &other) const
+prxMatrix4x4C *prxMatrix4x4C::mulMat4x4(matrixC4x4<double> const &other) const
 {
     return new prxMatrix4x4C(getValue() * other);
 }
 
-prxVector3dC *prxMatrix4x4C::mulVec3dMat4x4(const vectorC3d<double> &point) const
+prxVector3dC *prxMatrix4x4C::mulVec3dMat4x4(vectorC3d<double> const &point) const
 {
     return new prxVector3dC(getValue() * point);
 }
 
-prxVector3dC *prxMatrix4x4C::mulVec2dMat4x4(const vectorC2d<double> &point) const
+prxVector3dC *prxMatrix4x4C::mulVec2dMat4x4(vectorC2d<double> const &point) const
 {
     return new prxVector3dC(getValue() * point);
 }
 
 prxMatrix4x4C *prxMatrix4x4C::inv4x4() const
 {
-    const matrixC4x4<double> matrix = getValue();
+    matrixC4x4<double> const matrix = getValue();
     matrixC4x4<double> inverse = matrix; // keeps the fourth row
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column)
@@ -88,7 +88,7 @@ prxMatrix4x4C *prxMatrix4x4C::rotAngle(double a, double b, double c)
     return this;
 }
 
-prxMatrix4x4C *prxMatrix4x4C::rotVector(const vectorC3d<double> &axis, double angle)
+prxMatrix4x4C *prxMatrix4x4C::rotVector(vectorC3d<double> const &axis, double angle)
 {
     setValue(homogeneous(rotationAboutVector(axis / axis.length(), angle)));
     return this;
@@ -96,7 +96,7 @@ prxMatrix4x4C *prxMatrix4x4C::rotVector(const vectorC3d<double> &axis, double an
 
 prxMatrix3x3C *prxMatrix4x4C::conv3x3() const
 {
-    const matrixC4x4<double> matrix = getValue();
+    matrixC4x4<double> const matrix = getValue();
     return new prxMatrix3x3C(matrixC3x3<double>(matrix.axis(0), matrix.axis(1), matrix.axis(2)));
 }
 
@@ -126,25 +126,25 @@ prxVector3dC *prxMatrix4x4C::getTVec()
     return new AxisOfMatrix(this, &prxMatrix4x4C::getT, &prxMatrix4x4C::setT);
 }
 
-prxMatrix4x4C *prxMatrix4x4C::setXVec(const vectorC3d<double> &axis)
+prxMatrix4x4C *prxMatrix4x4C::setXVec(vectorC3d<double> const &axis)
 {
     setX(axis);
     return this;
 }
 
-prxMatrix4x4C *prxMatrix4x4C::setYVec(const vectorC3d<double> &axis)
+prxMatrix4x4C *prxMatrix4x4C::setYVec(vectorC3d<double> const &axis)
 {
     setY(axis);
     return this;
 }
 
-prxMatrix4x4C *prxMatrix4x4C::setZVec(const vectorC3d<double> &axis)
+prxMatrix4x4C *prxMatrix4x4C::setZVec(vectorC3d<double> const &axis)
 {
     setZ(axis);
     return this;
 }
 
-prxMatrix4x4C *prxMatrix4x4C::setTVec(const vectorC3d<double> &translation)
+prxMatrix4x4C *prxMatrix4x4C::setTVec(vectorC3d<double> const &translation)
 {
     setT(translation);
     return this;
@@ -190,22 +190,22 @@ vectorC3d<double> prxMatrix4x4C::getT()
     return value()->axis(3);
 }
 
-void prxMatrix4x4C::setX(const vectorC3d<double> &axis)
+void prxMatrix4x4C::setX(vectorC3d<double> const &axis)
 {
     value()->setAxis(0, axis);
 }
 
-void prxMatrix4x4C::setY(const vectorC3d<double> &axis)
+void prxMatrix4x4C::setY(vectorC3d<double> const &axis)
 {
     value()->setAxis(1, axis);
 }
 
-void prxMatrix4x4C::setZ(const vectorC3d<double> &axis)
+void prxMatrix4x4C::setZ(vectorC3d<double> const &axis)
 {
     value()->setAxis(2, axis);
 }
 
-void prxMatrix4x4C::setT(const vectorC3d<double> &translation)
+void prxMatrix4x4C::setT(vectorC3d<double> const &translation)
 {
     value()->setAxis(3, translation);
 }
@@ -217,7 +217,7 @@ double prxMatrix4x4C::element(int cell)
 
 prxMatrix4x4C::EulerAngles prxMatrix4x4C::eulerAngles()
 {
-    const auto column = [this](int i) {
+    auto const column = [this](int i) {
         return Point3D(element(4 * i), element(4 * i + 1), element(4 * i + 2));
     };
     Matrix4X4C matrix; // the identity, whose fourth row stays

@@ -16,15 +16,15 @@ class ORVELMATH_EXPORT prxMatrix4x4C : public prxVariantUserTypeBaseC<matrixC4x4
 public:
     /// The zero matrix.
     prxMatrix4x4C();
-    explicit prxMatrix4x4C(const matrixC4x4<double> &value);
+    explicit prxMatrix4x4C(matrixC4x4<double> const &value);
     ~prxMatrix4x4C() override;
 
     /// A new matrix: this times other.
-    prxMatrix4x4C *mulMat4x4(const matrixC4x4<double> &other) const;
+    prxMatrix4x4C *mulMat4x4(matrixC4x4<double> const &other) const;
     /// The image of a point; no division by the fourth component.
-    prxVector3dC *mulVec3dMat4x4(const vectorC3d<double> &point) const;
+    prxVector3dC *mulVec3dMat4x4(vectorC3d<double> const &point) const;
     /// The image of a point with z = 0, in space.
-    prxVector3dC *mulVec2dMat4x4(const vectorC2d<double> &point) const;
+    prxVector3dC *mulVec2dMat4x4(vectorC2d<double> const &point) const;
     /// A new matrix: the inverse of a rigid motion, of nothing else. The 3x3 part is transposed,
     /// the old translation goes through it and changes its sign, the fourth row stays.
     prxMatrix4x4C *inv4x4() const;
@@ -33,7 +33,7 @@ public:
     prxMatrix4x4C *rotAngle(double a, double b, double c);
     /// Becomes the right-handed rotation by `angle` degrees about `axis`, of any length, through
     /// the origin; the translation becomes 0. A zero axis gives NaN. Returns this.
-    prxMatrix4x4C *rotVector(const vectorC3d<double> &axis, double angle);
+    prxMatrix4x4C *rotVector(vectorC3d<double> const &axis, double angle);
     /// The upper left 3x3 part as a new matrix.
     prxMatrix3x3C *conv3x3() const;
     /// Becomes the identity; returns this.
@@ -43,10 +43,10 @@ public:
     prxVector3dC *getZVec();
     prxVector3dC *getTVec();
     /// Replaces the top three elements of one column; returns this.
-    prxMatrix4x4C *setXVec(const vectorC3d<double> &axis);
-    prxMatrix4x4C *setYVec(const vectorC3d<double> &axis);
-    prxMatrix4x4C *setZVec(const vectorC3d<double> &axis);
-    prxMatrix4x4C *setTVec(const vectorC3d<double> &translation);
+    prxMatrix4x4C *setXVec(vectorC3d<double> const &axis);
+    prxMatrix4x4C *setYVec(vectorC3d<double> const &axis);
+    prxMatrix4x4C *setZVec(vectorC3d<double> const &axis);
+    prxMatrix4x4C *setTVec(vectorC3d<double> const &translation);
     /// Degrees: the first angle of Quaternion4D::GetEuler of the 3x3 part. For rotAngle(0, b, 0) it
     /// is -b.
     double getRoll();
@@ -57,13 +57,13 @@ public:
     /// A new factory.
     prxMathFactoryC *getFactory() const;
 
-    static const mzIIDS &OID();
+    static mzIIDS const &OID();
     static mzComStringC getObjectName();
     static proxyMemberDescListS *getStaticProxyTypeInfo();
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
     static proxyMemberDescListS **getStaticBaseClasses();
     static proxyMemberDescS *getStaticMemberDescription();
-    static void *_castTo(const proxyObjectC *object);
+    static void *_castTo(proxyObjectC const *object);
 
 private:
     struct EulerAngles
@@ -77,10 +77,10 @@ private:
     vectorC3d<double> getY();
     vectorC3d<double> getZ();
     vectorC3d<double> getT();
-    void setX(const vectorC3d<double> &axis);
-    void setY(const vectorC3d<double> &axis);
-    void setZ(const vectorC3d<double> &axis);
-    void setT(const vectorC3d<double> &translation);
+    void setX(vectorC3d<double> const &axis);
+    void setY(vectorC3d<double> const &axis);
+    void setZ(vectorC3d<double> const &axis);
+    void setT(vectorC3d<double> const &translation);
     double element(int cell);
     EulerAngles eulerAngles();
 };

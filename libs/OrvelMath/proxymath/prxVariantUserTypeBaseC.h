@@ -23,8 +23,8 @@ public:
             m_owner->addRef();
             m_value = m_owner->getValue();
         }
-        prxValWrapperC(const prxValWrapperC &) = delete;
-        prxValWrapperC &operator=(const prxValWrapperC &) = delete;
+        prxValWrapperC(prxValWrapperC const &) = delete;
+        prxValWrapperC &operator=(prxValWrapperC const &) = delete;
         ~prxValWrapperC()
         {
             if (m_dirty)

@@ -34,7 +34,7 @@ public:
         const V value = getValue();
         return mzComVariantC::fromUserData(proxyValueTypeId<V>(), &value);
     }
-    void setComVariant(const mzComVariantC &variant) override
+    void setComVariant(mzComVariantC const &variant) override
     {
         V value{};
         variant.toSkalarValue().getUserData(proxyValueTypeId<V>(), &value);

@@ -4,7 +4,7 @@
 
 prxVector2dC::prxVector2dC() = default;
 
-prxVector2dC::prxVector2dC(const vectorC2d<double> &value)
+prxVector2dC::prxVector2dC(vectorC2d<double> const &value)
 {
     setValue(value);
 }
@@ -42,7 +42,7 @@ prxVector2dC *prxVector2dC::setXY(double x, double y)
 
 prxVector2dC *prxVector2dC::perpendicular() const
 {
-    const vectorC2d<double> vector = getValue();
+    vectorC2d<double> const vector = getValue();
     return new prxVector2dC(vectorC2d<double>(-vector.y(), vector.x()));
 }
 

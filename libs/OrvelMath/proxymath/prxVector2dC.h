@@ -10,7 +10,7 @@ class ORVELMATH_EXPORT prxVector2dC : public prxVectorBaseC<vectorC2d<double>, p
 public:
     /// The zero vector.
     prxVector2dC();
-    explicit prxVector2dC(const vectorC2d<double> &value);
+    explicit prxVector2dC(vectorC2d<double> const &value);
     ~prxVector2dC() override;
 
     /// A component. Reading goes through the editing handle and writes the value back.
@@ -26,11 +26,11 @@ public:
     /// A new factory.
     prxMathFactoryC *getFactory() const;
 
-    static const mzIIDS &OID();
+    static mzIIDS const &OID();
     static mzComStringC getObjectName();
     static proxyMemberDescListS *getStaticProxyTypeInfo();
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
     static proxyMemberDescListS **getStaticBaseClasses();
     static proxyMemberDescS *getStaticMemberDescription();
-    static void *_castTo(const proxyObjectC *object);
+    static void *_castTo(proxyObjectC const *object);
 };

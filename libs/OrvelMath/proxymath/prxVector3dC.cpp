@@ -11,7 +11,7 @@ prxVector3dC::prxVector3dC(vectorC3d<double> value)
 
 prxVector3dC::~prxVector3dC() = default;
 
-prxVector3dC *prxVector3dC::cross(const vectorC3d<double> &other) const
+prxVector3dC *prxVector3dC::cross(vectorC3d<double> const &other) const
 {
     return new prxVector3dC(getValue().cross(other));
 }

@@ -14,7 +14,7 @@ public:
     ~prxVector3dC() override;
 
     /// A new vector: this × other, right-handed.
-    prxVector3dC *cross(const vectorC3d<double> &other) const;
+    prxVector3dC *cross(vectorC3d<double> const &other) const;
     /// A component. Reading goes through the editing handle and writes the value back.
     double getx();
     double gety();
@@ -28,11 +28,11 @@ public:
     /// A new factory.
     prxMathFactoryC *getFactory() const;
 
-    static const mzIIDS &OID();
+    static mzIIDS const &OID();
     static mzComStringC getObjectName();
     static proxyMemberDescListS *getStaticProxyTypeInfo();
-    const proxyMemberDescListS *getProxyTypeInfo() const override;
+    proxyMemberDescListS const *getProxyTypeInfo() const override;
     static proxyMemberDescListS **getStaticBaseClasses();
     static proxyMemberDescS *getStaticMemberDescription();
-    static void *_castTo(const proxyObjectC *object);
+    static void *_castTo(proxyObjectC const *object);
 };

@@ -23,7 +23,7 @@ public:
     P *norm(double length) const
     {
         const V vector = this->getValue();
-        const double factor = length / std::sqrt(vector.squaredLength());
+        double const factor = length / std::sqrt(vector.squaredLength());
         return new P(vector * factor);
     }
 };

@@ -20,6 +20,6 @@ void runCleanups()
     mzRunGlobalCleanupFor(reinterpret_cast<void *>(&runCleanups));
 }
 
-[[maybe_unused]] const int cleanupsAreRegistered = std::atexit(runCleanups);
+[[maybe_unused]] int const cleanupsAreRegistered = std::atexit(runCleanups);
 
 } // namespace

@@ -17,12 +17,12 @@ inline double scriptRadians(double degrees)
 /// Rx(a) Ry(b) Rz(c) of the right-handed rotations about the axes; degrees.
 inline RotationColumns rotationAboutAxes(double a, double b, double c)
 {
-    const double sa = std::sin(scriptRadians(a));
-    const double ca = std::cos(scriptRadians(a));
-    const double sb = std::sin(scriptRadians(b));
-    const double cb = std::cos(scriptRadians(b));
-    const double sc = std::sin(scriptRadians(c));
-    const double cc = std::cos(scriptRadians(c));
+    double const sa = std::sin(scriptRadians(a));
+    double const ca = std::cos(scriptRadians(a));
+    double const sb = std::sin(scriptRadians(b));
+    double const cb = std::cos(scriptRadians(b));
+    double const sc = std::sin(scriptRadians(c));
+    double const cc = std::cos(scriptRadians(c));
     return {{{cb * cc, ca * sc + cc * sa * sb, sa * sc - cc * ca * sb},
              {-cb * sc, ca * cc - sc * sa * sb, sa * cc + sc * ca * sb},
              {sb, -sa * cb, ca * cb}}};

@@ -82,9 +82,9 @@ void BinTreeBuilder::createRoot()
 
 void BinTreeBuilder::createNode(BinTreeNode<int> *parent, int side)
 {
-    const int axis = parent->axis();
-    const int a = axis - 1;
-    const double m = (parent->bounds.first[a] + parent->bounds.second[a]) * 0.5;
+    int const axis = parent->axis();
+    int const a = axis - 1;
+    double const m = (parent->bounds.first[a] + parent->bounds.second[a]) * 0.5;
     BinTreeNode<int> *const node = new (arena.allocateAligned(sizeof(BinTreeNode<int>)))
         BinTreeNode<int>{parent->bounds, parent, {nullptr, nullptr}, axis == 3 ? 1 : axis + 1};
     if (side == 0)
@@ -98,7 +98,7 @@ bool BinTreeBuilder::getOrCreateChildren(BinTreeNode<int> *node)
 {
     if (node->children[0] && node->children[1])
         return true;
-    const int a = node->axis() - 1;
+    int const a = node->axis() - 1;
     if (resolution > (node->bounds.second[a] - node->bounds.first[a]) * 0.5)
         return false;
     createNode(node, 0);
@@ -119,7 +119,7 @@ void BinTreeBuilder::addTriangle(vectorC3d<double> const &a, vectorC3d<double> c
         top->data |= BinTreeNode<int>::boundaryBit;
         return;
     }
-    const int axis = top->axis() - 1;
+    int const axis = top->axis() - 1;
     addTriangleRec(intersector, top->children[0], axis, type);
     addTriangleRec(intersector, top->children[1], axis, type);
 }

@@ -9,9 +9,9 @@ enum class SpanRelation { Apart, Touching, Overlap };
 // How two intervals of one axis lie to each other, within a band of `band` around touching.
 SpanRelation relateSpans(double pMin, double pMax, double qMin, double qMax, double band)
 {
-    const bool pBeginsLater = pMin > qMin;
-    const double lo = pBeginsLater ? pMin : qMin;
-    const double hi = pBeginsLater ? qMax : pMax;
+    bool const pBeginsLater = pMin > qMin;
+    double const lo = pBeginsLater ? pMin : qMin;
+    double const hi = pBeginsLater ? qMax : pMax;
     if (lo - band > hi)
         return SpanRelation::Apart;
     return hi > lo + band ? SpanRelation::Overlap : SpanRelation::Touching;
@@ -28,7 +28,7 @@ bool isMarked(BinTreeNode<int> const *node)
 // half the resolution, below the extent of any cell.
 bool BinTreeBuilder::areNeighbors(BinTreeNode<int> *p, BinTreeNode<int> *q) const
 {
-    const double band = resolution * 0.5;
+    double const band = resolution * 0.5;
     int overlaps = 0;
     for (int k = 0; k < 3; ++k) {
         switch (relateSpans(p->bounds.first[k], p->bounds.second[k], q->bounds.first[k],
@@ -69,7 +69,7 @@ void BinTreeBuilder::findOuterArea()
 void BinTreeBuilder::handleNode(BinTreeNode<int> *n, BinTreeNode<int> *m, Frontier &frontier)
 {
     for (BinTreeNode<int> *cell = m; cell;) {
-        const bool reached = areNeighbors(n, cell) && !isMarked(cell);
+        bool const reached = areNeighbors(n, cell) && !isMarked(cell);
         if (reached && !cell->isLeaf()) {
             cell = cell->children[0];
             continue;

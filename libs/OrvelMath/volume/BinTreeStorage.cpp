@@ -63,7 +63,7 @@ SimpleBitVector BinTreeBuilder::exportBitVector() const
 {
     SimpleBitVector bits;
     for (BinTreeNode<int> *node = root; node;) {
-        const bool inner = !node->isLeaf();
+        bool const inner = !node->isLeaf();
         bits.append(inner);
         if (inner) {
             node = node->children[0];
@@ -88,7 +88,7 @@ void BinTreeBuilder::importBitView(BitView const &bits)
 void BinTreeBuilder::importBits(unsigned char const *bytes)
 {
     qint32 index = 0;
-    const auto readBit = [bytes, &index] {
+    auto const readBit = [bytes, &index] {
         const bool bit = (bytes[index / 8] >> index % 8 & 1) != 0;
         ++index;
         return bit;

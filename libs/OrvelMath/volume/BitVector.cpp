@@ -11,7 +11,7 @@ bool isWholeTree(BitView const &bits, quint64 bitCount, quint64 *leafCount)
         // Every open node takes at least two bits.
         if (openNodes > (bitCount - index) / 2)
             return false;
-        const bool inner = (bits.bytes[index / 8] >> index % 8 & 1) != 0;
+        bool const inner = (bits.bytes[index / 8] >> index % 8 & 1) != 0;
         if (inner) {
             index += 1;
             openNodes += 1;

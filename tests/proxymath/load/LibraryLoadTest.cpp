@@ -19,7 +19,7 @@ const Names allClasses = {"prxVector3dC", "prxVector2dC", "prxMatrix3x3C", "prxM
 Names knownClasses()
 {
     Names names;
-    for (const proxyMemberDescListS *list : proxyFactoryC::instance().classes())
+    for (proxyMemberDescListS const *list : proxyFactoryC::instance().classes())
         names.push_back(list->name);
     return names;
 }
@@ -32,7 +32,7 @@ struct SingletonEvent
 };
 std::vector<SingletonEvent> singletonEvents;
 
-void noteSingleton(const char *, void (*)(), int, int phase)
+void noteSingleton(char const *, void (*)(), int, int phase)
 {
     singletonEvents.push_back({phase, mzComServerStateEventC::waiting().size()});
 }
@@ -89,12 +89,12 @@ TEST_F(LibraryLoad, RegistersNothingBeforeTheServerStarts)
 
 TEST_F(LibraryLoad, RegistersItsClassesInOrderWhenTheServerStarts)
 {
-    const int types = mzComVariantC::registeredValueTypeCount();
+    int const types = mzComVariantC::registeredValueTypeCount();
     const Library library;
     mzComServerStateEventC::startServer();
     EXPECT_EQ(knownClasses(), allClasses);
     EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), types + 4);
-    const mzComPtrT<proxyObjectC> vector =
+    mzComPtrT<proxyObjectC> const vector =
         proxyFactoryC::instance().create(mzIIDS("linquet.vector3d"));
     ASSERT_TRUE(vector);
     EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), types + 4);
@@ -147,7 +147,7 @@ TEST_F(LibraryLoad, IsToldOfAStartThatHasBeen)
     for (int round = 0; round < 2; ++round) {
         const Library library;
         EXPECT_EQ(knownClasses(), allClasses);
-        const mzComPtrT<proxyObjectC> factory =
+        mzComPtrT<proxyObjectC> const factory =
             proxyFactoryC::instance().create(mzIIDS("linquet.mathfactory"));
         ASSERT_TRUE(factory);
         mzComVariantC result;
