@@ -66,15 +66,17 @@ int crossingsByQuartic(Ellipse const &e1, Ellipse const &e2, Point2D (&points)[4
                 (((k[4] * z[i] + k[3]) * z[i] + k[2]) * z[i] + k[1]) * z[i] + k[0];
             Complex others = k[4];
             for (std::size_t j = 0; j < 4; ++j) {
-                if (j != i)
+                if (j != i) {
                     others *= z[i] - z[j];
+                }
             }
             Complex const by = value / others;
             z[i] -= by;
             moved += std::norm(by);
         }
-        if (moved < 1e-28)
+        if (moved < 1e-28) {
             break;
+        }
     }
     double const c = std::cos(e1.angle), s = std::sin(e1.angle);
     int count = 0;
@@ -93,8 +95,9 @@ void overPairs(benchmark::State &state, Cut cut)
 {
     auto pairs = anyPairs();
     for (auto _ : state) {
-        for (auto &[e1, e2] : pairs)
+        for (auto &[e1, e2] : pairs) {
             benchmark::DoNotOptimize(cut(e1, e2));
+        }
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(pairs.size()));
 }

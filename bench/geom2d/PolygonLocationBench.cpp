@@ -36,8 +36,9 @@ struct Scene
             double const r = radius(random);
             outline.emplace_back(r * std::cos(angle), r * std::sin(angle));
         }
-        for (int i = 0; i < 256; ++i)
+        for (int i = 0; i < 256; ++i) {
             queries.emplace_back(coordinate(random), coordinate(random));
+        }
     }
 
     std::vector<Point2D> outline;
@@ -59,8 +60,9 @@ void pointInsidePolygone(benchmark::State &state)
 {
     Scene scene(static_cast<int>(state.range(0)));
     PPtrOrderedVector<Point2D> polygon;
-    for (Point2D &p : scene.outline)
+    for (Point2D &p : scene.outline) {
         polygon.append(&p);
+    }
     run(state, scene,
         [&](Point2D const &p) { return concav2d::pointInsidePolygone(polygon, p, tol); });
 }
@@ -94,8 +96,9 @@ void plainRayCast(benchmark::State &state)
         Point2D const *a = &scene.outline.back();
         for (Point2D const &b : scene.outline) {
             if ((a->y() > p.y()) != (b.y() > p.y()) &&
-                p.x() < (a->x() - b.x()) * (p.y() - b.y()) / (a->y() - b.y()) + b.x())
+                p.x() < (a->x() - b.x()) * (p.y() - b.y()) / (a->y() - b.y()) + b.x()) {
                 inside = !inside;
+            }
             a = &b;
         }
         return inside;
@@ -117,8 +120,9 @@ void boostWithin(benchmark::State &state)
 {
     Scene const scene(static_cast<int>(state.range(0)));
     Ring ring;
-    for (Point2D const &p : scene.outline)
+    for (Point2D const &p : scene.outline) {
         ring.emplace_back(p.x(), p.y());
+    }
     run(state, scene, [&](Point2D const &p) { return boostLocate(ring, p); });
 }
 BENCHMARK(boostWithin)->RangeMultiplier(10)->Range(10, 100000);
@@ -138,8 +142,9 @@ void cgalBoundedSide(benchmark::State &state)
 {
     Scene const scene(static_cast<int>(state.range(0)));
     std::vector<Kernel::Point_2> outline;
-    for (Point2D const &p : scene.outline)
+    for (Point2D const &p : scene.outline) {
         outline.emplace_back(p.x(), p.y());
+    }
     run(state, scene, [&](Point2D const &p) { return cgalLocate(outline, p); });
 }
 BENCHMARK(cgalBoundedSide)->RangeMultiplier(10)->Range(10, 100000);

@@ -33,8 +33,9 @@ std::vector<Point2D> const &ends()
         std::mt19937_64 random(11);
         std::uniform_real_distribution<double> coordinate(-100.0, 100.0);
         std::vector<Point2D> drawn;
-        for (size_t i = 0; i < 4 * pairs; ++i)
+        for (size_t i = 0; i < 4 * pairs; ++i) {
             drawn.emplace_back(coordinate(random), coordinate(random));
+        }
         return drawn;
     }();
     return points;
@@ -82,9 +83,10 @@ void boostIntersection(benchmark::State &state)
     using Point = boost::geometry::model::d2::point_xy<double>;
     using Segment = boost::geometry::model::segment<Point>;
     std::vector<Segment> segments;
-    for (size_t i = 0; i < 4 * pairs; i += 2)
+    for (size_t i = 0; i < 4 * pairs; i += 2) {
         segments.emplace_back(Point(ends()[i].x(), ends()[i].y()),
                               Point(ends()[i + 1].x(), ends()[i + 1].y()));
+    }
     boost::geometry::model::multi_point<Point> out;
     run(state, [&](size_t i) {
         out.clear();
@@ -103,19 +105,22 @@ using Kernel = CGAL::Simple_cartesian<double>;
                                  Point2D &out)
 {
     auto const result = CGAL::intersection(a, b);
-    if (!result)
+    if (!result) {
         return false;
-    if (auto const *point = boost::get<Kernel::Point_2>(&*result))
+    }
+    if (auto const *point = boost::get<Kernel::Point_2>(&*result)) {
         out = Point2D(point->x(), point->y());
+    }
     return true;
 }
 
 void cgalIntersection(benchmark::State &state)
 {
     std::vector<Kernel::Segment_2> segments;
-    for (size_t i = 0; i < 4 * pairs; i += 2)
+    for (size_t i = 0; i < 4 * pairs; i += 2) {
         segments.emplace_back(Kernel::Point_2(ends()[i].x(), ends()[i].y()),
                               Kernel::Point_2(ends()[i + 1].x(), ends()[i + 1].y()));
+    }
     Point2D out;
     run(state, [&](size_t i) {
         bool const found = cgalCross(segments[2 * i], segments[2 * i + 1], out);

@@ -109,8 +109,9 @@ void MultiplyEigenInlined(benchmark::State &state)
 {
     using Matrix = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;
     std::vector<Matrix, Eigen::aligned_allocator<Matrix>> m;
-    for (Matrix4X4C const &source : anyMatrices(false))
+    for (Matrix4X4C const &source : anyMatrices(false)) {
         m.push_back(Eigen::Map<const Matrix>(source.GetConstMatrixRef()[0]));
+    }
     Turn turn;
     for (auto _ : state) {
         Matrix result = m[turn.next()] * m[0];
@@ -182,8 +183,9 @@ std::vector<QMatrix4x4> anyQtMatrices()
     for (Matrix4X4C const &m : anyMatrices(false)) {
         QMatrix4x4 narrow;
         for (int row = 0; row < 4; ++row) {
-            for (int column = 0; column < 4; ++column)
+            for (int column = 0; column < 4; ++column) {
                 narrow(row, column) = static_cast<float>(m.GetConstMatrixRef()[row][column]);
+            }
         }
         matrices.push_back(narrow);
     }
@@ -217,9 +219,10 @@ BENCHMARK(InvertQtFloat);
 void TransformQtFloat(benchmark::State &state)
 {
     std::vector<QVector3D> points;
-    for (Point3D const &p : anyPoints())
+    for (Point3D const &p : anyPoints()) {
         points.emplace_back(static_cast<float>(p.x()), static_cast<float>(p.y()),
                             static_cast<float>(p.z()));
+    }
     const QMatrix4x4 m = anyQtMatrices()[0];
     QVector3D image;
     Turn turn;

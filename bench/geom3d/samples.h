@@ -29,8 +29,9 @@ inline std::vector<Matrix4X4C> anyMatrices(bool orthonormal)
     for (Matrix4X4C &m : matrices) {
         const Point3D angles = anyPoint(random, 180.0);
         m.Rotate(angles.x(), angles.y(), angles.z());
-        if (!orthonormal)
+        if (!orthonormal) {
             m.Scale(1.5, 0.75, 2.0);
+        }
         const Point3D shift = anyPoint(random);
         m.Translate(shift.x(), shift.y(), shift.z());
     }
@@ -41,8 +42,9 @@ inline std::vector<Point3D> anyPoints()
 {
     std::mt19937_64 random(20240301);
     std::vector<Point3D> points(sampleCount);
-    for (Point3D &p : points)
+    for (Point3D &p : points) {
         p = anyPoint(random);
+    }
     return points;
 }
 
@@ -50,8 +52,9 @@ inline std::vector<Quaternion4D> anyQuaternions()
 {
     std::mt19937_64 random(20240302);
     std::vector<Quaternion4D> quaternions(sampleCount);
-    for (Quaternion4D &q : quaternions)
+    for (Quaternion4D &q : quaternions) {
         q.SetRotation(anyPoint(random), anyNumber(random, 3.1));
+    }
     return quaternions;
 }
 

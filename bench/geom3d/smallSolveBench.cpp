@@ -26,16 +26,19 @@ std::vector<Sample<R, C>> anySystems()
     std::mt19937_64 random(20240303);
     std::vector<Sample<R, C>> samples(sampleCount);
     for (Sample<R, C> &sample : samples) {
-        for (double &value : sample.matrix)
+        for (double &value : sample.matrix) {
             value = anyNumber(random, 10.0);
+        }
         // a combination of the columns, so that tall systems have a solution too
         double weights[C];
-        for (double &weight : weights)
+        for (double &weight : weights) {
             weight = static_cast<int>(anyNumber(random, 8.0));
+        }
         for (std::size_t r = 0; r < R; ++r) {
             sample.rhs[r] = 0.0;
-            for (std::size_t c = 0; c < C; ++c)
+            for (std::size_t c = 0; c < C; ++c) {
                 sample.rhs[r] += weights[c] * sample.matrix[r + R * c];
+            }
         }
     }
     return samples;

@@ -22,8 +22,9 @@ std::vector<double> randomSymmetric(unsigned int n)
     std::uniform_real_distribution<double> values(-10.0, 10.0);
     std::vector<double> a(n * n);
     for (unsigned int i = 0; i < n; ++i) {
-        for (unsigned int j = i; j < n; ++j)
+        for (unsigned int j = i; j < n; ++j) {
             a[i * n + j] = a[j * n + i] = values(random);
+        }
     }
     return a;
 }
@@ -35,8 +36,9 @@ void jacobiOurs(benchmark::State &state)
     SymmetricMatrixNXN matrix(n);
     for (auto _ : state) {
         for (unsigned int i = 0; i < n; ++i) {
-            for (unsigned int j = i; j < n; ++j)
+            for (unsigned int j = i; j < n; ++j) {
                 matrix.setElement(i, j, a[i * n + j]);
+            }
         }
         JacobiMethod method(&matrix);
         while (!method.iterate()) {
@@ -53,8 +55,9 @@ std::vector<matrixC3x3<double>> smallMatrices()
     std::vector<matrixC3x3<double>> matrices(1000);
     for (auto &m : matrices) {
         for (int i = 0; i < 3; ++i) {
-            for (int j = i; j < 3; ++j)
+            for (int j = i; j < 3; ++j) {
                 m(i, j) = m(j, i) = values(random);
+            }
         }
     }
     return matrices;
@@ -103,8 +106,9 @@ void pcaOurs(benchmark::State &state)
     const std::vector<double> c = cloudCoordinates();
     PValOrderedVector<Point3D> points;
     points.reserve(cloudSize);
-    for (std::size_t i = 0; i < cloudSize; ++i)
+    for (std::size_t i = 0; i < cloudSize; ++i) {
         points.append(Point3D(c[3 * i], c[3 * i + 1], c[3 * i + 2]));
+    }
     double values[3], center[3];
     Point3D axes[3];
     for (auto _ : state) {
@@ -161,8 +165,9 @@ void jacobiEigen(benchmark::State &state)
 void eigen3x3Eigen(benchmark::State &state)
 {
     std::vector<Eigen::Matrix3d> matrices;
-    for (auto const &m : smallMatrices())
+    for (auto const &m : smallMatrices()) {
         matrices.push_back(Eigen::Map<const Eigen::Matrix3d>(m.data()));
+    }
     Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d> solver;
     std::size_t i = 0;
     for (auto _ : state) {

@@ -36,8 +36,9 @@ struct Signal
 void report(benchmark::State &state)
 {
     double log2 = 0;
-    for (std::int64_t n = state.range(0); n > 1; n /= 2)
+    for (std::int64_t n = state.range(0); n > 1; n /= 2) {
         ++log2;
+    }
     state.counters["FLOPS"] = benchmark::Counter(5.0 * double(state.range(0)) * log2,
                                                  benchmark::Counter::kIsIterationInvariantRate);
 }
@@ -92,8 +93,9 @@ void plainTransform(double *inRe, double *inIm, double *outRe, double *outIm, in
     }
     for (int i = 0; i < n; ++i) {
         int reversed = 0;
-        for (int b = 0; b < bits; ++b)
+        for (int b = 0; b < bits; ++b) {
             reversed = reversed << 1 | (i >> b & 1);
+        }
         outRe[reversed] = re[i];
         outIm[reversed] = im[i];
     }
@@ -142,8 +144,9 @@ void fftKissFFT(benchmark::State &state)
     std::vector<std::complex<double>> in(n), out(n);
     AlignedArray values(2 * n);
     values.fillRandomly(1);
-    for (std::size_t i = 0; i < n; ++i)
+    for (std::size_t i = 0; i < n; ++i) {
         in[i] = {values[2 * i], values[2 * i + 1]};
+    }
     for (auto _ : state) {
         transform.transform(in.data(), out.data());
         benchmark::ClobberMemory();

@@ -33,8 +33,9 @@ struct Step
         data.fillRandomly(1);
         weights.fillRandomly(2);
         scratch.fillRandomly(3);
-        for (std::size_t i = 0; i < table.size(); ++i)
+        for (std::size_t i = 0; i < table.size(); ++i) {
             table[i] = double(i % 1013) / 1013.0 - 0.5;
+        }
     }
     AlignedArray data, weights, scratch, result, table;
 };
@@ -63,8 +64,9 @@ void legendrePlainLoop(benchmark::State &state)
     for (auto _ : state) {
         for (std::size_t l = 0; l < n / 2; ++l) {
             double sum = 0.0;
-            for (std::size_t j = 0; j < n; ++j)
+            for (std::size_t j = 0; j < n; ++j) {
                 sum += step.table[l * n + j] * step.scratch[j];
+            }
             step.result[l] = sum;
         }
         benchmark::ClobberMemory();
@@ -85,8 +87,9 @@ ORVEL_INLINE double sumAll(double const *values, std::size_t count)
     }
     double total = 0.0;
     for (auto const &lanes : sums) {
-        for (int lane = 0; lane < W; ++lane)
+        for (int lane = 0; lane < W; ++lane) {
             total += lanes[lane];
+        }
     }
     return total;
 }
@@ -109,11 +112,13 @@ void legendreReadOnly(benchmark::State &state)
     Step step(state.range(0));
     auto sum = sumNarrow;
 #if defined(__x86_64__)
-    if (__builtin_cpu_supports("avx512f"))
+    if (__builtin_cpu_supports("avx512f")) {
         sum = sumWide;
+    }
 #endif
-    for (auto _ : state)
+    for (auto _ : state) {
         benchmark::DoNotOptimize(sum(step.table.data(), step.table.size()));
+    }
     report(state);
 }
 
@@ -155,11 +160,13 @@ void sphericalOurs(benchmark::State &state)
     const std::size_t n = 2 * std::size_t(b);
     AlignedArray re(n * n), im(n * n), coefficientsRe(n * n / 4), coefficientsIm(n * n / 4);
     AlignedArray workspace(2 * n * n + 5 * n), weights(n), table(n * n / 4 * (std::size_t(b) + 1));
-    for (AlignedArray *array : {&re, &im, &weights, &table})
+    for (AlignedArray *array : {&re, &im, &weights, &table}) {
         array->fillRandomly(5);
+    }
     std::vector<int> offsets;
-    for (int m = 0, offset = 0; m < b; offset += (b - m) * 2 * b, ++m)
+    for (int m = 0, offset = 0; m < b; offset += (b - m) * 2 * b, ++m) {
         offsets.push_back(offset);
+    }
     for (auto _ : state) {
         computeFSTSlow(re.data(), im.data(), coefficientsRe.data(), coefficientsIm.data(),
                        workspace.data(), false, table.data(), weights.data(), offsets.data(), b);

@@ -15,8 +15,9 @@ public:
               static_cast<double *>(std::aligned_alloc(64, (size * sizeof(double) + 63) & ~63u)))
         , m_size(size)
     {
-        if (!m_memory)
+        if (!m_memory) {
             throw std::bad_alloc();
+        }
     }
     double *data() { return m_memory.get(); }
     std::size_t size() const { return m_size; }
@@ -26,8 +27,9 @@ public:
     {
         std::mt19937 random(seed);
         std::uniform_real_distribution<double> values(-1.0, 1.0);
-        for (std::size_t i = 0; i < m_size; ++i)
+        for (std::size_t i = 0; i < m_size; ++i) {
             m_memory.get()[i] = values(random);
+        }
     }
 
 private:

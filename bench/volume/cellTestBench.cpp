@@ -34,8 +34,9 @@ void record(std::vector<Call> &calls, MatUtil::TriangleCuboidIntersector const &
 {
     calls.push_back(call);
     auto const type = intersector.intersect(call.lo, call.hi, call.splitAxis, call.parentType);
-    if (type == MatUtil::TriangleCuboidDisjoint || levels == 0)
+    if (type == MatUtil::TriangleCuboidDisjoint || levels == 0) {
         return;
+    }
     for (int side = 0; side < 2; ++side) {
         Call child{call.triangle, call.lo, call.hi, axis, type};
         double const m = (call.lo[axis] + call.hi[axis]) * 0.5;
@@ -121,10 +122,11 @@ void singleQuestion(benchmark::State &state)
     const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
     for (auto _ : state) {
         int sum = 0;
-        for (Call const &c : descent.calls)
+        for (Call const &c : descent.calls) {
             sum += MatUtil::triangleIntersectsCuboid(
                 descent.mesh.corner(c.triangle, 0), descent.mesh.corner(c.triangle, 1),
                 descent.mesh.corner(c.triangle, 2), c.lo, c.hi);
+        }
         benchmark::DoNotOptimize(sum);
     }
     finish(state, descent);
@@ -134,9 +136,11 @@ void sizes(benchmark::internal::Benchmark *b)
 {
     // Segments of the torus (4 segments^2 triangles) and depth of the tree.
     b->ArgNames({"segments", "depth"});
-    for (int segments : {16, 50, 160})
-        for (int depth : {12, 18, 24})
+    for (int segments : {16, 50, 160}) {
+        for (int depth : {12, 18, 24}) {
             b->Args({segments, depth});
+        }
+    }
     b->Unit(benchmark::kMicrosecond);
 }
 
@@ -159,12 +163,14 @@ void cgalBoxTriangle(benchmark::State &state)
         triangles.emplace_back(point(0), point(1), point(2));
     }
     std::vector<CGAL::Bbox_3> boxes;
-    for (Call const &c : descent.calls)
+    for (Call const &c : descent.calls) {
         boxes.emplace_back(c.lo.x(), c.lo.y(), c.lo.z(), c.hi.x(), c.hi.y(), c.hi.z());
+    }
     for (auto _ : state) {
         int sum = 0;
-        for (std::size_t i = 0; i < boxes.size(); ++i)
+        for (std::size_t i = 0; i < boxes.size(); ++i) {
             sum += CGAL::do_intersect(boxes[i], triangles[descent.calls[i].triangle]);
+        }
         benchmark::DoNotOptimize(sum);
     }
     finish(state, descent);

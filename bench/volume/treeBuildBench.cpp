@@ -118,9 +118,11 @@ void sizes(benchmark::internal::Benchmark *b)
 {
     // Segments of the torus (4 segments^2 triangles) and depth of the tree.
     b->ArgNames({"segments", "depth"});
-    for (int segments : {16, 50, 158, 500})
-        for (int depth : {12, 18, 24})
+    for (int segments : {16, 50, 158, 500}) {
+        for (int depth : {12, 18, 24}) {
             b->Args({segments, depth});
+        }
+    }
     b->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 }
 

@@ -31,8 +31,9 @@ Point3D turnedByScript(double const (&angles)[3], Point3D const &p)
     RotationColumns const m = rotationAboutAxes(angles[0], angles[1], angles[2]);
     Point3D image;
     for (int row = 0; row < 3; ++row) {
-        for (int axis = 0; axis < 3; ++axis)
+        for (int axis = 0; axis < 3; ++axis) {
             image[row] += m.column[axis][row] * p[axis];
+        }
     }
     return image;
 }
@@ -152,8 +153,9 @@ void drawClosestPoints(SvgCanvas &canvas)
     panel.line(view(p[0]), view(p[1]), Role::Given);
     panel.line(view(p[2]), view(p[3]), Role::Given);
     char const *const names[] = {"p1", "p2", "p3", "p4"};
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         panel.point(view(p[i]), Role::Given, names[i], i < 2 ? Side::SE : Side::NE);
+    }
     panel.solution([&] {
         panel.line(view(pa), view(pb), Role::Result);
         panel.point(view(pa), Role::Result, "pa", Side::SE);
@@ -198,12 +200,14 @@ void drawCylinderCases(SvgCanvas &canvas)
         Point3D o2 = one.p0;
         int const count = IntersectLineCylinder(one.p0, one.p1, a0, a1, radius, t1, o1, t2, o2);
         panel.solution([&] {
-            if (o1 == o2 && count == 0)
+            if (o1 == o2 && count == 0) {
                 return;
+            }
             Role const role = count == 0 ? Role::Accent : Role::Result;
             panel.point({o1.x(), o1.z()}, role, "o1", Side::E);
-            if (count != 1)
+            if (count != 1) {
                 panel.point({o2.x(), o2.z()}, role, "o2", Side::E);
+            }
         });
     }
     canvas.legend(Role::Given, "the line and the mantle, which has no caps");
@@ -229,8 +233,9 @@ void drawCutPlane(Panel &panel, Axonometric const &view, CutPlane const &plane)
     Point3D v;
     getPlanarVectors(normal, u, v);
     std::vector<Vec2> corners;
-    for (Point3D const &corner : {u, v, -u, -v})
+    for (Point3D const &corner : {u, v, -u, -v}) {
         corners.push_back(view(position + 1.7 * corner));
+    }
     drawSpaceAxes(panel, view);
     panel.solution([&] {
         panel.area(corners, Role::Result);

@@ -45,8 +45,9 @@ void drawCell(Panel &panel, Node const &cell)
     const Vec2 lo(cell.bounds.first.x(), cell.bounds.first.y());
     const Vec2 hi(cell.bounds.second.x(), cell.bounds.second.y());
     const std::vector<Vec2> corners{lo, {hi.x, lo.y}, hi, {lo.x, hi.y}};
-    if (!cell.outer())
+    if (!cell.outer()) {
         panel.area(corners, cell.boundary() ? Role::Result : Role::Accent, 0.45);
+    }
     panel.polygon(corners, Role::Muted);
 }
 
@@ -57,8 +58,9 @@ void drawSlice(Panel &panel, BinTreeBuilder const &builder, double height)
     while (!open.empty()) {
         Node const *const node = open.back();
         open.pop_back();
-        if (!(node->bounds.first.z() <= height && height < node->bounds.second.z()))
+        if (!(node->bounds.first.z() <= height && height < node->bounds.second.z())) {
             continue;
+        }
         if (node->isLeaf()) {
             drawCell(panel, *node);
         } else {

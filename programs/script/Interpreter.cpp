@@ -42,8 +42,9 @@ Interpreter::Interpreter()
     : m_mrb(mrb_open())
     , m_context(nullptr)
 {
-    if (m_mrb == nullptr)
+    if (m_mrb == nullptr) {
         throw std::bad_alloc();
+    }
     m_context = mrbc_context_new(m_mrb);
     m_context->capture_errors = true;
     defineOrvel(m_mrb);
@@ -65,8 +66,9 @@ Interpreter::Outcome Interpreter::run(QByteArray const &script, QByteArray const
         mrb_load_nstring_cxt(m_mrb, script.constData(), std::size_t(script.size()), m_context);
     Outcome outcome;
     outcome.ok = m_mrb->exc == nullptr;
-    if (outcome.ok)
+    if (outcome.ok) {
         outcome.text = toBytes(mrb_inspect(m_mrb, value));
+    }
     if (m_mrb->exc != nullptr) {
         outcome.ok = false;
         outcome.text = takeError(m_mrb);

@@ -46,33 +46,36 @@ mrb_value wrap(mrb_state *mrb, Object const &object)
 /// False for a Ruby value that no member can take, such as an array.
 bool toVariant(mrb_state *mrb, mrb_value value, mzComVariantC &variant)
 {
-    if (mrb_nil_p(value))
+    if (mrb_nil_p(value)) {
         variant = mzComVariantC();
-    else if (mrb_float_p(value))
+    } else if (mrb_float_p(value)) {
         variant = mzComVariantC(double(mrb_float(value)));
-    else if (mrb_integer_p(value))
+    } else if (mrb_integer_p(value)) {
         variant = mzComVariantC(double(mrb_integer(value)));
-    else if (mrb_string_p(value))
+    } else if (mrb_string_p(value)) {
         variant =
             mzComVariantC(mzComStringC(QByteArray(RSTRING_PTR(value), int(RSTRING_LEN(value)))));
-    else if (Object const *object = objectOf(mrb, value))
+    } else if (Object const *object = objectOf(mrb, value)) {
         variant = mzComVariantC(*object);
-    else
+    } else {
         return false;
+    }
     return true;
 }
 
 /// The receiver itself where the member gave it back.
 mrb_value toRuby(mrb_state *mrb, mzComVariantC const &variant, mrb_value self)
 {
-    if (variant.isDouble())
+    if (variant.isDouble()) {
         return mrb_float_value(mrb, variant.toDouble());
+    }
     if (variant.isString()) {
         const mzComStringC text = variant.toString();
         return mrb_str_new(mrb, text.utf8(), std::size_t(text.bytes().size()));
     }
-    if (const Object object = variant.toObject())
+    if (const Object object = variant.toObject()) {
         return object == *objectOf(mrb, self) ? self : wrap(mrb, object);
+    }
     return mrb_nil_value();
 }
 
@@ -91,12 +94,15 @@ struct Member
 
 Member memberOf(QByteArray const &rubyName, mrb_int argumentCount)
 {
-    if (rubyName == "call")
+    if (rubyName == "call") {
         return {"", proxyMethod};
-    if (rubyName.endsWith('='))
+    }
+    if (rubyName.endsWith('=')) {
         return {rubyName.chopped(1), proxyPropertyWrite};
-    if (argumentCount == 0)
+    }
+    if (argumentCount == 0) {
         return {rubyName, proxyMethod | proxyPropertyRead};
+    }
     return {rubyName, proxyMethod};
 }
 
@@ -108,14 +114,16 @@ mrb_value invoke(mrb_state *mrb, mrb_value self, Member const &member, mrb_value
     mzComVariantArrayC variants;
     for (mrb_int i = 0; i < argumentCount; ++i) {
         mzComVariantC variant;
-        if (!toVariant(mrb, arguments[i], variant))
+        if (!toVariant(mrb, arguments[i], variant)) {
             return makeError(mrb, mzComStringC("no member takes an argument of class ") +
                                       mrb_obj_classname(mrb, arguments[i]));
+        }
         variants.append(variant);
     }
     mzComPtrT<proxyObjectC> proxy;
-    if (!(*objectOf(mrb, self))->queryInterface(proxyObjectC::IID(), proxy))
+    if (!(*objectOf(mrb, self))->queryInterface(proxyObjectC::IID(), proxy)) {
         return makeError(mrb, "the object has no members");
+    }
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
     failed = !proxy->invokeByName(member.name, member.flags, variants, result, exception);
@@ -134,8 +142,9 @@ mrb_value methodMissing(mrb_state *mrb, mrb_value self)
         const Member member = memberOf(mrb_sym_name(mrb, symbol), argumentCount);
         result = invoke(mrb, self, member, arguments, argumentCount, failed);
     }
-    if (failed)
+    if (failed) {
         mrb_exc_raise(mrb, result);
+    }
     return result;
 }
 

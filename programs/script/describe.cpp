@@ -21,8 +21,9 @@ QByteArray joined(mzComDataStreamC &stream)
     for (int i = 0; i < count; ++i) {
         double value = 0.0;
         stream >> value;
-        if (i > 0)
+        if (i > 0) {
             text += i % group == 0 ? "; " : ", ";
+        }
         text += QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
     }
     return text;
@@ -33,14 +34,16 @@ QByteArray joined(mzComDataStreamC &stream)
 QByteArray describe(mzComPtrT<mzIUnknown> const &object)
 {
     mzComPtrT<proxyObjectC> proxy;
-    if (!object->queryInterface(proxyObjectC::IID(), proxy))
+    if (!object->queryInterface(proxyObjectC::IID(), proxy)) {
         return "object";
+    }
     proxyMemberDescListS const *list = proxy->getProxyTypeInfo();
     const QByteArray identifier =
         list->objectIdentifier != nullptr ? list->objectIdentifier : list->name;
     const QByteArray name = identifier.mid(identifier.lastIndexOf('.') + 1);
     mzComDataStreamC stream;
-    if (!mzComVariantC(object).toSkalarValue().writeUserData(stream))
+    if (!mzComVariantC(object).toSkalarValue().writeUserData(stream)) {
         return name;
+    }
     return name + "(" + joined(stream) + ")";
 }

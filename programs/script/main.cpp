@@ -19,8 +19,9 @@ namespace {
 QByteArray contentsOf(std::string const &path)
 {
     QFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         throw std::runtime_error("cannot read " + path);
+    }
     return file.readAll();
 }
 
@@ -49,8 +50,9 @@ int runInput()
 int checkNothingIsLeft(int exitCode)
 {
     int const left = proxyObjectC::liveObjectCount();
-    if (left == 0)
+    if (left == 0) {
         return exitCode;
+    }
     std::fprintf(stderr, "%d objects are left\n", left);
     return 3;
 }
@@ -72,10 +74,11 @@ int main(int argc, char **argv)
     mzComServerStateEventC::startServer();
     int exitCode = 0;
     try {
-        if (!pageExamples.empty())
+        if (!pageExamples.empty()) {
             std::fputs(memberPage(contentsOf(pageExamples)).constData(), stdout);
-        else
+        } else {
             exitCode = files.empty() ? runInput() : runFiles(files);
+        }
     } catch (std::exception const &error) {
         std::fprintf(stderr, "orvel-script: %s\n", error.what());
         exitCode = 2;

@@ -50,8 +50,9 @@ QByteArray parameterNames(proxyMemberDescS const &member)
     QByteArray names;
     for (int i = 1; i <= member.parameterCount; ++i) {
         std::type_info const &type = *member.signature()[i].type;
-        if (i > 1)
+        if (i > 1) {
             names += ", ";
+        }
         names += "`" + mzComReadableTypeName(mzComTypeInfoToName(type)).bytes() + "`";
     }
     return names.isEmpty() ? "none" : names;
@@ -60,13 +61,15 @@ QByteArray parameterNames(proxyMemberDescS const &member)
 QByteArray row(proxyMemberDescS const &member, Section const &section, QByteArray const &line)
 {
     const QByteArray call = *member.name != '\0' ? "." + QByteArray(member.name) : ".(";
-    if (!line.contains(call))
+    if (!line.contains(call)) {
         throw std::runtime_error(("no use of " + call + " in: " + line).toStdString());
+    }
     Interpreter interpreter;
     const Interpreter::Outcome outcome =
         interpreter.run(section.setup + "\n" + line, section.identifier, 0);
-    if (!outcome.ok)
+    if (!outcome.ok) {
         throw std::runtime_error((line + ": " + outcome.text).toStdString());
+    }
     const QByteArray name = *member.name != '\0' ? QByteArray(member.name) : "\"\"";
     return "| `" + name + "` | " + kindName(member.kind) + " | " + parameterNames(member) + " | `" +
            line + "` | `" + outcome.text + "` |\n";
@@ -76,20 +79,23 @@ QByteArray sectionText(Section const &section)
 {
     proxyMemberDescListS const *list =
         proxyFactoryC::instance().findClass(mzIIDS(section.identifier.constData()));
-    if (list == nullptr)
+    if (list == nullptr) {
         throw std::runtime_error(("no class " + section.identifier).toStdString());
+    }
     QByteArray text = "\n## " + section.identifier + "\n\nThe lines run after `" + section.setup +
                       "`.\n\n| Member | Kind | Parameters | Script | Result |\n"
                       "|---|---|---|---|---|\n";
     int index = 0;
     for (; list->members[index].name != nullptr; ++index) {
-        if (index == section.lines.size())
+        if (index == section.lines.size()) {
             break;
+        }
         text += row(list->members[index], section, section.lines[index]);
     }
-    if (list->members[index].name != nullptr || index != section.lines.size())
+    if (list->members[index].name != nullptr || index != section.lines.size()) {
         throw std::runtime_error(
             ("one line a member, please: " + section.identifier).toStdString());
+    }
     return text;
 }
 
@@ -101,9 +107,11 @@ QByteArray memberPage(QByteArray const &examples)
                       "Made by running each line; do not edit. The members stand in the order of "
                       "the classes' tables, which decides between members of one name.\n";
     QList<Section> const sections = sectionsOf(examples);
-    for (Section const &section : sections)
+    for (Section const &section : sections) {
         page += sectionText(section);
-    if (sections.size() != proxyFactoryC::instance().classes().size())
+    }
+    if (sections.size() != proxyFactoryC::instance().classes().size()) {
         throw std::runtime_error("a section for each class, please");
+    }
     return page;
 }

@@ -17,13 +17,16 @@ int runPrompt(Interpreter &interpreter)
     std::puts("f = Orvel.factory gives the factory; exit leaves.");
     for (int number = 1; char *line = readline("orvel> "); ++number) {
         const QByteArray script = QByteArray(line).trimmed();
-        if (!script.isEmpty())
+        if (!script.isEmpty()) {
             add_history(line);
+        }
         std::free(line);
-        if (script == "exit")
+        if (script == "exit") {
             break;
-        if (script.isEmpty())
+        }
+        if (script.isEmpty()) {
             continue;
+        }
         const Interpreter::Outcome outcome = interpreter.run(script, "prompt", number);
         std::printf("%s %s\n", outcome.ok ? "=>" : "error:", outcome.text.constData());
     }

@@ -28,8 +28,9 @@ double distance(Quaternion4D const &a, Quaternion4D const &b)
     const Components u = componentsOf(a);
     const Components v = componentsOf(b);
     double sum = 0.0;
-    for (std::size_t i = 0; i < 4; ++i)
+    for (std::size_t i = 0; i < 4; ++i) {
         sum += (u[i] - v[i]) * (u[i] - v[i]);
+    }
     return std::sqrt(sum);
 }
 
@@ -44,8 +45,9 @@ Rotation product(Rotation const &a, Rotation const &b)
     Rotation result{};
     for (std::size_t r = 0; r < 3; ++r) {
         for (std::size_t c = 0; c < 3; ++c) {
-            for (std::size_t k = 0; k < 3; ++k)
+            for (std::size_t k = 0; k < 3; ++k) {
                 result[r][c] += a[r][k] * b[k][c];
+            }
         }
     }
     return result;
@@ -73,10 +75,11 @@ Rotation aboutDirection(Point3D const &u, double angle)
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
             double value = (1.0 - c) * u[row] * u[column];
-            if (row == column)
+            if (row == column) {
                 value += c;
-            else
+            } else {
                 value += ((column - row + 3) % 3 == 1 ? -s : s) * u[3 - row - column];
+            }
             result[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = value;
         }
     }
@@ -88,8 +91,9 @@ double distanceFromTranspose(Matrix4X4C const &m, Rotation const &textbook)
 {
     double greatest = 0.0;
     for (std::size_t r = 0; r < 3; ++r) {
-        for (std::size_t c = 0; c < 3; ++c)
+        for (std::size_t c = 0; c < 3; ++c) {
             greatest = std::fmax(greatest, std::fabs(m.GetConstMatrixRef()[r][c] - textbook[c][r]));
+        }
     }
     return greatest;
 }
@@ -185,11 +189,13 @@ TEST(QuaternionValue, LengthAndDotProduct)
 TEST(QuaternionValue, ZeroHasNoUnitCopy)
 {
     Quaternion4D zero(0.0, 0.0, 0.0, 0.0);
-    for (double c : componentsOf(zero.Normal()))
+    for (double c : componentsOf(zero.Normal())) {
         EXPECT_TRUE(std::isnan(c));
+    }
     zero.Normalize();
-    for (double c : componentsOf(zero))
+    for (double c : componentsOf(zero)) {
         EXPECT_TRUE(std::isnan(c));
+    }
 }
 
 TEST(QuaternionMatrix, IdentityGivesTheIdentity)
@@ -453,10 +459,11 @@ RC_GTEST_PROP(QuaternionProperty, AngleAndAxisComeBack, ())
     q.GetAngleAxis(axis, angle);
     RC_ASSERT(angle >= 0.0 && angle <= 2.0 * pi);
     const Quaternion4D back(axis, angle);
-    if (angle != 0.0)
+    if (angle != 0.0) {
         RC_ASSERT(distance(back, q) < 1e-8);
-    else // no more is lost than the guard swallows
+    } else { // no more is lost than the guard swallows
         RC_ASSERT(std::fmin(distance(back, q), distance(back, negated(q))) < 2e-4);
+    }
 }
 
 RC_GTEST_PROP(QuaternionProperty, SetEulerTurnsAboutXThenYThenZ, ())
@@ -484,8 +491,9 @@ RC_GTEST_PROP(QuaternionProperty, SlerpKeepsTheLength, ())
     const Quaternion4D q = anyRotation();
     double const t = uniform(0, 1001) * 1e-3;
     const Quaternion4D far = anyRotation();
-    if (std::fabs(q.Dot(far)) < 0.99999)
+    if (std::fabs(q.Dot(far)) < 0.99999) {
         RC_ASSERT(std::fabs(q.Slerp(far, t).Length() - 1.0) < 1e-12);
+    }
     const Quaternion4D near = q.Lerp(far, uniform(0, 1001) * 4e-6).Normal();
     RC_ASSERT(std::fabs(q.Slerp(near, t).Length() - 1.0) < 1e-5);
     RC_ASSERT(std::fabs(q.Slerp(negated(near), t).Length() - 1.0) < 1e-5);

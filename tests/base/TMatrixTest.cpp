@@ -68,8 +68,9 @@ TMatrix anyTransformation()
 {
     TMatrix t;
     int const steps = uniform(1, 5);
-    for (int i = 0; i < steps; ++i)
+    for (int i = 0; i < steps; ++i) {
         t *= anyStep();
+    }
     return t;
 }
 
@@ -128,8 +129,9 @@ TEST(TMatrixValue, UnknownMirrorLeavesTheMemoryUnwritten)
         alignas(TMatrix) unsigned char memory[sizeof(TMatrix)];
         std::memset(memory, 0x5a, sizeof memory);
         new (memory) TMatrix(kind);
-        for (unsigned char byte : memory)
+        for (unsigned char byte : memory) {
             ASSERT_EQ(byte, 0x5a) << kind;
+        }
     }
 }
 
@@ -166,8 +168,9 @@ TEST(TMatrixValue, SetMatrixTakesRowsThenFactorThenOffset)
     TMatrix t;
     t.setMatrix(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, -1.0, 45.0);
     for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
+        for (int column = 0; column < 3; ++column) {
             EXPECT_EQ(t.getValue(column, row), 3 * row + column + 1);
+        }
     }
     EXPECT_EQ(t * 10.0, 35.0);
     EXPECT_EQ(t * Point2D(10.0, 100.0), Point2D(213.0, 546.0)); // the third row is not read

@@ -27,8 +27,9 @@ Bytes contentOf(std::filesystem::path const &path)
 std::size_t replay(Bytes const &input)
 {
     std::size_t runs = 0;
-    for (std::size_t size = 0; size <= input.size(); ++size, ++runs)
+    for (std::size_t size = 0; size <= input.size(); ++size, ++runs) {
         LLVMFuzzerTestOneInput(input.data(), size);
+    }
     Bytes changed = input;
     const std::size_t bits = std::min(input.size() * 8, flippedBitsPerFile);
     for (std::size_t i = 0; i < bits; ++i, ++runs) {
@@ -50,13 +51,15 @@ int main(int argc, char **argv)
     }
     std::vector<std::filesystem::path> files;
     for (auto const &entry : std::filesystem::directory_iterator(argv[1])) {
-        if (entry.is_regular_file())
+        if (entry.is_regular_file()) {
             files.push_back(entry.path());
+        }
     }
     std::sort(files.begin(), files.end());
     std::size_t runs = 0;
-    for (std::filesystem::path const &path : files)
+    for (std::filesystem::path const &path : files) {
         runs += replay(contentOf(path));
+    }
     std::cout << files.size() << " files, " << runs << " inputs\n";
     return files.empty() ? 1 : 0;
 }

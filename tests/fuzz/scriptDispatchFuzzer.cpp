@@ -53,8 +53,9 @@ constexpr char const *words[] = {"vector3d", "vector2d", "matrix3x3", "matrix4x4
 
 void require(bool holds)
 {
-    if (!holds)
+    if (!holds) {
         std::abort();
+    }
 }
 
 /// Gives out the bytes; zeros once they are used up.
@@ -71,11 +72,13 @@ public:
     std::size_t below(std::size_t limit) { return byte() % limit; }
     double number()
     {
-        if (below(2) == 0)
+        if (below(2) == 0) {
             return double(byte()) - 128.0;
+        }
         std::uint64_t bits = 0;
-        for (int i = 0; i < 8; ++i)
+        for (int i = 0; i < 8; ++i) {
             bits = bits << 8 | byte();
+        }
         double value = 0.0;
         std::memcpy(&value, &bits, sizeof value);
         return value;
@@ -83,8 +86,9 @@ public:
     QByteArray text()
     {
         QByteArray bytes(int(below(8)), '\0');
-        for (char &c : bytes)
+        for (char &c : bytes) {
             c = char(byte());
+        }
         return bytes;
     }
 
@@ -123,8 +127,9 @@ public:
         unsigned int const flags =
             unsigned(m_input.below(8)) | (m_input.below(2) == 0 ? 0u : proxyInvokeLenient);
         mzComVariantArrayC arguments;
-        for (std::size_t left = m_input.below(5); left > 0; --left)
+        for (std::size_t left = m_input.below(5); left > 0; --left) {
             arguments.append(argument());
+        }
         call(receiver, name, flags, arguments);
     }
 
@@ -159,17 +164,19 @@ private:
         require(ok != bool(exception));
         require(ok || result.isEmpty());
         require(ok || !exception->message().isEmpty());
-        if (const Object object = result.toObject())
+        if (const Object object = result.toObject()) {
             keep(object);
+        }
     }
 
     /// A new object, or the receiver, takes some slot.
     void keep(Object const &object)
     {
-        if (m_objects.size() < 12)
+        if (m_objects.size() < 12) {
             m_objects.push_back(object);
-        else
+        } else {
             m_objects[m_input.below(m_objects.size())] = object;
+        }
     }
 
     static void connectRemotely(Object const &object)
@@ -194,8 +201,9 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size
     {
         Input input(data, size);
         Program program(input);
-        while (!input.isAtEnd())
+        while (!input.isAtEnd()) {
             program.step();
+        }
     }
     require(proxyObjectC::liveObjectCount() == 0);
     return 0;

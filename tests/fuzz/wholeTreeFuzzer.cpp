@@ -14,8 +14,9 @@ namespace {
 
 void require(bool holds)
 {
-    if (!holds)
+    if (!holds) {
         std::abort();
+    }
 }
 
 // Reads the same format by recursion over the bits; false when they do not suffice.
@@ -28,8 +29,9 @@ struct Reader
 
     bool bit(bool &value)
     {
-        if (index >= bitCount)
+        if (index >= bitCount) {
             return false;
+        }
         value = (bytes[index / 8] >> (index % 8) & 1) != 0;
         ++index;
         return true;
@@ -37,10 +39,12 @@ struct Reader
     bool tree()
     {
         bool value = false;
-        if (!bit(value))
+        if (!bit(value)) {
             return false;
-        if (value)
+        }
+        if (value) {
             return tree() && tree();
+        }
         ++leaves;
         return bit(value);
     }
@@ -50,13 +54,15 @@ struct Reader
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size)
 {
-    if (size < 1 || size > 4096)
+    if (size < 1 || size > 4096) {
         return 0;
+    }
     // An exact copy on the heap lets the sanitizer see a read beyond the end.
     const std::size_t byteCount = size - 1;
     const std::unique_ptr<unsigned char[]> bytes(new unsigned char[byteCount]);
-    for (std::size_t i = 0; i < byteCount; ++i)
+    for (std::size_t i = 0; i < byteCount; ++i) {
         bytes[i] = data[i + 1];
+    }
     const quint64 leftOut = byteCount > 0 ? data[0] % 8 : 0;
     const quint64 bitCount = byteCount * 8 - leftOut;
     const BitView view{bytes.get()};
@@ -76,12 +82,14 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size
                                                               vectorC3d<double>(1, 1, 1));
     BinTreeBuilder builder(box, 0.5, box);
     builder.importBitView(view);
-    if (leaves == 1)
+    if (leaves == 1) {
         return 0; // the constructor's children stay, so the export differs
+    }
     const SimpleBitVector again = builder.exportBitVector();
     require(again.bitCount == bitCount);
-    for (quint64 i = 0; i < bitCount; ++i)
+    for (quint64 i = 0; i < bitCount; ++i) {
         require(((again.bytes[i / 8] ^ bytes[i / 8]) >> (i % 8) & 1) == 0);
+    }
     builder.condense();
     require(builder.exportBitVector().bitCount <= bitCount);
     return 0;

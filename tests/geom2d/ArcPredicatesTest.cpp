@@ -269,8 +269,9 @@ RC_GTEST_PROP(GetArcMiddle, IsAsFarFromAllThreePoints, ())
     Point2D const p[3] = {c + direction(a, r), c + direction(b, r), c + direction(d, r)};
     Point2D centre;
     RC_ASSERT(getArcMiddle(p[0], p[1], p[2], centre, 0.0) == 0);
-    for (Point2D const &q : p)
+    for (Point2D const &q : p) {
         RC_ASSERT(std::fabs(distanceOf(q, centre) - r) < 1e-9);
+    }
 }
 
 RC_GTEST_PROP(PointOnArc, EveryFormAgreesWithTheSweep, ())

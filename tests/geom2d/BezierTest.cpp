@@ -66,8 +66,9 @@ TEST(InterpolateCubic, CoincidingPointsWithoutToleranceGiveTwoArcs)
     Arcs const arcs = BezierApproximation::interpolateCubic(p, p, p, p, 0);
     ASSERT_EQ(arcs.size(), 2);
     for (QList<Point2D> const &arc : arcs) {
-        for (Point2D const &q : arc)
+        for (Point2D const &q : arc) {
             EXPECT_POINT_NEAR(q, 3, 4, 1e-14);
+        }
     }
 }
 
@@ -123,8 +124,9 @@ RC_GTEST_PROP(InterpolateCubicProperty, ThroughPointsLieOnTheCurve, ())
     auto const casteljau = [&p](double t) {
         Point2D q[4] = {p[0], p[1], p[2], p[3]};
         for (int level = 3; level > 0; --level) {
-            for (int i = 0; i < level; ++i)
+            for (int i = 0; i < level; ++i) {
                 q[i] = q[i].Scale(1 - t) + q[i + 1].Scale(t);
+            }
         }
         return q[0];
     };

@@ -27,8 +27,9 @@ struct Cut
         c = c - c5;
         volatile Real const a4 = 4 * a, bb = b * b, ca4 = c * a4, d = bb - ca4;
         discriminant = d;
-        if (d < 0)
+        if (d < 0) {
             return;
+        }
         count = 2;
         volatile Real const aa = a + a;
         double const volatile s = std::sqrt(static_cast<double>(d)), w = aa, wide = b;
@@ -322,8 +323,9 @@ RC_GTEST_PROP(IntersectLineCircle, CrossingsLieOnBoth, ())
     int const found = intersect_line_circle(p0, p1, c, r, 0, a, eps);
     RC_ASSERT(found == (height < r ? 1 : 0));
     RC_ASSERT(intersect_line_circle(p0, p1, c, r, 1, b, eps) == found);
-    if (found == 0)
+    if (found == 0) {
         return;
+    }
     for (Point2D const &p : {a, b}) {
         RC_ASSERT(std::fabs(distanceOf(p, c) - r) < 1e-9);
         RC_ASSERT(std::fabs(d.x() * (p.y() - p0.y()) - d.y() * (p.x() - p0.x())) <
@@ -345,8 +347,9 @@ RC_GTEST_PROP(IntersectCircleCircle, CrossingsLieOnBoth, ())
     for (int const which : {0, 1}) {
         Point2D p;
         RC_ASSERT(intersect_circle_circle(c1, r1, c2, r2, which, p, 1e-6) == (meet ? 1 : 0));
-        if (!meet)
+        if (!meet) {
             continue;
+        }
         RC_ASSERT(std::fabs(distanceOf(p, c1) - r1) < 1e-8);
         RC_ASSERT(std::fabs(distanceOf(p, c2) - r2) < 1e-8);
         double const side =

@@ -51,10 +51,12 @@ RC_GTEST_PROP(EllipseAngleProperty, EqualsRepeatedSubtraction, ())
 {
     double const start = anyNumber(100000) / 7.0;
     double angle = start;
-    while (angle > 360)
+    while (angle > 360) {
         angle -= 360;
-    while (angle < 0)
+    }
+    while (angle < 0) {
         angle += 360;
+    }
     RC_ASSERT(degreesOf(start) == angle * pi / 180);
 }
 
@@ -213,8 +215,9 @@ TEST(FindIntersections, FourCrossings)
         EXPECT_NEAR(std::fabs(q.y()), at, 1e-13);
     }
     for (std::size_t i = 0; i < 4; ++i) {
-        for (std::size_t j = 0; j < i; ++j)
+        for (std::size_t j = 0; j < i; ++j) {
             EXPECT_GT(distanceOf(p[i], p[j]), 1);
+        }
     }
 }
 
@@ -347,15 +350,17 @@ TEST(FindIntersections2, OneCrossingWhateverIsAsked)
 
 TEST(FindIntersections2, NoneWithoutCrossings)
 {
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         expectNone(choice(wide(), circle(9, 0, 1), (i & 1) != 0, (i & 2) != 0));
+    }
 }
 
 TEST(FindIntersections2, NoneForMoreThanFour)
 {
     ASSERT_GT(crossings(tiny(), huge()).size(), 4U);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         expectNone(choice(tiny(), huge(), (i & 1) != 0, (i & 2) != 0));
+    }
 }
 
 TEST(IntersectEllipseEllipse, GivesAllCrossingsAndTheirCount)
@@ -390,8 +395,9 @@ TEST(IntersectCircleEllipse, GivesAllCrossingsAndTheirCount)
         intersect_circle_ellipse(Point2D(0, 0), 1.5, Point2D(0, 0), 30, 2, 1, points, count, nan64),
         1);
     EXPECT_EQ(count, 4);
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i) {
         EXPECT_NEAR(points[i].Length(), 1.5, 1e-14);
+    }
     EXPECT_EQ(
         intersect_circle_ellipse(Point2D(0, 0), 0.5, Point2D(0, 0), 30, 2, 1, points, count, 0), 0);
     EXPECT_EQ(count, 0);
@@ -468,8 +474,9 @@ RC_GTEST_PROP(IntersectLineEllipseProperty, CrossingLiesOnBoth, ())
     LineCut const first = cut(p0, p1, centre, angle, a, b, false);
     LineCut const other = cut(p0, p1, centre, angle, a, b, true);
     RC_ASSERT(first.result == other.result);
-    if (first.result == 0)
+    if (first.result == 0) {
         return;
+    }
     for (Point2D const &p : {first.out, other.out}) {
         requireNear(distanceToLine(p, p0, p1), 0, 1e-11);
         requireNear(valueAt(q, p.x(), p.y()), 0, 1e-6);

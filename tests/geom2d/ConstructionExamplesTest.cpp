@@ -38,8 +38,9 @@ TEST(ConstructionExamples, CrossingsOfTwoEllipses)
     // count is 4: (±0.894, ±0.894)
     // [end]
     ASSERT_EQ(count, 4);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         EXPECT_NEAR(std::fabs(points[i].x()), 0.894, 0.001);
+    }
 }
 
 std::string contentOf(char const *path)
@@ -55,8 +56,9 @@ std::string snippet(std::string const &source, std::string const &name)
     std::size_t const begin = source.find(open) + open.size();
     std::istringstream lines(source.substr(begin, source.find("    // [end]", begin) - begin));
     std::string text;
-    for (std::string line; std::getline(lines, line);)
+    for (std::string line; std::getline(lines, line);) {
         text += line.substr(4) + '\n';
+    }
     return text;
 }
 
@@ -65,8 +67,9 @@ TEST(ConstructionExamples, StandInTheDocumentation)
     std::string const page = contentOf(ORVEL_SOURCE_DIR "/docs/geom2d-constructions.md");
     std::string const source =
         contentOf(ORVEL_SOURCE_DIR "/tests/geom2d/ConstructionExamplesTest.cpp");
-    for (char const *name : {"fillet", "ellipses"})
+    for (char const *name : {"fillet", "ellipses"}) {
         EXPECT_NE(page.find("```cpp\n" + snippet(source, name) + "```"), std::string::npos) << name;
+    }
 }
 
 } // namespace

@@ -196,12 +196,14 @@ IntersectionType exactClass(Point2D const &p0, Point2D const &p1, Point2D const 
     int const b = side(p0, p1, p3);
     int const c = side(p2, p3, p0);
     int const d = side(p2, p3, p1);
-    if (a * b > 0 || c * d > 0)
+    if (a * b > 0 || c * d > 0) {
         return NoIntersection;
+    }
     bool const endOfSecond = a * b == 0;
     bool const endOfFirst = c * d == 0;
-    if (endOfFirst && endOfSecond)
+    if (endOfFirst && endOfSecond) {
         return EndToEnd;
+    }
     return endOfFirst || endOfSecond ? EndOnSegment : ProperCrossing;
 }
 

@@ -80,25 +80,29 @@ std::array<Complex, 4> rootsOf(std::array<Complex, 5> const &k)
     std::array<Complex, 4> z;
     Complex const seed{Real(0.4), Real(0.9)};
     z[0] = {1, 0};
-    for (std::size_t i = 1; i < 4; ++i)
+    for (std::size_t i = 1; i < 4; ++i) {
         z[i] = z[i - 1] * seed;
+    }
     for (int step = 0; step < 200; ++step) {
         Real moved = 0;
         for (std::size_t i = 0; i < 4; ++i) {
             Complex value = k[4];
-            for (std::size_t j = 4; j > 0; --j)
+            for (std::size_t j = 4; j > 0; --j) {
                 value = value * z[i] + k[j - 1];
+            }
             Complex others = k[4];
             for (std::size_t j = 0; j < 4; ++j) {
-                if (j != i)
+                if (j != i) {
                     others = others * (z[i] - z[j]);
+                }
             }
             Complex const by = value / others;
             z[i] = z[i] - by;
             moved = moved + size(by);
         }
-        if (moved < Real(1e-40))
+        if (moved < Real(1e-40)) {
             break;
+        }
     }
     return z;
 }
@@ -116,8 +120,9 @@ Truth truthOf(Ellipse const &e1, Ellipse const &e2)
     std::array<Complex, 4> const z = rootsOf(quartic(e1, e2));
     Truth truth;
     for (std::size_t i = 0; i < 4; ++i) {
-        for (std::size_t j = 0; j < i; ++j)
+        for (std::size_t j = 0; j < i; ++j) {
             truth.separation = std::min(truth.separation, static_cast<double>(size(z[i] - z[j])));
+        }
         double const off = static_cast<double>(abs(size(z[i]) - 1));
         if (off > 1e-20) {
             truth.separation = std::min(truth.separation, off);
@@ -137,8 +142,9 @@ double worstDistance(std::vector<Point2D> const &wanted, Point2D const *found, i
     double worst = 0;
     for (Point2D const &p : wanted) {
         double nearest = inf;
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; ++i) {
             nearest = std::min(nearest, distanceOf(p, found[i]));
+        }
         worst = std::max(worst, nearest);
     }
     return worst;
@@ -161,8 +167,9 @@ Rate measure(int pairs, double separation, Pair anyPair)
     while (rate.pairs < pairs) {
         auto [e1, e2] = anyPair();
         Truth const truth = truthOf(e1, e2);
-        if (truth.separation < separation)
+        if (truth.separation < separation) {
             continue;
+        }
         Point2D points[12];
         int count = 0;
         mathPoly::FindIntersections(e1, e2, count, points);

@@ -309,8 +309,9 @@ TEST(DoOverlap, LeavesTheSortedPointsAloneWhenItCanTellAtOnce)
     EXPECT_FALSE(doOverlap({0, 0}, {4, 0}, {1, -1}, {3, 0}, sorted, 1e-9));     // p2 off the line
     EXPECT_FALSE(doOverlap({0, 0}, {0.5, 0}, {0, 0}, {3, 0}, sorted, 0.5));     // first too short
     EXPECT_FALSE(doOverlap({0, 0}, {3, 0}, {0.25, 0}, {0.75, 0}, sorted, 0.5)); // second
-    for (Point2D const &p : sorted)
+    for (Point2D const &p : sorted) {
         EXPECT_POINT(p, untouched, untouched);
+    }
 }
 
 TEST(DoOverlap, ToleranceOfTheTurnIsAnArea)
@@ -352,8 +353,9 @@ RC_GTEST_PROP(LineCrossings, LieOnBothLinesAndAgree, ())
     // The coordinates are multiples of 1/8, so the cross product is exact.
     RC_ASSERT(byDeterminant == (cross == 0.0 ? 1 : 0));
     RC_ASSERT(byParameter == (cross == 0.0 ? 0 : 1));
-    if (cross == 0.0)
+    if (cross == 0.0) {
         return;
+    }
     double const condition = (1.0 + distanceOf(p0, p1) * distanceOf(p2, p3)) / std::fabs(cross);
     double const bound = 1e-12 * condition * (1.0 + distanceOf(p0, b));
     RC_ASSERT(distanceFromLine(a, p0, p1) <= bound);

@@ -21,8 +21,9 @@ struct Ray
 
     Level level(double y) const
     {
-        if (p.y() - tol > y)
+        if (p.y() - tol > y) {
             return Level::Below;
+        }
         return y > p.y() + tol ? Level::Above : Level::InBand;
     }
 
@@ -30,8 +31,9 @@ struct Ray
     size_t start(std::vector<Point2D> const &v) const
     {
         size_t i = 0;
-        while (i < v.size() && p.y() - tol < v[i].y() && v[i].y() < p.y() + tol)
+        while (i < v.size() && p.y() - tol < v[i].y() && v[i].y() < p.y() + tol) {
             ++i;
+        }
         return i;
     }
 
@@ -56,22 +58,26 @@ IntersectionType plainIntersect(Point2D const &p0, Point2D const &p1, Point2D co
     Point2D const d = p1 - p0;
     Point2D const e = p3 - p2;
     double const c = d.x() * e.y() - d.y() * e.x();
-    if (careful ? tol * tol > std::fabs(c) : c == 0.0)
+    if (careful ? tol * tol > std::fabs(c) : c == 0.0) {
         return NoIntersection;
+    }
     double const t = ((p2.x() - p0.x()) * e.y() - (p2.y() - p0.y()) * e.x()) / c;
-    if (t < 0 || t > 1)
+    if (t < 0 || t > 1) {
         return NoIntersection;
+    }
     double const u =
         ((p1.y() - p3.y()) * (p0.x() - p1.x()) - (p1.x() - p3.x()) * (p0.y() - p1.y())) / c;
-    if (u < 0 || u > 1)
+    if (u < 0 || u > 1) {
         return NoIntersection;
+    }
     out = Point2D(p0.x() + t * d.x(), p0.y() + t * d.y());
     double const s1 = d.Length() * t;
     double const s2 = e.Length() * u;
     bool const first = tol > s1 || s1 > d.Length() - tol;
     bool const second = tol > s2 || s2 > e.Length() - tol;
-    if (first && second)
+    if (first && second) {
         return EndToEnd;
+    }
     return first || second ? EndOnSegment : ProperCrossing;
 }
 
@@ -81,8 +87,9 @@ concav2d::IntersectionType plainEdgeEdge(Point2D const &p0, Point2D const &p1, P
     Point2D const d = p1 - p0;
     Point2D const e = p3 - p2;
     double const c = d.x() * e.y() - d.y() * e.x();
-    if (1e-100 > std::fabs(c))
+    if (1e-100 > std::fabs(c)) {
         return concav2d::NoIntersection;
+    }
     double const t = ((p2.x() - p0.x()) * e.y() - (p2.y() - p0.y()) * e.x()) / c;
     Point2D const x(p0.x() + t * d.x(), p0.y() + t * d.y());
     out = x;
@@ -90,34 +97,40 @@ concav2d::IntersectionType plainEdgeEdge(Point2D const &p0, Point2D const &p1, P
     double const d1 = (p1 - x).Length();
     double const e0 = (p2 - x).Length();
     double const e1 = (p3 - x).Length();
-    if (std::fabs((p0 - p1).Length() - d0 - d1) > tol)
+    if (std::fabs((p0 - p1).Length() - d0 - d1) > tol) {
         return concav2d::NoIntersection;
-    if (std::fabs((p2 - p3).Length() - e0 - e1) > tol)
+    }
+    if (std::fabs((p2 - p3).Length() - e0 - e1) > tol) {
         return concav2d::NoIntersection;
+    }
     bool const first = tol >= d0 || tol >= d1;
     bool const second = tol >= e0 || tol >= e1;
-    if (first && second)
+    if (first && second) {
         return concav2d::EndToEnd;
+    }
     return first || second ? concav2d::EndOnEdge : concav2d::Crossing;
 }
 
 concav2d::LocationType plainPointInsidePolygone(std::vector<Point2D> const &v, Point2D const &p,
                                                 double tol)
 {
-    if (v.size() < 3)
+    if (v.size() < 3) {
         return concav2d::Outside;
+    }
     double min = 2147483647.0;
     double max = -2147483648.0;
     for (Point2D const &q : v) {
         min = q.x() < min ? q.x() : min;
         max = q.x() > max ? q.x() : max;
     }
-    if (p.x() > max + tol || min - tol > p.x())
+    if (p.x() > max + tol || min - tol > p.x()) {
         return concav2d::Outside;
+    }
     Ray const ray{p, {max + 10000.0, p.y()}, tol};
     size_t const start = ray.start(v);
-    if (start == v.size())
+    if (start == v.size()) {
         return concav2d::Outside;
+    }
     Level last = ray.firstSide(v[start]);
     int count = 0;
     for (size_t k = 0; k < v.size(); ++k) {
@@ -129,41 +142,48 @@ concav2d::LocationType plainPointInsidePolygone(std::vector<Point2D> const &v, P
             return q.x() >= p.x() - tol && q.x() <= p.x() + tol;
         };
         if (a == Level::InBand && b == Level::InBand &&
-            ((cur.x() <= p.x() && p.x() <= next.x()) || (next.x() <= p.x() && p.x() <= cur.x())))
+            ((cur.x() <= p.x() && p.x() <= next.x()) || (next.x() <= p.x() && p.x() <= cur.x()))) {
             return concav2d::OnBoundary;
-        if ((a == Level::InBand && at(cur)) || (b == Level::InBand && at(next)))
+        }
+        if ((a == Level::InBand && at(cur)) || (b == Level::InBand && at(next))) {
             return concav2d::OnBoundary;
+        }
         if (a != Level::InBand && b != Level::InBand && a != b) {
             Point2D out;
             auto const type = plainEdgeEdge(cur, next, p, ray.end, out, tol);
-            if (type == concav2d::EndToEnd || type == concav2d::EndOnEdge)
+            if (type == concav2d::EndToEnd || type == concav2d::EndOnEdge) {
                 return concav2d::OnBoundary;
+            }
             count += type == concav2d::Crossing ? 1 : 0;
         } else if (a == Level::InBand && b != Level::InBand && cur.x() > p.x() - tol && b != last) {
             ++count;
         }
-        if (a != Level::InBand)
+        if (a != Level::InBand) {
             last = a;
+        }
     }
     return count % 2 != 0 ? concav2d::Inside : concav2d::Outside;
 }
 
 InsidePolyType plainInsidePolygon(std::vector<Point2D> const &v, Point2D const &p, double tol)
 {
-    if (v.size() < 3)
+    if (v.size() < 3) {
         return OutsidePolygon;
+    }
     double min = 1e300;
     double max = -1e300;
     for (Point2D const &q : v) {
         min = q.x() < min ? q.x() : min;
         max = q.x() > max ? q.x() : max;
     }
-    if (p.x() > max || min > p.x())
+    if (p.x() > max || min > p.x()) {
         return OutsidePolygon;
+    }
     Ray const ray{p, {max + 100.0, p.y()}, tol};
     size_t const start = ray.start(v);
-    if (start == v.size())
+    if (start == v.size()) {
         return OutsidePolygon;
+    }
     Level last = ray.firstSide(v[start]);
     int count = 0;
     for (size_t k = 0; k < v.size(); ++k) {
@@ -173,17 +193,20 @@ InsidePolyType plainInsidePolygon(std::vector<Point2D> const &v, Point2D const &
         Level const b = ray.level(next.y());
         if (a == Level::InBand) {
             if (b == Level::InBand &&
-                ((cur.x() < p.x() && p.x() < next.x()) || (next.x() < p.x() && p.x() < cur.x())))
+                ((cur.x() < p.x() && p.x() < next.x()) || (next.x() < p.x() && p.x() < cur.x()))) {
                 return OnPolygonEdge;
-            if (b != Level::InBand && cur.x() > p.x() - tol && b != last)
+            }
+            if (b != Level::InBand && cur.x() > p.x() - tol && b != last) {
                 ++count;
+            }
             continue;
         }
         if (b != Level::InBand && a != b) {
             Point2D out;
             auto const type = plainIntersect(cur, next, p, ray.end, out, tol, false);
-            if (type == EndOnSegment || type == EndToEnd)
+            if (type == EndOnSegment || type == EndToEnd) {
                 return OnPolygonEdge;
+            }
             count += type == ProperCrossing ? 1 : 0;
         }
         last = a;
@@ -223,8 +246,9 @@ public:
             break;
         }
         std::uniform_real_distribution<double> anything(-m_scale, m_scale);
-        if (m_random() % 2 == 0)
+        if (m_random() % 2 == 0) {
             return anything(m_random);
+        }
         double const noise = 5e-14 * (3 * m_scale + 10000.0);
         double const steps = static_cast<double>(m_random() % 9) - 4.0;
         double const sign = static_cast<double>(m_random() % 3) - 1.0;
@@ -317,11 +341,14 @@ TEST(PlainTwins, SegmentCrossingsAgreeToTheBitOnEveryInput)
         ASSERT_TRUE(areSameBits(out, expected)) << "round " << round;
         ++edgeTypes[type];
     }
-    for (auto const &counts : types)
-        for (int const count : counts)
+    for (auto const &counts : types) {
+        for (int const count : counts) {
             EXPECT_GT(count, 1000);
-    for (int const type : {0, 1, 2, 4})
+        }
+    }
+    for (int const type : {0, 1, 2, 4}) {
         EXPECT_GT(edgeTypes[type], 1000);
+    }
 }
 
 TEST(PlainTwins, TinyCrossProductsLeaveTheOutputAlone)

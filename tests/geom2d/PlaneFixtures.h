@@ -53,8 +53,9 @@ public:
     Polygon(std::vector<Point2D> points)
         : m_points(std::move(points))
     {
-        for (Point2D &p : m_points)
+        for (Point2D &p : m_points) {
             m_pointers.append(&p);
+        }
     }
     Polygon(Polygon const &) = delete;
     Polygon &operator=(Polygon const &) = delete;

@@ -51,10 +51,12 @@ TEST(PointInsidePolygone, Square)
     EXPECT_EQ(locate(square, {-5, 5}, 1e-6), concav2d::Outside);
     EXPECT_EQ(locate(square, {5, 15}, 1e-6), concav2d::Outside);
     EXPECT_EQ(locate(square, {5, -5}, 1e-6), concav2d::Outside);
-    for (Point2D const &vertex : square)
+    for (Point2D const &vertex : square) {
         EXPECT_EQ(locate(square, vertex, 1e-6), concav2d::OnBoundary);
-    for (Point2D const middle : {Point2D(5, 0), Point2D(10, 5), Point2D(5, 10), Point2D(0, 5)})
+    }
+    for (Point2D const middle : {Point2D(5, 0), Point2D(10, 5), Point2D(5, 10), Point2D(0, 5)}) {
         EXPECT_EQ(locate(square, middle, 1e-6), concav2d::OnBoundary);
+    }
 }
 
 TEST(PointInsidePolygone, TheSenseDoesNotMatter)
@@ -200,17 +202,20 @@ Exact exactLocation(std::vector<Point2D> const &points, Point2D const &p)
         bool const boxHolds = std::min(a.x(), b.x()) <= p.x() && p.x() <= std::max(a.x(), b.x()) &&
                               std::min(a.y(), b.y()) <= p.y() && p.y() <= std::max(a.y(), b.y());
         bool const passes = (a.y() > p.y()) != (b.y() > p.y());
-        if (!boxHolds && !passes)
+        if (!boxHolds && !passes) {
             continue;
+        }
         Rational const ax(a.x());
         Rational const ay(a.y());
         Rational const bx(b.x());
         Rational const by(b.y());
         Rational const cross = (bx - ax) * (py - ay) - (by - ay) * (px - ax);
-        if (boxHolds && cross == 0)
+        if (boxHolds && cross == 0) {
             return Exact::OnBoundary;
-        if (passes && (cross > 0) == (b.y() > a.y()))
+        }
+        if (passes && (cross > 0) == (b.y() > a.y())) {
             inside = !inside;
+        }
     }
     return inside ? Exact::Inside : Exact::Outside;
 }
@@ -263,8 +268,9 @@ RC_GTEST_PROP(PolygonLocation, AgreesWithExactArithmeticOnTheGrid, ())
         14, rc::gen::container<std::vector<std::pair<int, int>>>(rc::gen::pair(place, place)));
     RC_PRE(grid.size() >= 3);
     std::vector<Point2D> points;
-    for (auto const &[x, y] : grid)
+    for (auto const &[x, y] : grid) {
         points.emplace_back(x, y);
+    }
     Polygon polygon(points);
     for (int i = 0; i < 20; ++i) {
         Point2D const p(*place, *place);
@@ -273,9 +279,10 @@ RC_GTEST_PROP(PolygonLocation, AgreesWithExactArithmeticOnTheGrid, ())
                                       [&](Point2D const &v) { return v.y() == p.y(); });
         Exact const expected = flat ? Exact::Outside : truth;
         RC_ASSERT(as(pointInsidePolygone(polygon.pointers(), p, 1e-6)) == expected);
-        if (truth != Exact::OnBoundary)
+        if (truth != Exact::OnBoundary) {
             RC_ASSERT(as(Math2DInsidePolygon(polygon.data(), polygon.count(), p, nullptr, nullptr,
                                              1e-6)) == truth);
+        }
     }
 }
 
@@ -287,16 +294,19 @@ TEST(PolygonLocation, AgreesWithExactArithmeticAwayFromTheBand)
     int outcomes[3] = {0, 0, 0};
     for (int round = 0; round < 300; ++round) {
         std::vector<Point2D> points;
-        for (size_t n = 3 + random() % 40; points.size() < n;)
+        for (size_t n = 3 + random() % 40; points.size() < n;) {
             points.emplace_back(coordinate(random), coordinate(random));
+        }
         Polygon polygon(points);
         for (int i = 0; i < 30; ++i) {
             Point2D p(coordinate(random), coordinate(random));
-            if (i % 3 == 0) // at the very height of a vertex, or within its band
+            if (i % 3 == 0) { // at the very height of a vertex, or within its band
                 p.y(points[random() % points.size()].y() + (i % 2 == 0 ? 0.0 : tol / 2));
+            }
             Exact const truth = exactLocation(points, p);
-            if (distanceFromOutline(points, p) < 10 * tol)
+            if (distanceFromOutline(points, p) < 10 * tol) {
                 continue;
+            }
             ++outcomes[static_cast<int>(truth)];
             EXPECT_EQ(as(pointInsidePolygone(polygon.pointers(), p, tol)), truth);
             EXPECT_EQ(

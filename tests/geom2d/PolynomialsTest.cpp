@@ -153,8 +153,9 @@ TEST(SolveQuartic, FourRoots)
     double const c[] = {24, -50, 35, -10, 1}; // 1, 2, 3, 4
     EXPECT_EQ(solveQuartic(c, roots), 4);
     std::sort(roots, roots + 4);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         EXPECT_NEAR(roots[i], i + 1, 1e-13);
+    }
 }
 
 TEST(SolveQuartic, RootZeroOfTheDepressedEquationComesLast)
@@ -192,8 +193,9 @@ TEST(SolveQuartic, TwoRootsOrNone)
 void separated(double *x, int count)
 {
     x[0] = anyNumber(5);
-    for (int i = 1; i < count; ++i)
+    for (int i = 1; i < count; ++i) {
         x[i] = x[i - 1] + 0.5 + anyPositive(3);
+    }
 }
 
 RC_GTEST_PROP(SolveCubicProperty, FindsSeparatedRoots, ())
@@ -207,8 +209,9 @@ RC_GTEST_PROP(SolveCubicProperty, FindsSeparatedRoots, ())
     double roots[3];
     RC_ASSERT(solveCubic(c, roots) == 3);
     std::sort(roots, roots + 3);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         requireNear(roots[i], x[i], 1e-10);
+    }
 }
 
 RC_GTEST_PROP(SolveQuarticProperty, FindsSeparatedRoots, ())
@@ -218,15 +221,17 @@ RC_GTEST_PROP(SolveQuarticProperty, FindsSeparatedRoots, ())
     double c[5] = {1, 0, 0, 0, 0};
     int degree = 0;
     for (double const root : x) { // multiply by (t - root)
-        for (int k = ++degree; k > 0; --k)
+        for (int k = ++degree; k > 0; --k) {
             c[k] = c[k - 1] - root * c[k];
+        }
         c[0] = -root * c[0];
     }
     double roots[4];
     RC_ASSERT(solveQuartic(c, roots) == 4);
     std::sort(roots, roots + 4);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         requireNear(roots[i], x[i], 1e-6);
+    }
 }
 
 } // namespace

@@ -44,8 +44,9 @@ TEST(PointInsideRectangle, InsideAndOnTheOutlineIsOne)
     EXPECT_EQ(square.point({10, 2}), 1);
     EXPECT_EQ(square.point({3, 10}), 1);
     EXPECT_EQ(square.point({0, 7}), 1);
-    for (Point2D const corner : {square.r0, square.r1, square.r2, square.r3})
+    for (Point2D const corner : {square.r0, square.r1, square.r2, square.r3}) {
         EXPECT_EQ(square.point(corner), 1);
+    }
 }
 
 TEST(PointInsideRectangle, OutsideIsZero)
@@ -323,10 +324,12 @@ RC_GTEST_PROP(Clipline, KeepsWhatIsInTheRectangleAndOnTheLine, ())
 
     Segment s{double(x1), double(y1), double(x2), double(y2)};
     bool const kept = s.clip(xmin, ymin, xmax, ymax);
-    if (!grazes)
+    if (!grazes) {
         RC_ASSERT(kept == (boxesMeet && low < 0 && high > 0));
-    if (!kept)
+    }
+    if (!kept) {
         return;
+    }
     double const length = std::hypot(x2 - x1, y2 - y1);
     for (Point2D const &p : {Point2D(s.x1, s.y1), Point2D(s.x2, s.y2)}) {
         RC_ASSERT(xmin <= p.x() && p.x() <= xmax && ymin <= p.y() && p.y() <= ymax);

@@ -103,8 +103,9 @@ TEST(GetArcPoints, AThirdOfTheSweepAsStepMayDoubleTheEnd)
     for (double const step : {(high - low) / 3, std::nextafter((high - low) / 3, 0.0),
                               std::nextafter((high - low) / 3, 1.0)}) {
         int stepped = 0;
-        for (double t = low; high >= t; t += step)
+        for (double t = low; high >= t; t += step) {
             ++stepped;
+        }
         Samples samples;
         EXPECT_EQ(getArcPoints({0, 5}, {-3, 4}, {-5, 0}, samples.list, 0.0, step), 0);
         EXPECT_EQ(samples.count(), stepped + 1);

@@ -35,8 +35,9 @@ TEST(CutPlane, DefaultIsNoPlane)
     EXPECT_EQ(plane.direction, 0);
     EXPECT_EQ(plane.distance, 0.0);
     for (int row = 0; row < 4; ++row) {
-        for (int column = 0; column < 4; ++column)
+        for (int column = 0; column < 4; ++column) {
             EXPECT_EQ(plane.frame[row][column], row == column ? 1.0 : 0.0);
+        }
     }
     EXPECT_EQ(plane.getPosition(), Point3D());
     EXPECT_EQ(plane.getNormal(), Point3D());

@@ -44,8 +44,9 @@ TEST(DropCoord, KeepsTheOthersInTheirOrder)
     const Point3D p(1.0, 2.0, 3.0);
     EXPECT_EQ(DropCoord(p, 1), Point2D(2.0, 3.0));
     EXPECT_EQ(DropCoord(p, 2), Point2D(1.0, 3.0));
-    for (int other : {3, 0, -1, 4})
+    for (int other : {3, 0, -1, 4}) {
         EXPECT_EQ(DropCoord(p, other), Point2D(1.0, 2.0)) << other;
+    }
 }
 
 TEST(LineInsideTriangle, InsideBoundaryAndOutside)

@@ -384,6 +384,7 @@ RC_GTEST_PROP(LinesAndPlanesProperty, CommonPointLiesInThreePlanes, ())
     RC_PRE(std::fabs(n[0].Dot(Math3DVektorprodukt(n[1], n[2]))) > 0.01);
     Point3D out;
     RC_ASSERT(IntersectThreePlanes(p[0], n[0], p[1], n[1], p[2], n[2], out));
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         RC_ASSERT(std::fabs(CalcDistancePointPlane(n[i], out, p[i])) < 1e-10);
+    }
 }

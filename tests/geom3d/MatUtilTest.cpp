@@ -415,14 +415,16 @@ RC_GTEST_PROP(MatUtilProperty, CircleAndSphereRunThroughTheirPoints, ())
     RC_PRE(std::fabs((b - a).dot((c - a).cross(d - a))) > 1.0);
     double radius = 0.0;
     const Vector center = MatUtil::getSphereCenter(a, b, c, d, radius);
-    for (Vector const &p : {a, b, c, d})
+    for (Vector const &p : {a, b, c, d}) {
         RC_ASSERT(std::fabs(distance(center, p) - radius) < 1e-7);
+    }
 
     const Point2D flat[3] = {Point2D(a.x(), a.y()), Point2D(b.x(), b.y()), Point2D(c.x(), c.y())};
     RC_PRE(std::fabs((b - a).cross(c - a).z()) > 1.0);
     const Point2D middle = MatUtil::getCircleCenter(flat[0], flat[1], flat[2], radius);
-    for (Point2D const &p : flat)
+    for (Point2D const &p : flat) {
         RC_ASSERT(std::fabs((p - middle).Length() - radius) < 1e-7);
+    }
 }
 
 RC_GTEST_PROP(MatUtilProperty, RayHitsAtTheGivenWeights, ())

@@ -261,8 +261,9 @@ TEST(IntersectLineCylinder, LeavingThroughTheOpenEndCountsTheInnerPoint)
     for (bool reversed : {false, true}) {
         Point3D p0(8.0, 0.0, -2.0);
         Point3D p1(12.0, 0.0, 2.0);
-        if (reversed)
+        if (reversed) {
             std::swap(p0, p1);
+        }
         const CylinderHit hit = hitExample(p0, p1);
         EXPECT_EQ(hit.count, 1);
         expectNear(hit.o1, Point3D(8.0, 0.0, -2.0), 1e-15);
@@ -316,8 +317,9 @@ RC_GTEST_PROP(SphereTruth, RootsAgreeWithAWideSolve, ())
     double t1 = 0.0;
     double t2 = 0.0;
     RC_ASSERT(IntersectLineSphereDst(p0, p1, centre, radius, t1, t2) == (truth.exist ? 2 : 0));
-    if (!truth.exist)
+    if (!truth.exist) {
         return;
+    }
     double const tolerance = 1e-8 * (1.0 + std::fabs(truth.smaller) + std::fabs(truth.larger));
     RC_ASSERT(std::fabs(t1 - truth.larger) < tolerance);
     RC_ASSERT(std::fabs(t2 - truth.smaller) < tolerance);
@@ -356,8 +358,9 @@ RC_GTEST_PROP(CylinderTruth, RootsAgreeWithAWideSolve, ())
         return (p0 + t * (p1 - p0) - a0).Dot(axis) / axis.Dot(axis);
     };
     double const heights[2] = {height(truth.smaller), height(truth.larger)};
-    for (double h : heights)
+    for (double h : heights) {
         RC_PRE(std::fabs(h) > 1e-6 && std::fabs(h - 1.0) > 1e-6);
+    }
     bool const smallerCounts = heights[0] > 0.0 && heights[0] < 1.0;
     bool const largerCounts = heights[1] > 0.0 && heights[1] < 1.0;
     int const expected = (smallerCounts ? 1 : 0) + (largerCounts ? 1 : 0);

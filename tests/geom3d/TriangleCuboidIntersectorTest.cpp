@@ -45,8 +45,9 @@ bool meets(Triangle const &t, Box const &box)
 Vector turned(Vector const &v, int turn)
 {
     Vector r;
-    for (int q = 0; q < 3; ++q)
+    for (int q = 0; q < 3; ++q) {
         r[(q + turn) % 3] = v[q];
+    }
     return r;
 }
 
@@ -79,8 +80,9 @@ TEST(TriangleCuboid, TriangleInsideContainsCentroidWhateverTheAxis)
     EXPECT_TRUE(meets(t, unitBox));
     for (int axis : {-1, 0, 1, 2, 3, 1000}) {
         for (auto parent :
-             {TriangleCuboidDisjoint, TriangleCuboidContainsCentroid, TriangleCuboidOverlap})
+             {TriangleCuboidDisjoint, TriangleCuboidContainsCentroid, TriangleCuboidOverlap}) {
             EXPECT_EQ(classify(t, unitBox, axis, parent), TriangleCuboidContainsCentroid);
+        }
     }
 }
 
@@ -235,9 +237,10 @@ TEST(TriangleCuboid, ReducedTestsSkipTheAxesCrossedWithTheSplitAxis)
 TEST(TriangleCuboid, ParentTypesOtherThanCentroidAreAlike)
 {
     const Triangle t{Vector(0, 0.25, 0.25), Vector(0, 0.375, 0.25), Vector(3, 0.125, 0.25)};
-    for (int axis = 0; axis < 3; ++axis)
+    for (int axis = 0; axis < 3; ++axis) {
         EXPECT_EQ(classify(t, unitBox, axis, TriangleCuboidDisjoint),
                   classify(t, unitBox, axis, TriangleCuboidOverlap));
+    }
 }
 
 TEST(TriangleCuboid, DegenerateTriangles)
@@ -391,8 +394,9 @@ void expectReducedEqualsFull(unsigned seed, Box const &root, int maxDepth, NextT
         }
     }
     for (auto const &axis : outcomes) {
-        for (int count : axis)
+        for (int count : axis) {
             EXPECT_GT(count, 1000) << "an outcome is hardly ever met";
+        }
     }
 }
 

@@ -42,8 +42,9 @@ inline int uniform(int low, int high)
 /// that degenerate positions do occur.
 inline double anyCoordinate()
 {
-    if (uniform(0, 4) == 0)
+    if (uniform(0, 4) == 0) {
         return uniform(-2, 3);
+    }
     return uniform(-10000, 10001) * 1e-3;
 }
 

@@ -34,8 +34,9 @@ Points withNoise(Points points, double sigma, unsigned int seed)
 {
     std::mt19937 random(seed);
     std::normal_distribution<double> noise(0.0, sigma);
-    for (Vector &p : points)
+    for (Vector &p : points) {
         p = p + Vector(noise(random), noise(random));
+    }
     return points;
 }
 
@@ -74,8 +75,9 @@ TEST(KasaFit, CollinearPointsAreRefused)
 TEST(TaubinFit, CollinearPointsDependOnTheSmallestDeterminant)
 {
     const Points line{{-1, 0}, {0, 0}, {1, 0}};
-    for (double smallest : {1e-300, 1e-12, 1.0})
+    for (double smallest : {1e-300, 1e-12, 1.0}) {
         expectNone(MatUtil::taubinFit(line, smallest));
+    }
 }
 
 TEST(KasaFit, TooFewDistinctPointsAreRefused)
@@ -145,12 +147,14 @@ Circle plainTaubin(Points const &points)
     double x = 0.0, y = a0;
     for (int i = 0; i < 99; ++i) {
         double const d = 16 * x * x * x + 2 * a2 * x + a1;
-        if (1e-16 > d)
+        if (1e-16 > d) {
             break;
+        }
         double const xn = x - y / d;
         double const yn = 4 * (xn * xn * xn * xn) + a2 * (xn * xn) + a1 * xn + a0;
-        if (1e-16 > std::fabs(x - xn) || std::fabs(yn) > std::fabs(y))
+        if (1e-16 > std::fabs(x - xn) || std::fabs(yn) > std::fabs(y)) {
             break;
+        }
         x = xn;
         y = yn;
     }

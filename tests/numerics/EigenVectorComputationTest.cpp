@@ -65,8 +65,9 @@ double score(Matrix const &matrix, EigenVectorComputationC const &result)
 
 void expectNear(Vector const &expected, Vector const &actual, double tolerance)
 {
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         EXPECT_NEAR(expected[i], actual[i], tolerance);
+    }
 }
 
 /// The same line: equal but for the sign.
@@ -79,8 +80,9 @@ Matrix randomMatrix(std::mt19937 &random, bool positive)
 {
     std::uniform_real_distribution<double> entry(-5.0, 5.0);
     Eigen::Matrix3d a;
-    for (int i = 0; i < 9; ++i)
+    for (int i = 0; i < 9; ++i) {
         a(i / 3, i % 3) = entry(random);
+    }
     const Eigen::Matrix3d s =
         positive ? Eigen::Matrix3d(a * a.transpose()) : Eigen::Matrix3d(a + a.transpose());
     return symmetric(s(0, 0), s(0, 1), s(0, 2), s(1, 1), s(1, 2), s(2, 2));
@@ -90,8 +92,9 @@ Vector eigenvaluesByPeer(Matrix const &m)
 {
     Eigen::Matrix3d a;
     for (int i = 0; i < 3; ++i) {
-        for (int j = 0; j < 3; ++j)
+        for (int j = 0; j < 3; ++j) {
             a(i, j) = m(i, j);
+        }
     }
     const Eigen::Vector3d l = Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(a).eigenvalues();
     return {l[0], l[1], l[2]};
@@ -209,8 +212,9 @@ TEST(GetEigenVector3d, AnalyticFailsWhereTheShiftedMatrixIsNotSingularEnough)
     std::mt19937 random(2);
     for (int i = 0; i < 200; ++i) {
         Matrix matrix = randomMatrix(random, false);
-        for (int cell = 0; cell < 9; ++cell)
+        for (int cell = 0; cell < 9; ++cell) {
             matrix[cell] *= 1e13; // rounding leaves pivots far above 0.0001
+        }
         failures += run(matrix, MatUtil::EigenVectorAnalytic).found ? 0 : 1;
     }
     EXPECT_GT(failures, 100);
@@ -387,8 +391,9 @@ TEST(EigenVectorComputation, ScoreIsTheBestOfTheThree)
     for (int i = 0; i < 3000; ++i) {
         Matrix matrix = randomMatrix(random, i % 2 == 0);
         double const scale = i % 3 == 0 ? 1e12 : 1.0; // too large for the null space's limit
-        for (int cell = 0; cell < 9; ++cell)
+        for (int cell = 0; cell < 9; ++cell) {
             matrix[cell] *= scale;
+        }
         double best = 1e8;
         int winner = -1;
         for (int algorithm = 0; algorithm < 3; ++algorithm) {
@@ -400,8 +405,9 @@ TEST(EigenVectorComputation, ScoreIsTheBestOfTheThree)
         }
         const EigenVectorComputationC result(matrix);
         ASSERT_EQ(result.isValid(), winner >= 0);
-        if (winner < 0)
+        if (winner < 0) {
             continue;
+        }
         ASSERT_EQ(score(matrix, result), best);
         ++wins[std::size_t(winner)];
     }
@@ -416,12 +422,14 @@ TEST(EigenVectorComputation, AgreesWithEigen)
         const Matrix matrix = randomMatrix(random, i % 2 == 0);
         const EigenVectorComputationC result(matrix);
         std::array<double, 3> values;
-        for (int k = 0; k < 3; ++k)
+        for (int k = 0; k < 3; ++k) {
             values[std::size_t(k)] = result.getEigenValues()[k];
+        }
         std::sort(values.begin(), values.end());
         const Vector expected = eigenvaluesByPeer(matrix);
-        for (int k = 0; k < 3; ++k)
+        for (int k = 0; k < 3; ++k) {
             ASSERT_NEAR(values[std::size_t(k)], expected[k], 1e-6);
+        }
         ASSERT_NEAR(values[0] + values[1] + values[2], matrix[0] + matrix[4] + matrix[8], 1e-6);
     }
 }
@@ -509,8 +517,9 @@ TEST(Standardize, ThreeNearEqualEigenvaluesAreExchangedInThreeStepsOnly)
         EigenVectorComputationC::standardize(vectors, values);
         bool const sorted = order[2] != 0;
         Matrix expected = sorted ? Matrix::identity() : permuted(1, 0, 2);
-        if (!sorted)
+        if (!sorted) {
             expected.setAxis(1, -expected.axis(1)); // right-handed
+        }
         EXPECT_TRUE(vectors == expected) << order[0] << order[1] << order[2];
     }
 }
@@ -568,8 +577,9 @@ RC_GTEST_PROP(Standardize, IsCanonical, ())
         const Vector v = vectors.axis(column);
         double dominant = 0.0;
         for (int i = 0; i < 3; ++i) {
-            if (std::fabs(v[i]) > std::fabs(dominant))
+            if (std::fabs(v[i]) > std::fabs(dominant)) {
                 dominant = v[i];
+            }
         }
         RC_ASSERT(dominant >= 0.0);
     }

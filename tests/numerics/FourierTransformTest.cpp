@@ -53,8 +53,9 @@ Signal run(Signal const &input, bool inverse, Signal roots)
     GuardedArray outRe(n), outIm(n), scratch(2 * n);
     (inverse ? computeInverseFFT : computeFFT)(inRe.data(), inIm.data(), outRe.data(), outIm.data(),
                                                n, rootsRe.data(), rootsIm.data(), scratch.data());
-    for (GuardedArray const *array : {&inRe, &inIm, &rootsRe, &rootsIm, &outRe, &outIm, &scratch})
+    for (GuardedArray const *array : {&inRe, &inIm, &rootsRe, &rootsIm, &outRe, &outIm, &scratch}) {
         EXPECT_TRUE(array->intact());
+    }
     for (int i = 0; i < n; ++i) {
         EXPECT_TRUE(SameBits(input.re[std::size_t(i)], inRe[i]));
         EXPECT_TRUE(SameBits(input.im[std::size_t(i)], inIm[i]));
@@ -75,8 +76,9 @@ Signal plain(Signal const &input, bool inverse, Signal const &roots)
     const std::size_t n = input.re.size();
     std::vector<double> re = input.re, im = input.im;
     int bits = 0;
-    while ((2u << bits) <= n)
+    while ((2u << bits) <= n) {
         ++bits;
+    }
     std::size_t half = n / 2, groups = 1;
     for (int stage = 0; stage < bits; ++stage) {
         for (std::size_t g = 0; g < groups; ++g) {
@@ -97,8 +99,9 @@ Signal plain(Signal const &input, bool inverse, Signal const &roots)
     Signal out{std::vector<double>(n, support::preset), std::vector<double>(n, support::preset)};
     for (std::size_t i = 0; i < n; ++i) {
         std::size_t reversed = 0;
-        for (int b = 0; b < bits; ++b)
+        for (int b = 0; b < bits; ++b) {
             reversed |= (i >> b & 1) << (bits - 1 - b);
+        }
         out.re[reversed] = inverse ? re[i] / double(n) : re[i];
         out.im[reversed] = inverse ? im[i] / double(n) : im[i];
     }
@@ -117,8 +120,9 @@ void expectSameBits(Signal const &expected, Signal const &actual)
 double greatestDifference(Signal const &a, Signal const &b)
 {
     double greatest = 0.0;
-    for (std::size_t i = 0; i < a.re.size(); ++i)
+    for (std::size_t i = 0; i < a.re.size(); ++i) {
         greatest = std::max({greatest, std::fabs(a.re[i] - b.re[i]), std::fabs(a.im[i] - b.im[i])});
+    }
     return greatest;
 }
 
@@ -278,8 +282,9 @@ TEST(ComputeFFT, ArraysNeedNoAlignment)
     for (int shift = 0; shift < 8; ++shift) {
         std::vector<double> memory(std::size_t(9 * (n + 8)), 0.0);
         double *part[7];
-        for (int i = 0; i < 7; ++i)
+        for (int i = 0; i < 7; ++i) {
             part[i] = memory.data() + i * (n + 8) + (shift + i) % 8;
+        }
         std::copy(input.re.begin(), input.re.end(), part[0]);
         std::copy(input.im.begin(), input.im.end(), part[1]);
         std::copy(roots.re.begin(), roots.re.end(), part[2]);
@@ -357,8 +362,9 @@ Signal byFFTW(Signal input, bool inverse)
     fftw_destroy_plan(plan);
     if (inverse) {
         for (std::vector<double> *part : {&output.re, &output.im}) {
-            for (double &value : *part)
+            for (double &value : *part) {
                 value /= n;
+            }
         }
     }
     return output;

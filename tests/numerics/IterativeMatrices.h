@@ -46,8 +46,9 @@ inline std::vector<double> eigenvector(JacobiMethod &method, unsigned int i)
 inline int sweepsToTheEnd(JacobiMethod &method)
 {
     int sweeps = 1;
-    while (!method.iterate())
+    while (!method.iterate()) {
         ++sweeps;
+    }
     return sweeps;
 }
 
@@ -57,8 +58,9 @@ inline Eigen::MatrixXd randomSymmetric(int n, unsigned int seed)
     std::uniform_real_distribution<double> values(-10.0, 10.0);
     Eigen::MatrixXd a(n, n);
     for (int i = 0; i < n; ++i) {
-        for (int j = i; j < n; ++j)
+        for (int j = i; j < n; ++j) {
             a(i, j) = a(j, i) = values(random);
+        }
     }
     return a;
 }
@@ -66,8 +68,9 @@ inline Eigen::MatrixXd randomSymmetric(int n, unsigned int seed)
 inline void copyTo(MatrixIF &matrix, Eigen::MatrixXd const &a)
 {
     for (int i = 0; i < a.rows(); ++i) {
-        for (int j = 0; j < a.cols(); ++j)
+        for (int j = 0; j < a.cols(); ++j) {
             matrix.setElement(unsigned(i), unsigned(j), a(i, j));
+        }
     }
 }
 
@@ -86,8 +89,9 @@ public:
     }
     void setElement(unsigned int row, unsigned int column, double value) override
     {
-        if (checkBounds(row) && checkBounds(column))
+        if (checkBounds(row) && checkBounds(column)) {
             m_elements[std::minmax(row, column)] = value;
+        }
     }
     void getSize(unsigned int &size) override { size = m_size; }
     void makeIdentity() override { MatrixIF::makeIdentity(); }

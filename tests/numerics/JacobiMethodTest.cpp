@@ -108,10 +108,11 @@ public:
 
     void setElement(unsigned int row, unsigned int column, double value) override
     {
-        if (!frozen)
+        if (!frozen) {
             SparseMatrix::setElement(row, column, value);
-        else if (row < column && value == 0.0)
+        } else if (row < column && value == 0.0) {
             cleared.emplace_back(row, column);
+        }
     }
 
     bool frozen = false;
@@ -135,8 +136,9 @@ TEST(JacobiMethod, ThresholdIsUsedInTheFirstThreeSweepsOnly)
         EXPECT_EQ(method.getQuality(), 5.0625);
         Pairs ones;
         for (auto const &pair : matrix.cleared) {
-            if (pair == large || pair == small)
+            if (pair == large || pair == small) {
                 ones.push_back(pair);
+            }
         }
         EXPECT_EQ(ones, sweep <= 3 ? Pairs{large} : (Pairs{large, small})) << sweep;
     }
@@ -180,8 +182,9 @@ TEST(JacobiMethod, NaNNeverConverges)
     double const n = support::nan;
     auto matrix = makeMatrix<SymmetricMatrixNXN>(3, {1, n, 0, n, 1, 0, 0, 0, 1});
     JacobiMethod method(&matrix);
-    for (int sweep = 0; sweep < 20; ++sweep)
+    for (int sweep = 0; sweep < 20; ++sweep) {
         ASSERT_FALSE(method.iterate());
+    }
     EXPECT_TRUE(std::isnan(method.getQuality()));
 }
 
@@ -206,8 +209,9 @@ TEST(JacobiMethod, EigenvectorIsAppended)
     method.getEigenvector(1, list);
     ASSERT_EQ(list.size(), 5);
     double const expected[] = {42, 0, 1, 0, 1};
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(list[i], expected[i]);
+    }
 }
 
 TEST(JacobiMethod, StepsAfterTheEndAreAllowed)
@@ -273,8 +277,9 @@ TEST(JacobiMethod, AgreesWithEigen)
         std::sort(values.begin(), values.end());
         const Eigen::VectorXd expected =
             Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd>(a).eigenvalues();
-        for (int i = 0; i < n; ++i)
+        for (int i = 0; i < n; ++i) {
             EXPECT_NEAR(values[unsigned(i)], expected[i], 1e-10 * n);
+        }
     }
 }
 

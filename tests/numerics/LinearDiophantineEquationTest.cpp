@@ -153,8 +153,9 @@ TEST(LinearDiophantineEquation, SolvesExactlyTheSolvable)
 {
     for (int a = -40; a <= 40; ++a) {
         for (int b = -40; b <= 40; ++b) {
-            if (a == 0 && b == 0)
+            if (a == 0 && b == 0) {
                 continue;
+            }
             const Equation equation(a, b);
             int const g = std::gcd(a, b);
             for (int c = -120; c <= 120; ++c) {
@@ -177,8 +178,9 @@ TEST(LinearDiophantineEquation, SolvesExactlyTheSolvable)
 /// The range query as a count over all solutions, with bounds rounded by the rule of the class.
 bool expectedInRange(int a, int b, Solution const &s, int const (&range)[4], int &x, int &y)
 {
-    if (a == 0 || b == 0)
+    if (a == 0 || b == 0) {
         return false;
+    }
     auto const rounded = [](int p, int d) {
         const bool positiveDividend = p > 0;
         const int magnitude = std::abs(p) / std::abs(d);
@@ -192,8 +194,9 @@ bool expectedInRange(int a, int b, Solution const &s, int const (&range)[4], int
         std::minmax({rounded(range[2] - s.y, s.yStep), rounded(s.y - range[3], -s.yStep)});
     int const low = std::max(tx.first, ty.first);
     int const high = std::min(tx.second, ty.second);
-    if (low > high)
+    if (low > high) {
         return false;
+    }
     x = s.x + low * s.xStep;
     y = s.y + high * s.yStep;
     return true;
@@ -204,13 +207,15 @@ TEST(LinearDiophantineEquation, RangeQueryFollowsItsRounding)
     int const ranges[][4] = {{0, 50, 0, 50}, {-7, 13, -20, 5}, {3, 3, 0, 9}, {5, -5, 0, 10}};
     for (int a = -40; a <= 40; ++a) {
         for (int b = -40; b <= 40; ++b) {
-            if (a == 0 && b == 0)
+            if (a == 0 && b == 0) {
                 continue;
+            }
             const Equation equation(a, b);
             for (int c = -60; c <= 60; c += 3) {
                 Solution s;
-                if (!solve(equation, c, s))
+                if (!solve(equation, c, s)) {
                     continue;
+                }
                 for (auto const &range : ranges) {
                     int x = 111, y = 222, expectedX = 111, expectedY = 222;
                     bool const expected = expectedInRange(a, b, s, range, expectedX, expectedY);
@@ -281,8 +286,9 @@ RC_GTEST_PROP(LinearDiophantineEquation, WrapsWithoutUndefinedBehaviour, ())
     RC_PRE(a > minInt && b > minInt && c > minInt && (a != 0 || b != 0));
     const Equation equation(a, b);
     Solution s;
-    if (solve(equation, c, s))
+    if (solve(equation, c, s)) {
         RC_ASSERT(equation.testSolution(c, s.x, s.y)); // holds modulo 2^32
+    }
 }
 
 TEST(LinearDiophantineEquationDeathTest, BothCoefficientsZeroFault)

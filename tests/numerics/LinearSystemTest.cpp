@@ -22,8 +22,9 @@ LinearSystemT<R, C> fromRows(double const (&rows)[R][C], double epsilon)
 {
     double columns[R * C];
     for (int r = 0; r < R; ++r) {
-        for (int c = 0; c < C; ++c)
+        for (int c = 0; c < C; ++c) {
             columns[r + R * c] = rows[r][c];
+        }
     }
     return LinearSystemT<R, C>(columns, epsilon);
 }
@@ -33,8 +34,9 @@ std::array<double, R> image(LinearSystemT<R, C> const &system, double const *x)
 {
     std::array<double, R> result{};
     for (int r = 0; r < R; ++r) {
-        for (int c = 0; c < C; ++c)
+        for (int c = 0; c < C; ++c) {
             result[static_cast<std::size_t>(r)] += system.source[r + R * c] * x[c];
+        }
     }
     return result;
 }
@@ -52,21 +54,25 @@ struct ExactReduction
     explicit ExactReduction(int const (&values)[R][C])
     {
         for (int r = 0; r < R; ++r) {
-            for (int c = 0; c < C; ++c)
+            for (int c = 0; c < C; ++c) {
                 rows[r][c] = values[r][c];
+            }
         }
         int row = 0;
         for (int c = 0; c < C && row < R; ++c) {
             int pivot = row;
-            while (pivot < R && rows[pivot][c] == 0)
+            while (pivot < R && rows[pivot][c] == 0) {
                 ++pivot;
-            if (pivot == R)
+            }
+            if (pivot == R) {
                 continue;
+            }
             reduceColumn(row++, pivot, c);
             pivotColumns.push_back(c);
         }
-        if (R != C || rank() < R)
+        if (R != C || rank() < R) {
             determinant = 0;
+        }
     }
 
     int rank() const { return static_cast<int>(pivotColumns.size()); }
@@ -74,8 +80,9 @@ struct ExactReduction
     bool isPivot(int column) const
     {
         for (int pivot : pivotColumns) {
-            if (pivot == column)
+            if (pivot == column) {
                 return true;
+            }
         }
         return false;
     }
@@ -89,14 +96,17 @@ private:
         }
         const Fraction scale = rows[row][column];
         determinant *= scale;
-        for (Fraction &value : rows[row])
+        for (Fraction &value : rows[row]) {
             value /= scale;
+        }
         for (int r = 0; r < R; ++r) {
-            if (r == row)
+            if (r == row) {
                 continue;
+            }
             const Fraction factor = rows[r][column];
-            for (int c = 0; c < C; ++c)
+            for (int c = 0; c < C; ++c) {
                 rows[r][c] -= rows[row][c] * factor;
+            }
         }
     }
 };
@@ -110,13 +120,15 @@ struct IntegerSystem
     IntegerSystem()
     {
         for (int r = 0; r < R; ++r) {
-            for (int c = 0; c < C; ++c)
+            for (int c = 0; c < C; ++c) {
                 values[r][c] = *rc::gen::inRange(-6, 7);
+            }
         }
         if (*rc::gen::arbitrary<bool>()) {
             int const factor = *rc::gen::inRange(-2, 3);
-            for (int c = 0; c < C; ++c)
+            for (int c = 0; c < C; ++c) {
                 values[R - 1][c] = values[0][c] * factor;
+            }
         }
     }
 
@@ -124,8 +136,9 @@ struct IntegerSystem
     {
         double columns[R * C];
         for (int r = 0; r < R; ++r) {
-            for (int c = 0; c < C; ++c)
+            for (int c = 0; c < C; ++c) {
                 columns[r + R * c] = values[r][c];
+            }
         }
         return LinearSystemT<R, C>(columns, 1e-12);
     }
@@ -142,8 +155,9 @@ void checkReduction(IntegerSystem<R, C> const &input)
     for (int r = 0; r < R; ++r) {
         for (int c = 0; c < C; ++c) {
             double product = 0.0;
-            for (int k = 0; k < R; ++k)
+            for (int k = 0; k < R; ++k) {
                 product += system.transform[r + R * k] * system.source[k + R * c];
+            }
             RC_ASSERT(std::fabs(product - system.reduced[r + R * c]) < 1e-12);
         }
     }
@@ -160,8 +174,9 @@ void checkNullSpace(IntegerSystem<R, C> const &input)
     RC_ASSERT(system.solve(rhs, solution, nullSpace) == C - exact.rank());
     int t = 0;
     for (int free = C - 1; free >= 0; --free) {
-        if (exact.isPivot(free))
+        if (exact.isPivot(free)) {
             continue;
+        }
         std::array<Fraction, C> expected{};
         expected[static_cast<std::size_t>(free)] = 1;
         for (int row = 0; row < exact.rank(); ++row) {
@@ -175,8 +190,9 @@ void checkNullSpace(IntegerSystem<R, C> const &input)
         }
         ++t;
     }
-    for (int cell = t * C; cell < C * C; ++cell)
+    for (int cell = t * C; cell < C * C; ++cell) {
         RC_ASSERT(nullSpace[cell] == 0.0);
+    }
 }
 
 template <int R, int C>
@@ -186,8 +202,9 @@ void checkSolution(IntegerSystem<R, C> const &input)
     int integers[R][C + 1];
     double rhs[R];
     for (int r = 0; r < R; ++r) {
-        for (int c = 0; c < C; ++c)
+        for (int c = 0; c < C; ++c) {
             integers[r][c] = input.values[r][c];
+        }
         integers[r][C] = *rc::gen::inRange(-6, 7);
         rhs[r] = integers[r][C];
     }
@@ -196,15 +213,17 @@ void checkSolution(IntegerSystem<R, C> const &input)
     double solution[C];
     int const result = system.solve(rhs, solution);
     RC_ASSERT(result == (consistent ? C - system.rank : -1));
-    if (!consistent)
+    if (!consistent) {
         return;
+    }
     for (int row = 0; row < augmented.rank(); ++row) {
         int const pivot = augmented.pivotColumns[static_cast<std::size_t>(row)];
         RC_ASSERT(std::fabs(solution[pivot] -
                             boost::rational_cast<double>(augmented.rows[row][C])) < 1e-11);
     }
-    for (int c = 0; c < C; ++c)
+    for (int c = 0; c < C; ++c) {
         RC_ASSERT(augmented.isPivot(c) || solution[c] == 0.0);
+    }
 }
 
 template <int R, int C>
@@ -229,10 +248,12 @@ TEST(LinearSystem, ZeroMatrixHasUnitNullVectorsInDescendingOrder)
     double nullSpace[9];
     ASSERT_EQ(system.solve(rhs, solution, nullSpace), 3);
     double const expected[9] = {0.0, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0, 0.0, 0.0};
-    for (int cell = 0; cell < 9; ++cell)
+    for (int cell = 0; cell < 9; ++cell) {
         EXPECT_EQ(nullSpace[cell], expected[cell]) << cell;
-    for (double value : solution)
+    }
+    for (double value : solution) {
         EXPECT_EQ(value, 0.0);
+    }
 }
 
 TEST(LinearSystem, ZeroMatrixRefusesOtherRightHandSidesWhateverTheEpsilon)
@@ -244,10 +265,12 @@ TEST(LinearSystem, ZeroMatrixRefusesOtherRightHandSidesWhateverTheEpsilon)
         double solution[3] = {7.0, 7.0, 7.0};
         double nullSpace[9] = {7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0};
         EXPECT_EQ(system.solve(rhs, solution, nullSpace), -1);
-        for (double value : solution)
+        for (double value : solution) {
             EXPECT_EQ(value, 0.0);
-        for (double value : nullSpace)
+        }
+        for (double value : nullSpace) {
             EXPECT_EQ(value, 0.0);
+        }
     }
 }
 
@@ -277,8 +300,9 @@ TEST(LinearSystem, ParallelNormalsWithConsistentOffsetsLeaveAPlane)
     EXPECT_EQ(solution[1], 0.0);
     EXPECT_EQ(solution[2], 0.0);
     double const expected[9] = {-3.0, 0.0, 1.0, -2.0, 1.0, 0.0, 0.0, 0.0, 0.0};
-    for (int cell = 0; cell < 9; ++cell)
+    for (int cell = 0; cell < 9; ++cell) {
         EXPECT_EQ(nullSpace[cell], expected[cell]) << cell;
+    }
 }
 
 TEST(LinearSystem, ParallelNormalsWithOtherOffsetsAreInconsistent)
@@ -346,8 +370,9 @@ TEST(LinearSystem, NanSpreadsThroughTheTransformRecord)
 {
     // The second step multiplies the NaN of the last row by the zeros of its matrix.
     auto const system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
-    for (double value : system.transform)
+    for (double value : system.transform) {
         EXPECT_TRUE(std::isnan(value));
+    }
     double const rhs[2] = {1.0, 1.0};
     double solution[2];
     EXPECT_EQ(system.solve(rhs, solution), 1);

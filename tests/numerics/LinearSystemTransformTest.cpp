@@ -25,12 +25,15 @@ struct FullProducts
 
     FullProducts(double const *columns, double epsilon)
     {
-        for (int cell = 0; cell < R * C; ++cell)
+        for (int cell = 0; cell < R * C; ++cell) {
             u[cell] = columns[cell];
-        for (int i = 0; i < R; ++i)
+        }
+        for (int i = 0; i < R; ++i) {
             t[i + R * i] = 1.0;
-        for (int k = 0; k < C && rank < R; ++k)
+        }
+        for (int k = 0; k < C && rank < R; ++k) {
             multiply(step(k, epsilon));
+        }
     }
 
     double &at(int row, int column) { return u[row + R * column]; }
@@ -41,37 +44,43 @@ struct FullProducts
         auto const cell = [&p](int row, int column) -> double & {
             return p[static_cast<std::size_t>(row + R * column)];
         };
-        for (int i = 0; i < R; ++i)
+        for (int i = 0; i < R; ++i) {
             cell(i, i) = 1.0;
+        }
 
         int const r = rank;
         int from = r;
         for (int i = r + 1; i < R; ++i) {
-            if (std::fabs(at(i, k)) > std::fabs(at(from, k)))
+            if (std::fabs(at(i, k)) > std::fabs(at(from, k))) {
                 from = i;
+            }
         }
         if (!(std::fabs(at(from, k)) > epsilon)) {
-            for (int i = r; i < R; ++i)
+            for (int i = r; i < R; ++i) {
                 at(i, k) = 0.0;
+            }
             return p;
         }
         ++rank;
         if (from != r) {
-            for (int c = k; c < C; ++c)
+            for (int c = k; c < C; ++c) {
                 std::swap(at(r, c), at(from, c));
+            }
             cell(from, r) = 1.0;
             cell(r, r) = 0.0;
             cell(from, from) = 0.0;
         }
         double const pivot = at(r, k);
-        for (int c = k + 1; c < C; ++c)
+        for (int c = k + 1; c < C; ++c) {
             at(r, c) /= pivot;
+        }
         at(r, k) = 1.0;
         cell(r, from) = 1.0 / pivot;
         for (int i = r + 1; i < R; ++i) {
             double const factor = at(i, k);
-            for (int c = k + 1; c < C; ++c)
+            for (int c = k + 1; c < C; ++c) {
                 at(i, c) -= at(r, c) * factor;
+            }
             at(i, k) = 0.0;
             cell(i, from) = -factor * (1.0 / pivot);
         }
@@ -84,13 +93,15 @@ struct FullProducts
         for (int c = 0; c < R; ++c) {
             for (int r = 0; r < R; ++r) {
                 double sum = 0.0;
-                for (int k = 0; k < R; ++k)
+                for (int k = 0; k < R; ++k) {
                     sum += p[static_cast<std::size_t>(r + R * k)] * t[k + R * c];
+                }
                 product[r + R * c] = sum;
             }
         }
-        for (int cell = 0; cell < R * R; ++cell)
+        for (int cell = 0; cell < R * R; ++cell) {
             t[cell] = product[cell];
+        }
     }
 };
 
@@ -114,10 +125,12 @@ void checkRecord()
     LinearSystemT<R, C> const system(columns.data(), epsilon);
     FullProducts<R, C> const full(columns.data(), epsilon);
     RC_ASSERT(system.rank == full.rank);
-    for (int cell = 0; cell < R * C; ++cell)
+    for (int cell = 0; cell < R * C; ++cell) {
         RC_ASSERT(support::sameBits(full.u[cell], system.reduced[cell]));
-    for (int cell = 0; cell < R * R; ++cell)
+    }
+    for (int cell = 0; cell < R * R; ++cell) {
         RC_ASSERT(support::sameBits(full.t[cell], system.transform[cell]));
+    }
 }
 
 } // namespace

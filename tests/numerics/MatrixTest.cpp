@@ -18,8 +18,9 @@ void fillWithPlaces(MatrixIF &matrix)
 {
     unsigned int const n = sizeOf(matrix);
     for (unsigned int i = 0; i < n; ++i) {
-        for (unsigned int j = 0; j < n; ++j)
+        for (unsigned int j = 0; j < n; ++j) {
             matrix.setElement(i, j, 10.0 * i + j);
+        }
     }
 }
 
@@ -56,8 +57,9 @@ TEST(MatrixNXN, KeepsEachElementApart)
     fillWithPlaces(m);
     EXPECT_EQ(sizeOf(m), 3u);
     for (unsigned int i = 0; i < 3; ++i) {
-        for (unsigned int j = 0; j < 3; ++j)
+        for (unsigned int j = 0; j < 3; ++j) {
             EXPECT_EQ(m.getElement(i, j), 10.0 * i + j);
+        }
     }
 }
 
@@ -117,8 +119,9 @@ TEST(MatrixNXN, MakeIdentityGoesThroughTheVirtualOperations)
     m.makeIdentity();
     EXPECT_EQ(m.log, "null 0,0 1,1 2,2 ");
     for (unsigned int i = 0; i < 3; ++i) {
-        for (unsigned int j = 0; j < 3; ++j)
+        for (unsigned int j = 0; j < 3; ++j) {
             EXPECT_EQ(m.getElement(i, j), i == j ? 1.0 : 0.0);
+        }
     }
 }
 
@@ -146,8 +149,9 @@ TEST(SymmetricMatrixNXN, StartsWithZeros)
     SymmetricMatrixNXN m(4);
     EXPECT_EQ(sizeOf(m), 4u);
     for (unsigned int i = 0; i < 4; ++i) {
-        for (unsigned int j = 0; j < 4; ++j)
+        for (unsigned int j = 0; j < 4; ++j) {
             EXPECT_EQ(m.getElement(i, j), 0.0);
+        }
     }
 }
 
@@ -170,8 +174,9 @@ TEST(SymmetricMatrixNXN, SixCellsForSizeThree)
     OpenSymmetricMatrix m(3);
     unsigned int const expected[3][3] = {{0, 1, 2}, {1, 3, 4}, {2, 4, 5}};
     for (unsigned int i = 0; i < 3; ++i) {
-        for (unsigned int j = 0; j < 3; ++j)
+        for (unsigned int j = 0; j < 3; ++j) {
             EXPECT_EQ(m.calcIndex(i, j), expected[i][j]);
+        }
     }
     EXPECT_TRUE(m.checkBounds(2));
     EXPECT_FALSE(m.checkBounds(3));
@@ -207,12 +212,14 @@ TEST(SymmetricMatrixNXN, MakeNullAndMakeIdentity)
         fillWithPlaces(m);
         m.makeIdentity();
         for (unsigned int i = 0; i < n; ++i) {
-            for (unsigned int j = 0; j < n; ++j)
+            for (unsigned int j = 0; j < n; ++j) {
                 EXPECT_EQ(m.getElement(i, j), i == j ? 1.0 : 0.0);
+            }
         }
         m.makeNull();
-        for (unsigned int i = 0; i < n; ++i)
+        for (unsigned int i = 0; i < n; ++i) {
             EXPECT_EQ(m.getElement(i, i), 0.0);
+        }
     }
 }
 

@@ -29,23 +29,26 @@ TEST(PowerMethod, StartVectorComesFromTheGeneratorOfTheProcess)
     identity.makeIdentity();
     std::srand(17);
     double r[3];
-    for (double &component : r)
+    for (double &component : r) {
         component = std::rand() / 32768.0;
+    }
     double const length = std::sqrt(r[0] * r[0] + r[1] * r[1] + r[2] * r[2]);
 
     std::srand(17);
     PowerMethod method(&identity, 1e-9);
     EXPECT_EQ(method.getQuality(), 0.0);
     EXPECT_TRUE(method.iterate());
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         EXPECT_NEAR(method.getEigenvector()[i], r[i] / length, 1e-15);
+    }
     EXPECT_NEAR(method.getEigenvalue(), 1.0, 1e-15);
 
     std::srand(17);
     PowerMethod second(&identity, 1e-9);
     second.iterate();
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(SameBits(method.getEigenvector()[i], second.getEigenvector()[i]));
+    }
 }
 
 TEST(PowerMethod, StepHasTheBitsOfThePlainFormula)
@@ -61,8 +64,9 @@ TEST(PowerMethod, StepHasTheBitsOfThePlainFormula)
     double dot = 0.0, squared = 0.0, d = 0.0;
     for (unsigned int i = 0; i < 3; ++i) {
         product[i] = 0.0;
-        for (unsigned int j = 0; j < 3; ++j)
+        for (unsigned int j = 0; j < 3; ++j) {
             product[i] += matrix.getElement(i, j) * v[j];
+        }
     }
     for (int i = 0; i < 3; ++i) {
         dot += product[i] * v[i];
@@ -85,8 +89,9 @@ TEST(PowerMethod, FindsTheDominantPair)
     fill(matrix, 2, {2, 1, 1, 2});
     PowerMethod method(&matrix, 1e-10);
     int steps = 0;
-    while (!method.iterate())
+    while (!method.iterate()) {
         ASSERT_LT(++steps, 200);
+    }
     EXPECT_NEAR(method.getEigenvalue(), 3.0, 1e-12);
     EXPECT_NEAR(method.getEigenvector()[0], std::sqrt(0.5), 1e-9);
     EXPECT_NEAR(method.getEigenvector()[1], std::sqrt(0.5), 1e-9);
@@ -99,8 +104,9 @@ TEST(PowerMethod, NegativeEigenvalueConvergesThoughTheVectorTurnsRound)
     fill(matrix, 2, {-3, 0, 0, 1});
     PowerMethod method(&matrix, 1e-12);
     int steps = 0;
-    while (!method.iterate())
+    while (!method.iterate()) {
         ASSERT_LT(++steps, 200);
+    }
     EXPECT_NEAR(method.getEigenvalue(), -3.0, 1e-12);
     double const before = method.getEigenvector()[0];
     EXPECT_TRUE(method.iterate());
@@ -112,8 +118,9 @@ TEST(PowerMethod, OppositeEigenvaluesOfEqualMagnitudeNeverSettle)
     MatrixNXN matrix(2);
     fill(matrix, 2, {1, 0, 0, -1});
     PowerMethod method(&matrix, 1e-3);
-    for (int step = 0; step < 1000; ++step)
+    for (int step = 0; step < 1000; ++step) {
         ASSERT_FALSE(method.iterate());
+    }
 }
 
 TEST(PowerMethod, AccuracyIsStrict)
@@ -185,8 +192,9 @@ TEST(WielandtMethod, FindsTheSecondPair)
     WielandtMethod method(&matrix, 6.0, known, 1e-12);
     EXPECT_EQ(method.getQuality(), 0.0);
     int steps = 0;
-    while (!method.iterate())
+    while (!method.iterate()) {
         ASSERT_LT(++steps, 500);
+    }
     EXPECT_NEAR(method.getEigenvalue(), 3.0, 1e-10);
     EXPECT_LT(std::sqrt(method.getQuality()), 1e-12);
     double const *const v = method.getEigenvector();
@@ -228,25 +236,29 @@ TEST(WielandtMethod, EigenvectorHasTheBitsOfTheFormula)
     double const lambda = 1.75;
     std::srand(4);
     WielandtMethod method(&matrix, lambda, v, 1e-9);
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         method.iterate();
+    }
 
     std::srand(4);
     PowerMethod inner(method.getDeflatedMatrix(), 1e-9);
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         inner.iterate();
+    }
     double const mu = inner.getEigenvalue();
     EXPECT_TRUE(SameBits(mu, method.getEigenvalue()));
     double w[3] = {inner.getEigenvector()[0], 0.0, inner.getEigenvector()[1]};
     double dot = 0.0, squared = 0.0;
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         dot += a(1, i) / (v[1] * lambda) * w[i];
+    }
     for (int i = 0; i < 3; ++i) {
         w[i] = (mu - lambda) * w[i] + lambda * dot * v[i];
         squared += w[i] * w[i];
     }
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(SameBits(w[i] / std::sqrt(squared), method.getEigenvector()[i]));
+    }
     v[0] = v[1] = v[2] = 99.0; // read no more
     EXPECT_TRUE(SameBits(w[0] / std::sqrt(squared), method.getEigenvector()[0]));
 }
@@ -325,8 +337,9 @@ TEST(AlgorithmIF, DrivesAnyMethod)
                                     new WielandtMethod(&matrix, 5.0, known, 1e-6)};
     for (AlgorithmIF *method : methods) {
         int steps = 0;
-        while (!method->iterate())
+        while (!method->iterate()) {
             ASSERT_LT(++steps, 100);
+        }
         delete method;
     }
 }

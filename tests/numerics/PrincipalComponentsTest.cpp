@@ -44,8 +44,9 @@ void expectAxis(Point3D const &axis, double x, double y, double z, double tolera
 void expectLikeEigen(PValOrderedVector<Point3D> const &points)
 {
     Eigen::MatrixXd m(points.size(), 3);
-    for (int i = 0; i < points.size(); ++i)
+    for (int i = 0; i < points.size(); ++i) {
         m.row(i) << points[i].x(), points[i].y(), points[i].z();
+    }
     const Eigen::RowVector3d mean = m.colwise().mean();
     const Eigen::MatrixXd centred = m.rowwise() - mean;
     const Eigen::Matrix3d covariance = centred.transpose() * centred / double(points.size() - 1);
@@ -94,8 +95,9 @@ TEST(RunPCA, CollinearPoints)
 TEST(RunPCA, EqualPointsKeepTheCoordinateAxes)
 {
     const Analysis a = analyse({{5, 6, 7}, {5, 6, 7}, {5, 6, 7}});
-    for (double value : a.values)
+    for (double value : a.values) {
         EXPECT_EQ(value, 0.0);
+    }
     EXPECT_TRUE(a.axes[0] == Point3D(0, 0, 1));
     EXPECT_TRUE(a.axes[1] == Point3D(0, 1, 0));
     EXPECT_TRUE(a.axes[2] == Point3D(1, 0, 0));
@@ -115,11 +117,13 @@ TEST(RunPCA, PointsOnTheZAxis)
 TEST(RunPCA, EqualVariancesFollowTheOrderOfTheColumns)
 {
     PValOrderedVector<Point3D> cube;
-    for (int corner = 0; corner < 8; ++corner)
+    for (int corner = 0; corner < 8; ++corner) {
         cube.append(Point3D(corner & 1 ? 1 : -1, corner & 2 ? 1 : -1, corner & 4 ? 1 : -1));
+    }
     const Analysis a = analyse(cube);
-    for (double value : a.values)
+    for (double value : a.values) {
         EXPECT_EQ(value, 8.0 / 7.0); // divided by n - 1
+    }
     EXPECT_TRUE(a.axes[0] == Point3D(0, 0, 1));
     EXPECT_TRUE(a.axes[1] == Point3D(0, 1, 0));
     EXPECT_TRUE(a.axes[2] == Point3D(1, 0, 0));
@@ -146,8 +150,9 @@ TEST(RunPCA, MeanHasTheBitsOfThePlainSums)
         sums[2] += z;
     }
     const Analysis a = analyse(points);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(SameBits(sums[i] / 1001, a.center[i]));
+    }
 }
 
 TEST(RunPCA, AgreesWithEigenOnRandomClouds)
@@ -175,8 +180,9 @@ PValOrderedVector<Point3D> readVertices(std::string const &file)
         std::istringstream words(line);
         std::string kind;
         double x, y, z;
-        if (words >> kind >> x >> y >> z && kind == "v")
+        if (words >> kind >> x >> y >> z && kind == "v") {
             points.append(Point3D(x, y, z));
+        }
     }
     return points;
 }
@@ -186,14 +192,16 @@ TEST(RunPCA, AgreesWithEigenOnRealClouds)
     int clouds = 0;
     for (char const *name : {"WusonOBJ.obj", "spider.obj", "regr01.obj"}) {
         auto const points = readVertices(std::string("/usr/share/assimp/models/OBJ/") + name);
-        if (points.size() < 3)
+        if (points.size() < 3) {
             continue;
+        }
         ++clouds;
         SCOPED_TRACE(name);
         expectLikeEigen(points);
     }
-    if (clouds == 0)
+    if (clouds == 0) {
         GTEST_SKIP() << "the test models of Assimp are not installed";
+    }
 }
 
 RC_GTEST_PROP(RunPCA, ShiftMovesTheCentreOnly, ())
@@ -210,8 +218,9 @@ RC_GTEST_PROP(RunPCA, ShiftMovesTheCentreOnly, ())
     RC_ASSERT(std::fabs(b.center[0] - a.center[0] - 64) < 1e-9);
     RC_ASSERT(std::fabs(b.center[1] - a.center[1] + 128) < 1e-9);
     RC_ASSERT(std::fabs(b.center[2] - a.center[2] - 32) < 1e-9);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         RC_ASSERT(std::fabs(a.values[i] - b.values[i]) < 1e-6);
+    }
 }
 
 } // namespace

@@ -23,8 +23,9 @@ std::vector<double> randomNumbers(int count, unsigned int seed)
     std::mt19937 random(seed);
     std::uniform_real_distribution<double> values(-1.0, 1.0);
     std::vector<double> numbers(static_cast<std::size_t>(count));
-    for (double &number : numbers)
+    for (double &number : numbers) {
         number = values(random);
+    }
     return numbers;
 }
 
@@ -37,8 +38,9 @@ std::vector<double> plainLegendre(std::vector<double> const &data, int order,
     std::vector<double> result;
     for (int l = 0; l < int(size) / 2 - order; ++l) {
         double sum = 0.0;
-        for (std::size_t j = 0; j < size; ++j)
+        for (std::size_t j = 0; j < size; ++j) {
             sum += table[std::size_t(l) * size + j] * (s * data[j] * weights[j]);
+        }
         result.push_back(sum);
     }
     return result;
@@ -49,8 +51,9 @@ TEST(LegendreTrafo, HasTheBitsOfThePlainLoop)
     for (int size : {1, 2, 3, 6, 7, 8, 15, 16, 17, 30, 64, 100, 131, 256}) {
         for (int order : {0, 1, 2, size / 4, size / 2 - 1}) {
             int const count = size / 2 - order;
-            if (order < 0 || count < 1)
+            if (order < 0 || count < 1) {
                 continue;
+            }
             SCOPED_TRACE(testing::Message() << size << ' ' << order);
             GuardedArray data(randomNumbers(size, 1)), weights(randomNumbers(size, 2));
             GuardedArray table(randomNumbers(size * count, 3)), result(count), scratch(size);
@@ -58,13 +61,16 @@ TEST(LegendreTrafo, HasTheBitsOfThePlainLoop)
                           scratch.data());
             auto const expected =
                 plainLegendre(data.values(), order, weights.values(), table.data());
-            for (int l = 0; l < count; ++l)
+            for (int l = 0; l < count; ++l) {
                 EXPECT_TRUE(SameBits(expected[std::size_t(l)], result[l])) << l;
+            }
             double const s = std::sqrt(order == 0 ? 12.566370614359172 : 6.283185307179586);
-            for (int j = 0; j < size; ++j)
+            for (int j = 0; j < size; ++j) {
                 EXPECT_TRUE(SameBits(s * data[j] * weights[j], scratch[j]));
-            for (GuardedArray const *array : {&data, &weights, &table, &result, &scratch})
+            }
+            for (GuardedArray const *array : {&data, &weights, &table, &result, &scratch}) {
                 EXPECT_TRUE(array->intact());
+            }
         }
     }
 }
@@ -88,8 +94,9 @@ TEST(LegendreTrafo, NaNStaysInItsRow)
     table[5 * 32 + 7] = support::nan;
     table[9 * 32 + 31] = support::inf;
     legendreTrafo(data.data(), result.data(), 32, 0, weights.data(), table.data(), scratch.data());
-    for (int l = 0; l < 16; ++l)
+    for (int l = 0; l < 16; ++l) {
         EXPECT_EQ(std::isfinite(result[l]), l != 5 && l != 9) << l;
+    }
 }
 
 template <int W>
@@ -98,14 +105,16 @@ void expectRowBits()
     int const size = 37;
     auto const table = randomNumbers(8 * size, 3), x = randomNumbers(size, 4);
     double const *rows[Legendre::rowsTogether];
-    for (int r = 0; r < 8; ++r)
+    for (int r = 0; r < 8; ++r) {
         rows[r] = table.data() + r * size;
+    }
     double sums[Legendre::rowsTogether];
     Legendre::multiplyRows<W>(rows, x.data(), size, sums);
     for (int r = 0; r < 8; ++r) {
         double expected = 0.0;
-        for (int j = 0; j < size; ++j)
+        for (int j = 0; j < size; ++j) {
             expected += rows[r][j] * x[std::size_t(j)];
+        }
         EXPECT_TRUE(SameBits(expected, sums[r]));
     }
 }
@@ -137,15 +146,17 @@ struct Sphere
         for (int j = 0; j < n; ++j) {
             theta.push_back(pi * (2 * j + 1) / (4.0 * b));
             double sum = 0.0;
-            for (int k = 0; k < b; ++k)
+            for (int k = 0; k < b; ++k) {
                 sum += std::sin((2 * k + 1) * theta.back()) / (2 * k + 1);
+            }
             weights.push_back(2.0 / b * std::sin(theta.back()) * sum);
         }
         for (int m = 0; m < b; ++m) {
             offsets.push_back(int(table.size()));
             for (int l = m; l < b; ++l) {
-                for (double t : theta)
+                for (double t : theta) {
                     table.push_back(legendre(l, m, std::cos(t)) / (m == 0 ? std::sqrt(2.0) : 1.0));
+                }
             }
         }
     }
@@ -181,8 +192,9 @@ Coefficients transform(Sphere const &sphere, std::vector<double> const &re,
     computeFSTSlow(rdata.data(), idata.data(), rcoeffs.data(), icoeffs.data(), workspace.data(),
                    realData, table.data(), weights.data(), sphere.offsets.data(), b);
     for (GuardedArray const *array :
-         {&rdata, &idata, &rcoeffs, &icoeffs, &workspace, &table, &weights})
+         {&rdata, &idata, &rcoeffs, &icoeffs, &workspace, &table, &weights}) {
         EXPECT_TRUE(array->intact());
+    }
     EXPECT_EQ(rdata.values(), re);
     EXPECT_EQ(idata.values(), im);
     EXPECT_EQ(table.values(), sphere.table);
@@ -193,10 +205,12 @@ Coefficients transform(Sphere const &sphere, std::vector<double> const &re,
 std::vector<int> orders(int bandwidth, bool realData)
 {
     std::vector<int> sequence;
-    for (int m = 0; m < bandwidth; ++m)
+    for (int m = 0; m < bandwidth; ++m) {
         sequence.push_back(m);
-    for (int m = bandwidth - 1; m >= 1 && !realData; --m)
+    }
+    for (int m = bandwidth - 1; m >= 1 && !realData; --m) {
         sequence.push_back(-m);
+    }
     return sequence;
 }
 
@@ -245,8 +259,9 @@ TEST(ComputeFSTSlow, RealDataGiveTheOrdersThatAreNotNegative)
     std::size_t negative = 36;
     for (int m = 7; m >= 1; --m) {
         std::size_t positive = 0;
-        for (int k = 0; k < m; ++k)
+        for (int k = 0; k < m; ++k) {
             positive += std::size_t(8 - k);
+        }
         for (int l = m; l < 8; ++l, ++positive, ++negative) {
             double const sign = m % 2 == 1 ? -1.0 : 1.0;
             EXPECT_NEAR(all.re[negative], sign * all.re[positive], 1e-14);
@@ -289,10 +304,12 @@ Coefficients plainTransform(Sphere const &sphere, std::vector<double> re, std::v
         const std::size_t column = std::size_t(m < 0 ? n + m : m);
         double const *const table = sphere.table.data() + sphere.offsets[std::size_t(order)];
         double const sign = m < 0 && order % 2 == 1 ? -1.0 : 1.0;
-        for (double value : plainLegendre(columnsRe[column], order, sphere.weights, table))
+        for (double value : plainLegendre(columnsRe[column], order, sphere.weights, table)) {
             c.re.push_back(sign * value);
-        for (double value : plainLegendre(columnsIm[column], order, sphere.weights, table))
+        }
+        for (double value : plainLegendre(columnsIm[column], order, sphere.weights, table)) {
             c.im.push_back(sign * value);
+        }
     }
     return c;
 }
@@ -307,8 +324,9 @@ TEST(ComputeFSTSlow, HasTheBitsOfItsSteps)
             sphere.weights = randomNumbers(64, 1);
             sphere.offsets.clear();
             sphere.table = randomNumbers(64 * 33 * 16, 2);
-            for (int m = 0, offset = 0; m < 32; offset += (32 - m) * 64, ++m)
+            for (int m = 0, offset = 0; m < 32; offset += (32 - m) * 64, ++m) {
                 sphere.offsets.push_back(offset);
+            }
         }
         auto const re = randomNumbers(4 * b * b, 3), im = randomNumbers(4 * b * b, 4);
         const Coefficients expected = plainTransform(sphere, re, im);

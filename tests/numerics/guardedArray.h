@@ -18,8 +18,9 @@ public:
     explicit GuardedArray(std::vector<double> const &values)
         : GuardedArray(int(values.size()))
     {
-        for (std::size_t i = 0; i < values.size(); ++i)
+        for (std::size_t i = 0; i < values.size(); ++i) {
             m_memory[guard + i] = values[i];
+        }
     }
 
     double *data() { return m_memory.data() + guard; }
@@ -34,8 +35,9 @@ public:
     bool intact() const
     {
         for (std::size_t i = 0; i < guard; ++i) {
-            if (m_memory[i] != preset || m_memory[m_memory.size() - 1 - i] != preset)
+            if (m_memory[i] != preset || m_memory[m_memory.size() - 1 - i] != preset) {
                 return false;
+            }
         }
         return true;
     }

@@ -15,8 +15,9 @@ double lengthFromScript()
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
     vector->invokeByName("", proxyMethod, {2.0, 3.0, 6.0}, result, exception);
-    if (!vector->invokeByName("len", proxyMethod, {}, result, exception))
+    if (!vector->invokeByName("len", proxyMethod, {}, result, exception)) {
         throw std::runtime_error(exception->message().utf8());
+    }
     return result.toDouble(); // 7
 }
 

@@ -41,8 +41,9 @@ Object rotation4(double a, double b, double c)
 template <typename M>
 void expectNear(const M &actual, const M &expected, double tolerance)
 {
-    for (int i = 0; i < int(sizeof(M) / sizeof(double)); ++i)
+    for (int i = 0; i < int(sizeof(M) / sizeof(double)); ++i) {
         EXPECT_NEAR(actual[i], expected[i], tolerance) << "cell " << i;
+    }
 }
 
 } // namespace
@@ -159,8 +160,9 @@ TEST(Matrix4Proxy, AxesAndTranslationAreItsColumns)
     EXPECT_TRUE(valueOf<Vector3>(read(m, "Y")) == Vector3(5, 6, 7));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "Z")) == Vector3(9, 10, 11));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "T")) == Vector3(13, 14, 15));
-    for (char const *name : {"X", "Y", "Z", "T"})
+    for (char const *name : {"X", "Y", "Z", "T"}) {
         EXPECT_TRUE(write(m, name, mzComVariantC(vector3(-1, -2, -3))).object() == m);
+    }
     EXPECT_TRUE(valueOf<Matrix4>(m) ==
                 cells<Matrix4>({-1, -2, -3, 4, -1, -2, -3, 8, -1, -2, -3, 12, -1, -2, -3, 16}));
 }
@@ -201,13 +203,15 @@ TEST(Rotation, OfTheSquareMatrixReplacesAllCells)
         cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
     EXPECT_TRUE(call(m, "rotAngle", {10.0, 20.0, 30.0}).object() == m);
     const Matrix4 rotation = valueOf<Matrix4>(m);
-    for (int const zero : {3, 7, 11, 12, 13, 14})
+    for (int const zero : {3, 7, 11, 12, 13, 14}) {
         EXPECT_EQ(rotation[zero], 0.0);
+    }
     EXPECT_EQ(rotation[15], 1.0);
     const Matrix3 upper = valueOf<Matrix3>(rotation3(10, 20, 30));
     for (int column = 0; column < 3; ++column) {
-        for (int row = 0; row < 3; ++row)
+        for (int row = 0; row < 3; ++row) {
             EXPECT_EQ(rotation(row, column), upper(row, column));
+        }
     }
 }
 
@@ -275,8 +279,9 @@ TEST(Rotation, AboutTheZeroVectorIsNan)
 TEST(EulerAngles, OfTheZeroMatrixAreZero)
 {
     const Object m = call(Object(new prxMathFactoryC), "createmat4x4").object();
-    for (char const *name : {"Roll", "Pitch", "Yaw"})
+    for (char const *name : {"Roll", "Pitch", "Yaw"}) {
         EXPECT_EQ(read(m, name).number(), 0.0) << name;
+    }
 }
 
 TEST(EulerAngles, OfARotationAboutOneAxisChangePlaceAndSign)
@@ -329,8 +334,9 @@ TEST(AxisVector, EachWritesItsOwnCells)
     const Object m4(new prxMatrix4x4C);
     double start = 1.0;
     for (char const *name : {"X", "Y", "Z", "T"}) {
-        if (*name != 'T')
+        if (*name != 'T') {
             call(read(m3, name).object(), "", {start, start + 1, start + 2});
+        }
         call(read(m4, name).object(), "", {start, start + 1, start + 2});
         start += 3;
     }
@@ -454,8 +460,9 @@ RC_GTEST_PROP(Rotation, IsOrthonormalAndUndoneByItsInverse, ())
     const Object m = rotation4(angle(), angle(), angle());
     const Matrix4 product =
         valueOf<Matrix4>(call(m, "mul", {mzComVariantC(call(m, "inv").object())}));
-    for (int i = 0; i < 16; ++i)
+    for (int i = 0; i < 16; ++i) {
         RC_ASSERT(std::fabs(product[i] - Matrix4::identity()[i]) < 1e-14);
+    }
 }
 
 RC_GTEST_PROP(Rotation, AboutAVectorLeavesItAndTurnsByTheAngle, ())

@@ -20,9 +20,10 @@ struct Row
 std::vector<std::string> rowsOf(proxyMemberDescS const *members)
 {
     std::vector<std::string> rows;
-    for (; members->name != nullptr; ++members)
+    for (; members->name != nullptr; ++members) {
         rows.push_back(std::string(members->name) + " " + std::to_string(members->kind) + " " +
                        std::to_string(members->parameterCount));
+    }
     return rows;
 }
 
@@ -75,8 +76,9 @@ void expectRecord(int size)
     EXPECT_TRUE(record->name() == mzComTypeInfoToName(typeid(T)));
 
     T source;
-    for (int i = 0; i < size / 8; ++i)
+    for (int i = 0; i < size / 8; ++i) {
         source[i] = i + 0.5;
+    }
     void *zero = record->create(nullptr);
     void *copy = record->create(&source);
     EXPECT_TRUE(*static_cast<T *>(zero) == T());
@@ -156,8 +158,9 @@ TEST(ProxyFrame, SignaturesNameTheMemberAndItsParameters)
     EXPECT_TRUE(*cross[1].type == typeid(Vector3));
     proxySignatureTypeS const *setAll = entry(vector, 18).signature();
     EXPECT_TRUE(*setAll[0].type == typeid(&prxVector3dC::setXYZ));
-    for (int i = 1; i <= 3; ++i)
+    for (int i = 1; i <= 3; ++i) {
         EXPECT_TRUE(*setAll[i].type == typeid(double));
+    }
     EXPECT_TRUE(*entry(vector, 1).signature()[1].type == typeid(Vector3));
 
     proxyMemberDescListS const *matrix = prxMatrix3x3C::getStaticProxyTypeInfo();
@@ -213,8 +216,9 @@ TEST(ProxyFrame, IdsAreDistinctAndStay)
     int const count = mzComVariantC::registeredValueTypeCount();
     for (int i = 0; i < 4; ++i) {
         EXPECT_GT(ids[i], 0);
-        for (int j = 0; j < i; ++j)
+        for (int j = 0; j < i; ++j) {
             EXPECT_NE(ids[i], ids[j]);
+        }
     }
     EXPECT_EQ(proxyValueTypeId<Vector3>(), ids[1]);
     EXPECT_EQ(proxyValueRecord<Vector3>()->id, ids[1]);
@@ -325,6 +329,7 @@ TEST(ProxyFrame, ThreadsMayMakeAndUseProxiesAtTheSameTime)
             }
         });
     }
-    for (std::thread &thread : threads)
+    for (std::thread &thread : threads) {
         thread.join();
+    }
 }

@@ -38,8 +38,9 @@ M cells(std::initializer_list<double> values)
 {
     M matrix;
     int i = 0;
-    for (double const value : values)
+    for (double const value : values) {
         matrix[i++] = value;
+    }
     return matrix;
 }
 

@@ -56,8 +56,9 @@ TEST(Vector3Proxy, ArithmeticMakesNewObjectsAndLeavesTheOldAlone)
         const Answer answer = call(v, name, {w});
         EXPECT_TRUE(answer.object() && answer.object() != v) << name;
     }
-    for (char const *name : {"mul", "div", "norm"})
+    for (char const *name : {"mul", "div", "norm"}) {
         EXPECT_TRUE(call(v, name, {2.0}).object() != v) << name;
+    }
     EXPECT_TRUE(valueOf<Vector3>(v) == Vector3(1, 2, 3));
     EXPECT_TRUE(valueOf<Vector3>(w.toObject()) == Vector3(4, 5, 6));
 }
@@ -262,8 +263,9 @@ TEST(MathFactory, CreatesByName)
                               {"matrix4x4", "prxMatrix4x4C"},
                               {"vector3d", "prxVector3dC"},
                               {"vector2d", "prxVector2dC"}};
-    for (auto const &name : names)
+    for (auto const &name : names) {
         EXPECT_STREQ(call(factory, "Create", {name[0]}).value.typeName().utf8(), name[1]);
+    }
     for (char const *name : {"Vector3d", "VECTOR3D", "linquet.vector3d", "vector4d", ""}) {
         const Answer answer = call(factory, "Create", {name});
         EXPECT_TRUE(answer.ok) << name;

@@ -232,10 +232,12 @@ TEST(Variant, RacingRegistrationsGiveOneId)
     record.id = 0;
     int const count = mzComVariantC::registeredValueTypeCount();
     std::vector<std::thread> threads;
-    for (int i = 0; i < 8; ++i)
+    for (int i = 0; i < 8; ++i) {
         threads.emplace_back([] { mzComVariantC::registerValueType(&record); });
-    for (std::thread &thread : threads)
+    }
+    for (std::thread &thread : threads) {
         thread.join();
+    }
     EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), count + 1);
     EXPECT_EQ(record.id, count + 1);
 }

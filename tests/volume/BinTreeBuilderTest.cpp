@@ -141,14 +141,16 @@ TEST(BinTreeBuilder, SplitsAtAHalfExtentEqualToTheResolution)
     BinTreeBuilder builder(cube(0, 8), 1.0, cube(3, 5));
     builder.addTriangle(Vector(0.5, 0.5, 0.5), Vector(0.75, 0.5, 0.5), Vector(0.5, 0.75, 0.5));
     for (Node const *leaf : leaves(builder)) {
-        if (leaf->boundary())
+        if (leaf->boundary()) {
             expectBounds(*leaf, Vector(0, 0, 0), Vector(1, 1, 1));
+        }
     }
     BinTreeBuilder coarser(cube(0, 8), std::nextafter(1.0, 2.0), cube(3, 5));
     coarser.addTriangle(Vector(0.5, 0.5, 0.5), Vector(0.75, 0.5, 0.5), Vector(0.5, 0.75, 0.5));
     for (Node const *leaf : leaves(coarser)) {
-        if (leaf->boundary())
+        if (leaf->boundary()) {
             expectBounds(*leaf, Vector(0, 0, 0), Vector(2, 2, 2));
+        }
     }
 }
 
@@ -159,8 +161,9 @@ TEST(BinTreeBuilder, UnsplittableLeavesAreThinnerThanTwiceTheResolution)
     meshes::addTo(builder, meshes::sphere(Vector(5, 3.5, 2.5), 1.4, 12));
     int boundaries = 0;
     for (Node const *leaf : leaves(builder)) {
-        if (!leaf->boundary())
+        if (!leaf->boundary()) {
             continue;
+        }
         int const a = leaf->axis() - 1;
         double const extent = leaf->bounds.second[a] - leaf->bounds.first[a];
         EXPECT_LT(extent, 2 * 0.3);
@@ -199,13 +202,15 @@ TEST(BinTreeBuilder, TriangleOutsideTheContentCellIsNotRecorded)
     BinTreeBuilder builder(cube(0, 8), 1.0, Box(Vector(1, 1, 1), Vector(3, 7, 7)));
     ASSERT_EQ(builder.contentNode, builder.root->children[0]);
     builder.addTriangle(Vector(5, 5, 5), Vector(6, 5, 5), Vector(5, 6, 5));
-    for (Node const *leaf : leaves(builder))
+    for (Node const *leaf : leaves(builder)) {
         EXPECT_FALSE(leaf->boundary());
+    }
     // Touching the cell's face is inside.
     builder.addTriangle(Vector(4, 5, 5), Vector(6, 5, 5), Vector(5, 6, 5));
     int boundaries = 0;
-    for (Node const *leaf : leaves(builder))
+    for (Node const *leaf : leaves(builder)) {
         boundaries += leaf->boundary();
+    }
     EXPECT_GT(boundaries, 0);
 }
 
@@ -222,8 +227,9 @@ TEST(BinTreeBuilder, NullContentNodeMeansTheRoot)
     builder.contentNode = nullptr;
     builder.addTriangle(Vector(5, 5, 5), Vector(5.25, 5, 5), Vector(5, 5.25, 5));
     bool recorded = false;
-    for (Node const *leaf : leaves(builder))
+    for (Node const *leaf : leaves(builder)) {
         recorded = recorded || leaf->boundary();
+    }
     EXPECT_TRUE(recorded);
 }
 

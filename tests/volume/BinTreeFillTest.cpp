@@ -26,8 +26,9 @@ bool shareFace(Node const &p, Node const &q)
     for (int k = 0; k < 3; ++k) {
         double const lo = std::max(p.bounds.first[k], q.bounds.first[k]);
         double const hi = std::min(p.bounds.second[k], q.bounds.second[k]);
-        if (lo > hi)
+        if (lo > hi) {
             return false;
+        }
         overlaps += lo < hi;
     }
     return overlaps == 2;
@@ -56,8 +57,9 @@ std::set<Node const *> outerLeaves(BinTreeBuilder const &builder)
 {
     std::set<Node const *> found;
     for (Node const *leaf : leaves(builder)) {
-        if (leaf->outer())
+        if (leaf->outer()) {
             found.insert(leaf);
+        }
     }
     return found;
 }
@@ -68,8 +70,9 @@ TEST(FindOuterArea, WithoutTrianglesEveryLeafIsOuter)
 {
     BinTreeBuilder builder(cube(0, 8), 0.5, Box(Vector(5, 1, 6), Vector(7, 2, 7)));
     builder.findOuterArea();
-    for (Node const *leaf : leaves(builder))
+    for (Node const *leaf : leaves(builder)) {
         EXPECT_EQ(leaf->data & 12, int(Node::outerBit));
+    }
     // Five leaves, pre-order: 1 00 1 1 00 1 00 00 00.
     const SimpleBitVector bits = builder.exportBitVector();
     EXPECT_EQ(bits.bitCount, 3U * 5U - 1U);
@@ -109,8 +112,9 @@ TEST(FindOuterArea, ClosedBoxKeepsItsInterior)
     EXPECT_EQ(after.surface, v.surface);
     EXPECT_EQ(after.outer, v.outer);
     for (Node const *leaf : leaves(builder)) {
-        if (!leaf->parent)
+        if (!leaf->parent) {
             continue;
+        }
         Node const *const other = leaf->parent->children[leaf == leaf->parent->children[0] ? 1 : 0];
         EXPECT_FALSE(other->isLeaf() && other->data == leaf->data);
     }
@@ -170,8 +174,9 @@ TEST(FindOuterArea, CornerLeafIsOuterEvenOnTheSurface)
     SimpleBitVector const bits = builder.exportBitVector();
     BinTreeBuilder reader(cube(0, 8), 1.0, cube(1, 7));
     reader.importBitVector(bits);
-    for (Node const *leaf : leaves(reader))
+    for (Node const *leaf : leaves(reader)) {
         EXPECT_TRUE(leaf->outer());
+    }
 }
 
 TEST(FindOuterArea, SecondCallChangesNothing)

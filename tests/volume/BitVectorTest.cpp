@@ -23,8 +23,9 @@ const Box middle(Vector(1, 1, 1), Vector(7, 7, 7));
 SimpleBitVector bitsOf(std::initializer_list<int> values)
 {
     SimpleBitVector bits;
-    for (int value : values)
+    for (int value : values) {
         bits.append(value != 0);
+    }
     return bits;
 }
 
@@ -52,8 +53,9 @@ SimpleBitVector torusBits(bool condensed, double resolution = 0.125)
     BinTreeBuilder builder(octant, resolution, middle);
     meshes::addTo(builder, meshes::torus(Vector(4, 4, 4), 2.0, 0.8, 24));
     builder.findOuterArea();
-    if (condensed)
+    if (condensed) {
         builder.condense();
+    }
     return builder.exportBitVector();
 }
 
@@ -68,8 +70,9 @@ TEST(SimpleBitVector, StartsEmptyAndFillsBytesFromTheLowEnd)
     EXPECT_EQ(bits.bitCount, 1U);
     ASSERT_EQ(bits.bytes.size(), 1U);
     EXPECT_EQ(bits.bytes[0], 1);
-    for (int i = 1; i < 8; ++i)
+    for (int i = 1; i < 8; ++i) {
         bits.append(i == 7);
+    }
     EXPECT_EQ(bits.bytes.size(), 1U);
     EXPECT_EQ(bits.bytes[0], 129);
     bits.append(false);
@@ -254,8 +257,9 @@ TEST(BitImport, BoundaryCellsComeBackWithoutFlags)
 {
     BinTreeBuilder reader(octant, 0.125, middle);
     reader.importBitVector(torusBits(false));
-    for (Node const *leaf : leaves(reader))
+    for (Node const *leaf : leaves(reader)) {
         EXPECT_FALSE(leaf->boundary());
+    }
     EXPECT_GT(inspection::volumes(reader).enclosed, 0.0);
 }
 
@@ -264,8 +268,9 @@ TEST(BitImport, DepthCostsNoStack)
     // A chain of lower halves: far deeper than a stack of frames would reach.
     constexpr int depth = 1000000;
     SimpleBitVector bits;
-    for (int i = 0; i < depth; ++i)
+    for (int i = 0; i < depth; ++i) {
         bits.append(true);
+    }
     for (int i = 0; i <= depth; ++i) {
         bits.append(false);
         bits.append(i % 2 != 0);
@@ -300,12 +305,14 @@ TEST(WholeTree, EveryTruncationAndEveryExtensionIsRefused)
 {
     SimpleBitVector bits = torusBits(true, 0.5);
     const quint64 whole = bits.bitCount;
-    for (int i = 0; i < 16; ++i)
+    for (int i = 0; i < 16; ++i) {
         bits.append(i % 3 == 0);
+    }
     quint64 count = 77;
     for (quint64 n = 0; n <= bits.bitCount; ++n) {
-        if (n == whole)
+        if (n == whole) {
             continue;
+        }
         ASSERT_FALSE(isWholeTree(BitView{bits.bytes.data()}, n, &count)) << n << " bits";
     }
     EXPECT_EQ(count, 77U);
@@ -316,8 +323,9 @@ TEST(WholeTree, EveryTruncationAndEveryExtensionIsRefused)
 TEST(WholeTree, EndlessBranchingIsRefused)
 {
     SimpleBitVector bits;
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 1000; ++i) {
         bits.append(true);
+    }
     EXPECT_FALSE(isWholeTree(BitView{bits.bytes.data()}, bits.bitCount));
 }
 

@@ -40,10 +40,11 @@ inline void addQuad(Mesh &mesh, std::size_t a, std::size_t b, std::size_t c, std
 inline Mesh box(Vector const &lo, Vector const &hi)
 {
     Mesh mesh;
-    for (int i = 0; i < 8; ++i)
+    for (int i = 0; i < 8; ++i) {
         mesh.vertices.push_back(Vector((i & 1) != 0 ? hi.x() : lo.x(),
                                        (i & 2) != 0 ? hi.y() : lo.y(),
                                        (i & 4) != 0 ? hi.z() : lo.z()));
+    }
     addQuad(mesh, 0, 2, 3, 1);
     addQuad(mesh, 4, 5, 7, 6);
     addQuad(mesh, 0, 1, 5, 4);
@@ -66,9 +67,10 @@ inline Mesh sphere(Vector const &centre, double radius, std::size_t rings)
     };
     mesh.vertices.push_back(centre + Vector(0, 0, radius));
     for (std::size_t r = 1; r < rings; ++r) {
-        for (std::size_t s = 0; s < sectors; ++s)
+        for (std::size_t s = 0; s < sectors; ++s) {
             mesh.vertices.push_back(
                 at(pi * double(r) / double(rings), 2.0 * pi * double(s) / double(sectors)));
+        }
     }
     mesh.vertices.push_back(centre - Vector(0, 0, radius));
 
@@ -78,8 +80,9 @@ inline Mesh sphere(Vector const &centre, double radius, std::size_t rings)
     };
     for (std::size_t s = 0; s < sectors; ++s) {
         mesh.triangles.push_back({0, index(1, s), index(1, s + 1)});
-        for (std::size_t r = 1; r + 1 < rings; ++r)
+        for (std::size_t r = 1; r + 1 < rings; ++r) {
             addQuad(mesh, index(r, s), index(r + 1, s), index(r + 1, s + 1), index(r, s + 1));
+        }
         mesh.triangles.push_back({south, index(rings - 1, s + 1), index(rings - 1, s)});
     }
     return mesh;
@@ -104,8 +107,9 @@ inline Mesh torus(Vector const &centre, double radius, double tube, std::size_t 
         return i % around * segments + j % segments;
     };
     for (std::size_t i = 0; i < around; ++i) {
-        for (std::size_t j = 0; j < segments; ++j)
+        for (std::size_t j = 0; j < segments; ++j) {
             addQuad(mesh, index(i, j), index(i + 1, j), index(i + 1, j + 1), index(i, j + 1));
+        }
     }
     return mesh;
 }
@@ -114,8 +118,9 @@ inline Mesh torus(Vector const &centre, double radius, double tube, std::size_t 
 inline double enclosedVolume(Mesh const &mesh)
 {
     double sixfold = 0.0;
-    for (std::size_t t = 0; t < mesh.triangles.size(); ++t)
+    for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
         sixfold += mesh.corner(t, 0).dot(mesh.corner(t, 1).cross(mesh.corner(t, 2)));
+    }
     return std::fabs(sixfold / 6.0);
 }
 
@@ -135,8 +140,9 @@ inline Box boundingBox(Mesh const &mesh)
 template <typename Builder>
 void addTo(Builder &builder, Mesh const &mesh)
 {
-    for (std::size_t t = 0; t < mesh.triangles.size(); ++t)
+    for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
         builder.addTriangle(mesh.corner(t, 0), mesh.corner(t, 1), mesh.corner(t, 2));
+    }
 }
 
 } // namespace meshes

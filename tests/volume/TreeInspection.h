@@ -35,8 +35,9 @@ inline std::vector<Node *> leaves(VolumeComparison::BinTreeBuilder const &builde
 {
     std::vector<Node *> found;
     forEachNode(builder.root, [&](Node const &node) {
-        if (!hasBoth(node))
+        if (!hasBoth(node)) {
             found.push_back(const_cast<Node *>(&node));
+        }
     });
     return found;
 }

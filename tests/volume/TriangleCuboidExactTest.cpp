@@ -60,10 +60,12 @@ TEST(TriangleCuboidExact, AgreesOnIntegersWhereTouchingIsCommon)
     for (int i = 0; i < 30000;) {
         std::array<Vector, 3> t;
         // Multiples of 3 keep the centroid exact.
-        for (Vector &v : t)
+        for (Vector &v : t) {
             v = Vector(3 * place(random), 3 * place(random), 3 * place(random));
-        if (isDegenerate(t))
+        }
+        if (isDegenerate(t)) {
             continue;
+        }
         const Vector lo(3 * place(random), 3 * place(random), 3 * place(random));
         const Vector hi = lo + Vector(3 * extent(random), 3 * extent(random), 3 * extent(random));
         compare(t, lo, hi, counts);
@@ -80,8 +82,9 @@ TEST(TriangleCuboidExact, AgreesOnRandomNumbers)
     Counts counts;
     for (int i = 0; i < 30000; ++i) {
         std::array<Vector, 3> t;
-        for (Vector &v : t)
+        for (Vector &v : t) {
             v = Vector(place(random), place(random), place(random));
+        }
         compare(t, Vector(0, 0, 0), Vector(1, 0.75, 0.5), counts);
     }
     EXPECT_GT(counts.meeting, 5000);

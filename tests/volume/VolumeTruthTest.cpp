@@ -109,8 +109,9 @@ TEST(Volume, FillNeverLeaksIntoAClosedMesh)
         meshes::addTo(builder, mesh);
         builder.findOuterArea();
         for (Node const *leaf : leaves(builder)) {
-            if (leaf->boundary())
+            if (leaf->boundary()) {
                 continue;
+            }
             const Vector m = (leaf->bounds.first + leaf->bounds.second) * 0.5;
             double const distance = torusDistance(m, centre, 2.2, 0.9);
             if (std::fabs(distance) > sag) {
@@ -131,8 +132,9 @@ TEST(Volume, FillNeverLeaksIntoCoarseMeshesOfAnyPlace)
         meshes::addTo(builder, mesh);
         builder.findOuterArea();
         for (Node const *leaf : leaves(builder)) {
-            if (leaf->boundary())
+            if (leaf->boundary()) {
                 continue;
+            }
             const Vector m = (leaf->bounds.first + leaf->bounds.second) * 0.5;
             double const distance = (m - centre).length() / (2.0 + 0.01 * round);
             if (distance < inner) {
@@ -151,14 +153,16 @@ TEST(Volume, BoundaryCellsLieWithinACellsDiagonalOfTheSurface)
     meshes::addTo(builder, mesh);
     std::size_t boundaries = 0;
     for (Node const *leaf : leaves(builder)) {
-        if (!leaf->boundary())
+        if (!leaf->boundary()) {
             continue;
+        }
         const Vector diagonal = leaf->bounds.second - leaf->bounds.first;
         const Vector m = (leaf->bounds.first + leaf->bounds.second) * 0.5;
         double nearest = std::numeric_limits<double>::infinity();
-        for (std::size_t t = 0; t < mesh.triangles.size(); ++t)
+        for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
             nearest = std::min(nearest, squaredDistance(m, mesh.corner(t, 0), mesh.corner(t, 1),
                                                         mesh.corner(t, 2)));
+        }
         // The surface passes through the cell, so even half the diagonal holds it.
         ASSERT_LE(nearest, 0.2500001 * diagonal.squaredLength());
         ++boundaries;

@@ -12,8 +12,9 @@ public:
     mzComPtrC(mzIUnknown *object)
         : m_object(object)
     {
-        if (m_object != nullptr)
+        if (m_object != nullptr) {
             m_object->addRef();
+        }
     }
     mzComPtrC(mzComPtrC const &other)
         : mzComPtrC(other.m_object)
@@ -25,8 +26,9 @@ public:
     }
     ~mzComPtrC()
     {
-        if (m_object != nullptr)
+        if (m_object != nullptr) {
             m_object->release();
+        }
     }
     mzComPtrC &operator=(mzComPtrC other) noexcept
     {

@@ -61,8 +61,9 @@ void mzComServerStateEventC::init()
         server().waiting.append(this);
         isRunning = server().isRunning;
     }
-    if (isRunning && wants(mzServerStarted))
+    if (isRunning && wants(mzServerStarted)) {
         tellStart(this);
+    }
 }
 
 bool mzComServerStateEventC::wants(mzComServerStateE event) const
@@ -80,14 +81,16 @@ void mzComServerStateEventC::startServer()
     QVector<mzComServerStateEventC *> told;
     {
         const std::lock_guard<std::mutex> lock(server().mutex);
-        if (server().isRunning)
+        if (server().isRunning) {
             return;
+        }
         server().isRunning = true;
         told = server().waiting;
     }
     for (mzComServerStateEventC *event : told) {
-        if (event->wants(mzServerStarted))
+        if (event->wants(mzServerStarted)) {
             tellStart(event);
+        }
     }
 }
 
@@ -96,14 +99,16 @@ void mzComServerStateEventC::stopServer()
     QVector<mzComServerStateEventC *> told;
     {
         const std::lock_guard<std::mutex> lock(server().mutex);
-        if (!server().isRunning)
+        if (!server().isRunning) {
             return;
+        }
         server().isRunning = false;
         told = server().waiting;
     }
     for (auto event = told.crbegin(); event != told.crend(); ++event) {
-        if ((*event)->wants(mzServerDone))
+        if ((*event)->wants(mzServerDone)) {
             (*event)->serverDone();
+        }
     }
 }
 

@@ -37,10 +37,12 @@ mzComVariantC mzComVariantC::fromUserData(int id, void const *value)
 
 mzComUserDataStatusE mzComVariantC::getUserData(int id, void *value) const
 {
-    if (!isUserValue())
+    if (!isUserValue()) {
         return mzUserDataNone;
-    if (m_record->id != id)
+    }
+    if (m_record->id != id) {
         return mzUserDataOtherType;
+    }
     m_record->copy(m_shared.get(), value);
     return mzUserDataOk;
 }
@@ -59,8 +61,9 @@ mzComVariantC mzComVariantC::toSkalarValue() &&
 {
     if (isObject()) {
         mzComPtrT<prxQVariantBaseC> holder;
-        if (m_object->queryInterface(prxQVariantBaseC::IID(), holder))
+        if (m_object->queryInterface(prxQVariantBaseC::IID(), holder)) {
             return holder->getComVariant();
+        }
     }
     return std::move(*this);
 }
@@ -68,12 +71,14 @@ mzComVariantC mzComVariantC::toSkalarValue() &&
 mzComVariantC mzComVariantC::toScriptObject() const
 {
     valueTypeRegistry::Entry const *entry = valueTypeRegistry::find(userType());
-    if (entry == nullptr || entry->proxyClass == mzIIDS())
+    if (entry == nullptr || entry->proxyClass == mzIIDS()) {
         return *this;
+    }
     mzComPtrT<proxyObjectC> const proxy = proxyFactoryC::instance().create(entry->proxyClass);
     mzComPtrT<prxQVariantBaseC> holder;
-    if (!proxy || !proxy->queryInterface(prxQVariantBaseC::IID(), holder))
+    if (!proxy || !proxy->queryInterface(prxQVariantBaseC::IID(), holder)) {
         return *this;
+    }
     holder->setComVariant(*this);
     return mzComPtrT<mzIUnknown>(proxy.get());
 }
@@ -106,12 +111,14 @@ bool mzComVariantC::writeUserData(mzComDataStreamC &stream) const
 bool mzComVariantC::readUserData(int id, mzComDataStreamC &stream)
 {
     valueTypeRegistry::Entry const *entry = valueTypeRegistry::find(id);
-    if (entry == nullptr)
+    if (entry == nullptr) {
         return false;
+    }
     mzComValueMarshalS const *record = entry->record;
     const std::unique_ptr<void, void (*)(void *)> value(record->create(nullptr), record->destroy);
-    if (!record->read(value.get(), stream))
+    if (!record->read(value.get(), stream)) {
         return false;
+    }
     *this = fromUserData(id, value.get());
     return true;
 }

@@ -13,13 +13,15 @@ namespace {
 std::optional<double> toNumber(mzComVariantC const &variant, bool lenient)
 {
     const mzComVariantC value = variant.toSkalarValue();
-    if (value.isDouble())
+    if (value.isDouble()) {
         return value.toDouble();
+    }
     if (lenient && value.isString()) {
         bool isNumber = false;
         double const number = value.toString().bytes().toDouble(&isNumber);
-        if (isNumber)
+        if (isNumber) {
             return number;
+        }
     }
     return std::nullopt;
 }
@@ -27,11 +29,13 @@ std::optional<double> toNumber(mzComVariantC const &variant, bool lenient)
 std::optional<mzComStringC> toText(mzComVariantC const &variant, bool lenient)
 {
     const mzComVariantC value = variant.toSkalarValue();
-    if (value.isString())
+    if (value.isString()) {
         return value.toString();
-    if (lenient && value.isDouble())
+    }
+    if (lenient && value.isDouble()) {
         return mzComStringC(
             QByteArray::number(value.toDouble(), 'g', QLocale::FloatingPointShortest));
+    }
     return std::nullopt;
 }
 
@@ -47,11 +51,13 @@ char const *proxyAutoTypeCastExceptionC::what() const noexcept
 template <>
 double proxyAutoTypeCastC::get<double>(bool lenient) const
 {
-    if (m_variant->isDouble())
+    if (m_variant->isDouble()) {
         return m_variant->toDouble();
+    }
     const std::optional<double> number = toNumber(*m_variant, lenient);
-    if (!number)
+    if (!number) {
         proxyObjectC::throwAutoTypeCastException();
+    }
     return *number;
 }
 
@@ -59,21 +65,26 @@ template <>
 mzComStringC proxyAutoTypeCastC::get<mzComStringC>(bool lenient) const
 {
     const std::optional<mzComStringC> text = toText(*m_variant, lenient);
-    if (!text)
+    if (!text) {
         proxyObjectC::throwAutoTypeCastException();
+    }
     return *text;
 }
 
 bool proxyAutoTypeCastC::isConvertibleTo(std::type_info const &type, bool lenient) const
 {
-    if (type == typeid(double))
+    if (type == typeid(double)) {
         return m_variant->isDouble() || toNumber(*m_variant, lenient).has_value();
-    if (type == typeid(mzComStringC))
+    }
+    if (type == typeid(mzComStringC)) {
         return toText(*m_variant, lenient).has_value();
-    if (type == typeid(mzComVariantC))
+    }
+    if (type == typeid(mzComVariantC)) {
         return true;
-    if (type == typeid(mzComPtrT<mzIUnknown>))
+    }
+    if (type == typeid(mzComPtrT<mzIUnknown>)) {
         return m_variant->isObject() || m_variant->isEmpty();
+    }
     valueTypeRegistry::Entry const *entry =
         valueTypeRegistry::find(m_variant->toSkalarValue().userType());
     return entry != nullptr && std::strcmp(entry->name.utf8(), type.name()) == 0;

@@ -46,8 +46,9 @@ public:
     template <class T>
     void set(const T &value)
     {
-        if (m_result != nullptr)
+        if (m_result != nullptr) {
             *m_result = mzComVariantC(value);
+        }
     }
 
     /// Whether a handler that takes a `type` can be given this parameter.

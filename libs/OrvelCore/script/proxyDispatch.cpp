@@ -27,8 +27,9 @@ public:
     int release() override
     {
         int const left = --m_references;
-        if (left == 0)
+        if (left == 0) {
             delete this;
+        }
         return left;
     }
     mzExceptionCodeE code() const override { return m_code; }
@@ -46,12 +47,14 @@ private:
 mzComStringC describe(proxyObjectC const &object, Call const &call)
 {
     mzComStringC text = object.getProxyTypeInfo()->name;
-    if (!call.name.isEmpty())
+    if (!call.name.isEmpty()) {
         text += "." + call.name;
+    }
     text += "(";
     for (int i = 0; i < call.arguments.size(); ++i) {
-        if (i > 0)
+        if (i > 0) {
             text += ", ";
+        }
         text += call.arguments[i].typeName();
     }
     return text + ")";
@@ -88,14 +91,16 @@ bool fits(proxyMemberDescS const &member, Call const &call)
 
 bool takesArguments(proxyMemberDescS const &member, Call const &call)
 {
-    if (call.arguments.isEmpty())
+    if (call.arguments.isEmpty()) {
         return true;
+    }
     bool const lenient = (call.flags & proxyInvokeLenient) != 0;
     proxySignatureTypeS const *parameterTypes = member.signature() + 1;
     for (int i = 0; i < call.arguments.size(); ++i) {
         const proxyAutoTypeCastC argument(call.arguments.at(i));
-        if (!argument.isConvertibleTo(*parameterTypes[i].type, lenient))
+        if (!argument.isConvertibleTo(*parameterTypes[i].type, lenient)) {
             return false;
+        }
     }
     return true;
 }
@@ -108,13 +113,15 @@ proxyMemberDescS const *findMember(proxyMemberDescListS const &list, Call const 
     for (proxyMemberDescS const *member = list.members; member->name != nullptr; ++member) {
         if (fits(*member, call)) {
             isKnown = true;
-            if (takesArguments(*member, call))
+            if (takesArguments(*member, call)) {
                 return member;
+            }
         }
     }
     for (proxyMemberDescListS **base = list.baseClasses; *base != nullptr; ++base) {
-        if (proxyMemberDescS const *member = findMember(**base, call, isKnown))
+        if (proxyMemberDescS const *member = findMember(**base, call, isKnown)) {
             return member;
+        }
     }
     return nullptr;
 }
@@ -133,11 +140,13 @@ proxyMemberDescListS const *findClass(proxyMemberDescListS const &list, char con
     bool const isThis =
         std::strcmp(list.name, name) == 0 ||
         (list.objectIdentifier != nullptr && std::strcmp(list.objectIdentifier, name) == 0);
-    if (isThis)
+    if (isThis) {
         return &list;
+    }
     for (proxyMemberDescListS **base = list.baseClasses; *base != nullptr; ++base) {
-        if (proxyMemberDescListS const *found = findClass(**base, name))
+        if (proxyMemberDescListS const *found = findClass(**base, name)) {
             return found;
+        }
     }
     return nullptr;
 }
@@ -147,12 +156,14 @@ bool invoke(proxyObjectC &object, Call const &call, mzComVariantC &result,
 {
     result = mzComVariantC();
     exception = mzComPtrT<mzIException>();
-    if (!mayCall(object))
+    if (!mayCall(object)) {
         return refuse(mzExceptionWrongThread, object, call, exception);
+    }
     bool isKnown = false;
     proxyMemberDescS const *member = findMember(*object.getProxyTypeInfo(), call, isKnown);
-    if (member == nullptr)
+    if (member == nullptr) {
         return refuse(isKnown ? mzExceptionTypeCast : mzExceptionNoMember, object, call, exception);
+    }
 
     proxyAutoParaListC parameters(call.arguments);
     proxyAutoTypeCastC resultCast(&result);
@@ -161,8 +172,9 @@ bool invoke(proxyObjectC &object, Call const &call, mzComVariantC &result,
     } catch (proxyAutoTypeCastExceptionC const &) {
         return refuse(mzExceptionTypeCast, object, call, exception);
     }
-    if (result.isUserValue())
+    if (result.isUserValue()) {
         result = result.toScriptObject();
+    }
     return true;
 }
 

@@ -25,8 +25,9 @@ struct Registry
     {
         for (Class const &known : classes) {
             char const *own = known.list->objectIdentifier;
-            if (own != nullptr && std::strcmp(own, identifier) == 0)
+            if (own != nullptr && std::strcmp(own, identifier) == 0) {
                 return known.list;
+            }
         }
         return nullptr;
     }
@@ -66,8 +67,9 @@ void proxyFactoryC::registerClass(proxyMemberDescListS const *list)
 mzComPtrT<proxyObjectC> proxyFactoryC::create(mzIIDS const &objectIdentifier) const
 {
     proxyMemberDescListS const *list = findClass(objectIdentifier);
-    if (list == nullptr || list->creator == nullptr)
+    if (list == nullptr || list->creator == nullptr) {
         return mzComPtrT<proxyObjectC>();
+    }
     return mzComPtrT<proxyObjectC>(list->creator());
 }
 
@@ -83,8 +85,9 @@ QVector<proxyMemberDescListS const *> proxyFactoryC::classes() const
     Registry &known = registry();
     const std::lock_guard<std::mutex> lock(known.mutex);
     QVector<proxyMemberDescListS const *> lists;
-    for (Class const &entry : known.classes)
+    for (Class const &entry : known.classes) {
         lists.append(entry.list);
+    }
     return lists;
 }
 

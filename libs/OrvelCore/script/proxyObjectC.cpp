@@ -86,13 +86,15 @@ bool proxyObjectC::invokeByName(mzComStringC const &name, unsigned int flags,
 
 quintptr proxyObjectC::getStickyThreadId(bool claim)
 {
-    if (m_threadSafe)
+    if (m_threadSafe) {
         return 0;
+    }
     quintptr owner = m_thread.load(std::memory_order_relaxed);
     if (owner == 0 && claim) {
         const quintptr caller = currentThread();
-        if (m_thread.compare_exchange_strong(owner, caller, std::memory_order_relaxed))
+        if (m_thread.compare_exchange_strong(owner, caller, std::memory_order_relaxed)) {
             owner = caller;
+        }
     }
     return owner;
 }
@@ -107,8 +109,9 @@ void *proxyObjectC::proxyCast(mzComStringC const &className) const
 int proxyObjectC::addRemoteConnection(mzIIDS const &identifier)
 {
     mzComPtrC target;
-    if (!queryInterface(identifier, target))
+    if (!queryInterface(identifier, target)) {
         return -1;
+    }
     addRef();
     return m_remoteConnections.fetch_add(1) + 1;
 }
@@ -117,17 +120,20 @@ int proxyObjectC::releaseRemoteConnection(mzIIDS const &identifier,
                                           mzIComExternalConnectionReleaseStateE state)
 {
     mzComPtrC target; // keeps the object until the end of this function
-    if (!queryInterface(identifier, target))
+    if (!queryInterface(identifier, target)) {
         return -1;
+    }
     int open = m_remoteConnections.load();
     int left = 0;
     do {
-        if (open == 0)
+        if (open == 0) {
             return -1;
+        }
         left = state == mzExternalConnectionLost ? 0 : open - 1;
     } while (!m_remoteConnections.compare_exchange_weak(open, left));
-    for (int i = left; i < open; ++i)
+    for (int i = left; i < open; ++i) {
         release();
+    }
     return left;
 }
 

@@ -40,8 +40,9 @@ public:
     int release() override
     {
         int const left = m_references.fetch_sub(1, std::memory_order_acq_rel) - 1;
-        if (left == 0)
+        if (left == 0) {
             delete this;
+        }
         return left;
     }
 

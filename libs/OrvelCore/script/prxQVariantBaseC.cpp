@@ -11,15 +11,18 @@ void *castToValueProxy(proxyObjectC const *object)
 
 mzComVariantC fromQVariant(QVariant const &value)
 {
-    if (!value.isValid())
+    if (!value.isValid()) {
         return mzComVariantC();
-    if (value.userType() == qMetaTypeId<mzComVariantC>())
+    }
+    if (value.userType() == qMetaTypeId<mzComVariantC>()) {
         return value.value<mzComVariantC>();
+    }
     bool const isText = value.userType() == QMetaType::QString ||
                         value.userType() == QMetaType::QByteArray ||
                         value.userType() == QMetaType::QChar;
-    if (!isText && value.canConvert<double>())
+    if (!isText && value.canConvert<double>()) {
         return value.toDouble();
+    }
     return mzComStringC(value.toString());
 }
 
@@ -84,12 +87,15 @@ bool prxQVariantBaseC::invokeByName(mzComStringC const &name, unsigned int flags
 QVariant prxQVariantBaseC::getVariant() const
 {
     const mzComVariantC value = getComVariant();
-    if (value.isEmpty())
+    if (value.isEmpty()) {
         return QVariant();
-    if (value.isDouble())
+    }
+    if (value.isDouble()) {
         return value.toDouble();
-    if (value.isString())
+    }
+    if (value.isString()) {
         return value.toString().toQString();
+    }
     return QVariant::fromValue(value);
 }
 

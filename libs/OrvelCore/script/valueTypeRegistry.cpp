@@ -43,8 +43,9 @@ void add(mzComValueMarshalS *record)
 {
     Registry &types = registry();
     const std::lock_guard<std::mutex> lock(types.mutex);
-    if (record->id != 0)
+    if (record->id != 0) {
         return;
+    }
     Table table = types.copy();
     table.push_back({record, record->name(), mzIIDS(), nullptr});
     int const id = int(table.size());
@@ -58,8 +59,9 @@ void setProxyClass(int id, mzIIDS const &classIdentifier, void const *owner)
     Registry &types = registry();
     const std::lock_guard<std::mutex> lock(types.mutex);
     Table table = types.copy();
-    if (id < 1 || std::size_t(id) > table.size())
+    if (id < 1 || std::size_t(id) > table.size()) {
         return;
+    }
     table[std::size_t(id) - 1].proxyClass = classIdentifier;
     table[std::size_t(id) - 1].owner = owner;
     types.publish(std::move(table));
@@ -77,15 +79,17 @@ void removeOwner(void const *owner)
             changed = true;
         }
     }
-    if (changed)
+    if (changed) {
         types.publish(std::move(table));
+    }
 }
 
 Entry const *find(int id)
 {
     Table const *table = registry().current.load(std::memory_order_acquire);
-    if (table == nullptr || id < 1 || std::size_t(id) > table->size())
+    if (table == nullptr || id < 1 || std::size_t(id) > table->size()) {
         return nullptr;
+    }
     Entry const &entry = (*table)[std::size_t(id) - 1];
     return entry.record != nullptr ? &entry : nullptr;
 }

@@ -104,11 +104,13 @@ void Quaternion4D::GetAngleAxis(Point3D &axis, double &angle) const
 {
     angle = 0.0;
     axis = Point3D(1.0, 0.0, 0.0);
-    if (std::fabs(mW) > 1.0)
+    if (std::fabs(mW) > 1.0) {
         return;
+    }
     double const sine = std::sqrt(1.0 - mW * mW);
-    if (0.0001 > std::fabs(sine)) // sine of half the angle
+    if (0.0001 > std::fabs(sine)) { // sine of half the angle
         return;
+    }
     angle = 2.0 * std::acos(mW);
     axis = Point3D(mX / sine, mY / sine, mZ / sine);
 }
@@ -128,16 +130,18 @@ void Quaternion4D::SetMatrix(Matrix4X4C const &matrix)
     }
 
     int i = m[1][1] > m[0][0] ? 1 : 0;
-    if (m[2][2] > m[i][i])
+    if (m[2][2] > m[i][i]) {
         i = 2;
+    }
     int const j = (i + 1) % 3;
     int const k = (j + 1) % 3;
 
     double vectorPart[3];
     double factor = std::sqrt(m[i][i] - (m[k][k] + m[j][j]) + 1.0);
     vectorPart[i] = factor * 0.5;
-    if (factor != 0.0)
+    if (factor != 0.0) {
         factor = 0.5 / factor;
+    }
     mW = (m[j][k] - m[k][j]) * factor;
     vectorPart[j] = (m[i][j] + m[j][i]) * factor;
     vectorPart[k] = (m[i][k] + m[k][i]) * factor;
@@ -203,8 +207,9 @@ Quaternion4D Quaternion4D::Slerp(Quaternion4D const &to, double t) const
         weightThis = std::sin((1.0 - t) * angle) / std::sin(angle);
         weightTo = std::sin(angle * t) / std::sin(angle);
     }
-    if (isOpposite)
+    if (isOpposite) {
         weightTo = -weightTo;
+    }
     return Quaternion4D(weightThis * mX + weightTo * to.mX, weightThis * mY + weightTo * to.mY,
                         weightThis * mZ + weightTo * to.mZ, weightThis * mW + weightTo * to.mW);
 }

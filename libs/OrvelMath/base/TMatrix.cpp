@@ -27,10 +27,12 @@ TMatrix::TMatrix(double angle)
 TMatrix::TMatrix(double scaleX, double scaleY)
 {
     setMatrix(std::fabs(scaleX), 0.0, 0.0, 0.0, std::fabs(scaleY), 0.0, 0.0, 0.0, 1.0, 1.0, 0.0);
-    if (0.0 > scaleX)
+    if (0.0 > scaleX) {
         *this = TMatrix(1) * *this;
-    if (0.0 > scaleY)
+    }
+    if (0.0 > scaleY) {
         *this = TMatrix(0) * *this;
+    }
 }
 
 // No default here: an unknown kind leaves the object as it was.
@@ -54,8 +56,9 @@ void TMatrix::setMatrix(double m00, double m01, double m02, double m10, double m
 {
     double const elements[3][3] = {{m00, m01, m02}, {m10, m11, m12}, {m20, m21, m22}};
     for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
+        for (int column = 0; column < 3; ++column) {
             mMatrix[row][column] = elements[row][column];
+        }
     }
     mAngleFactor = factor;
     mAngleOffset = offset;
@@ -80,8 +83,9 @@ TMatrix TMatrix::operator*(TMatrix const &other) const
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
             double sum = 0.0;
-            for (int k = 0; k < 3; ++k)
+            for (int k = 0; k < 3; ++k) {
                 sum += mMatrix[row][k] * other.mMatrix[k][column];
+            }
             product.mMatrix[row][column] = sum;
         }
     }
@@ -103,18 +107,21 @@ TMatrix TMatrix::operator~() const
     for (int i = 0; i < 3; ++i) {
         if (a[i][i] == 0.0) {
             int donor = i;
-            while (donor < 3 && a[donor][i] == 0.0)
+            while (donor < 3 && a[donor][i] == 0.0) {
                 ++donor;
-            if (donor == 3)
+            }
+            if (donor == 3) {
                 return TMatrix();
+            }
             for (int k = 0; k < 3; ++k) {
                 a[i][k] += a[donor][k];
                 b[i][k] += b[donor][k];
             }
         }
         for (int row = 0; row < 3; ++row) {
-            if (row == i)
+            if (row == i) {
                 continue;
+            }
             double const factor = a[row][i] / a[i][i];
             for (int k = 0; k < 3; ++k) {
                 a[row][k] = a[row][k] - factor * a[i][k];
@@ -147,8 +154,9 @@ TMatrix &TMatrix::correct()
     for (int row = 0; row < 2; ++row) {
         for (int column = 0; column < 2; ++column) {
             double &value = mMatrix[row][column];
-            if (-1e-9 < value && value < 1e-9) // an element
+            if (-1e-9 < value && value < 1e-9) { // an element
                 value = 0.0;
+            }
         }
     }
     return *this;
@@ -159,10 +167,11 @@ TMatrix &TMatrix::correctOne()
     for (int row = 0; row < 2; ++row) {
         for (int column = 0; column < 2; ++column) {
             double &value = mMatrix[row][column];
-            if (0.999999999 < value && value < 1.000000001) // within 1e-9 of 1
+            if (0.999999999 < value && value < 1.000000001) { // within 1e-9 of 1
                 value = 1.0;
-            else if (-1.000000001 < value && value < -0.999999999) // within 1e-9 of -1
+            } else if (-1.000000001 < value && value < -0.999999999) { // within 1e-9 of -1
                 value = -1.0;
+            }
         }
     }
     return *this;

@@ -136,19 +136,22 @@ private:
 IntersectionType cross(Cut const &cut, Point2D const &p0, Point2D &out, double tol)
 {
     double const t = cut.tNumerator / cut.divisor;
-    if (t < 0 || t > 1)
+    if (t < 0 || t > 1) {
         return NoIntersection;
+    }
     double const u = cut.uNumerator / cut.divisor;
-    if (u < 0 || u > 1)
+    if (u < 0 || u > 1) {
         return NoIntersection;
+    }
     out = Point2D(p0.x() + t * cut.d.x, p0.y() + t * cut.d.y);
 
     double const firstLength = cut.d.length();
     double const secondLength = cut.e.length();
     bool const atEndOfFirst = isAtEnd(firstLength * t, firstLength, tol);
     bool const atEndOfSecond = isAtEnd(secondLength * u, secondLength, tol);
-    if (atEndOfFirst && atEndOfSecond)
+    if (atEndOfFirst && atEndOfSecond) {
         return EndToEnd;
+    }
     return atEndOfFirst || atEndOfSecond ? EndOnSegment : ProperCrossing;
 }
 
@@ -178,12 +181,15 @@ IntersectionType cross(Cut const &cut, Point2D const &p0, Point2D &out, double t
 
 int Math2DComparePoints(Point2D const &a, Point2D const &b, double tol)
 {
-    if (a.x() > b.x() + tol)
+    if (a.x() > b.x() + tol) {
         return 1;
-    if (b.x() - tol > a.x())
+    }
+    if (b.x() - tol > a.x()) {
         return -1;
-    if (a.y() > b.y() + tol)
+    }
+    if (a.y() > b.y() + tol) {
         return 1;
+    }
     return b.y() - tol > a.y() ? -1 : 0;
 }
 
@@ -194,8 +200,9 @@ IntersectionType Math2DIntersect2Lines(Point2D const &p0, Point2D const &p1, Poi
     QuickAnswer const quick(p0, p1, p2, p3, tol);
     bool const areEndsApart = quick.areEndsApart(p2, p3, tol);
     bool const isParallel = tol * tol > quick.area();
-    if (quick.isClear & areEndsApart & !isParallel)
+    if (quick.isClear & areEndsApart & !isParallel) {
         return quick.deliver(out);
+    }
 #endif
     return crossCarefully(p0, p1, p2, p3, out, tol);
 }
@@ -205,8 +212,9 @@ IntersectionType Math2DIntersect2LinesWrong(Point2D const &p0, Point2D const &p1
 {
 #ifdef __SSE2__
     QuickAnswer const quick(p0, p1, p2, p3, tol);
-    if (quick.isClear)
+    if (quick.isClear) {
         return quick.deliver(out);
+    }
 #endif
     return crossCarelessly(p0, p1, p2, p3, out, tol);
 }
@@ -215,8 +223,9 @@ Point2D inter_lin_lin(Point2D const &p, Point2D const &d, Point2D const &q, Poin
                       double /*tol*/)
 {
     double const crossProduct = d.x() * e.y() - e.x() * d.y();
-    if (crossProduct == 0.0)
+    if (crossProduct == 0.0) {
         return Point2D(p.x() + (q.x() - p.x()) * 0.5, p.y() + (q.y() - p.y()) * 0.5);
+    }
     double const t = ((q.x() - p.x()) * e.y() - (q.y() - p.y()) * e.x()) / crossProduct;
     return Point2D(p.x() + t * d.x(), p.y() + t * d.y());
 }

@@ -20,20 +20,23 @@ InsidePolyType Math2DInsidePolygon(Point2D *points, int count, Point2D const &p,
 {
     using rayBand::Level;
 
-    if (count < 3)
+    if (count < 3) {
         return OutsidePolygon;
+    }
     auto const at = [points](int i) -> Point2D const & { return points[i]; };
     rayBand::Band const band{p.y() - tol, p.y() + tol};
     bool const extentIsGiven = xmin != nullptr && xmax != nullptr;
     rayBand::Extent extent{1e300, -1e300};
     if (extentIsGiven) {
         extent = {*xmin, *xmax};
-        if (isBeyond(p.x(), extent))
+        if (isBeyond(p.x(), extent)) {
             return OutsidePolygon;
+        }
     }
     rayBand::Sides const sides(at, count, band, extentIsGiven ? nullptr : &extent);
-    if (isBeyond(p.x(), extent))
+    if (isBeyond(p.x(), extent)) {
         return OutsidePolygon;
+    }
 
     Point2D const rayEnd(extent.max + 100.0, p.y());
     rayBand::EdgeFilter const filter(p, rayEnd.x(), extent.min, tol,
@@ -52,25 +55,31 @@ InsidePolyType Math2DInsidePolygon(Point2D *points, int count, Point2D const &p,
         return type == EndOnSegment || type == EndToEnd;
     };
     if (sides.areComplete()) {
-        if (sides.visitCrossings([&](int i, int next) { return isRayStartOn(at(i), at(next)); }))
+        if (sides.visitCrossings([&](int i, int next) { return isRayStartOn(at(i), at(next)); })) {
             return OnPolygonEdge;
+        }
         return crossings % 2 != 0 ? InsidePolygon : OutsidePolygon;
     }
 
     int const start = rayBand::firstOutside(at, count, band);
-    if (start < 0)
+    if (start < 0) {
         return OutsidePolygon;
+    }
     auto const onEdge = [&](Point2D const &cur, Level curLevel, Point2D const &next,
                             Level nextLevel, Level last) {
-        if (curLevel != Level::InBand)
+        if (curLevel != Level::InBand) {
             return nextLevel != Level::InBand && nextLevel != curLevel && isRayStartOn(cur, next);
-        if (nextLevel == Level::InBand)
+        }
+        if (nextLevel == Level::InBand) {
             return isStrictlyBetween(p.x(), cur.x(), next.x());
-        if (cur.x() > p.x() - tol && nextLevel != last)
+        }
+        if (cur.x() > p.x() - tol && nextLevel != last) {
             ++crossings;
+        }
         return false;
     };
-    if (rayBand::walk(at, count, start, band, onEdge))
+    if (rayBand::walk(at, count, start, band, onEdge)) {
         return OnPolygonEdge;
+    }
     return crossings % 2 != 0 ? InsidePolygon : OutsidePolygon;
 }

@@ -17,8 +17,9 @@ int circleLineIntersect(float x1, float y1, float x2, float y2, float cx, float 
     float const g = x1 * cx + y1 * cy;
     float const discriminant =
         b * b - (cx * cx + cy * cy + x1 * x1 + y1 * y1 - (g + g) - r * r) * (4.0f * a);
-    if (discriminant < 0.0f)
+    if (discriminant < 0.0f) {
         return 0;
+    }
 
     // The root and the quotients are in double precision; the divisor is doubled before it widens.
     double const root = std::sqrt(static_cast<double>(discriminant));

@@ -20,14 +20,18 @@ struct Clipper
     int outcode(double x, double y) const
     {
         int code = 0;
-        if (x < xmin)
+        if (x < xmin) {
             code |= Left;
-        if (x > xmax)
+        }
+        if (x > xmax) {
             code |= Right;
-        if (y < ymin)
+        }
+        if (y < ymin) {
             code |= Below;
-        if (y > ymax)
+        }
+        if (y > ymax) {
             code |= Above;
+        }
         return code;
     }
 
@@ -65,8 +69,9 @@ public:
     bool repeats(double x1, double y1, double x2, double y2)
     {
         if (marked && isSame(x1, mark[0]) && isSame(y1, mark[1]) && isSame(x2, mark[2]) &&
-            isSame(y2, mark[3]))
+            isSame(y2, mark[3])) {
             return true;
+        }
         if (++steps == nextMark) {
             mark[0] = x1;
             mark[1] = y1;
@@ -98,14 +103,16 @@ bool clipline(double xmin, double ymin, double xmax, double ymax, double &x1, do
     int code1 = clipper.outcode(x1, y1);
     int code2 = clipper.outcode(x2, y2);
     while (code1 != 0 || code2 != 0) {
-        if (code1 & code2)
+        if (code1 & code2) {
             return false;
+        }
         if (code1 != 0) {
             clipper.move(code1, x1, y1);
             code1 = clipper.outcode(x1, y1);
         }
-        if (code1 & code2)
+        if (code1 & code2) {
             return false;
+        }
         if (code2 != 0) {
             clipper.move(code2, x2, y2);
             code2 = clipper.outcode(x2, y2);

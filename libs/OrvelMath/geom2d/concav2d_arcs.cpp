@@ -18,16 +18,20 @@ bool sameDirection(double difference, double tol)
 
 int ccw_angle_origin(double a, double m, double b, double tol)
 {
-    if (b > 360 && a > m)
+    if (b > 360 && a > m) {
         m = m + 360;
-    if (sameDirection(std::fabs(a - m), tol) || sameDirection(std::fabs(m - b), tol))
+    }
+    if (sameDirection(std::fabs(a - m), tol) || sameDirection(std::fabs(m - b), tol)) {
         return 2;
-    if (sameDirection(std::fabs(a - b), tol))
+    }
+    if (sameDirection(std::fabs(a - b), tol)) {
         return 0;
+    }
     bool const beforeEnd = b - m > tol;
     bool const afterStart = m - a > tol;
-    if (a - b > tol)
+    if (a - b > tol) {
         return beforeEnd || afterStart ? 1 : -1;
+    }
     return beforeEnd && afterStart ? 1 : -1;
 }
 
@@ -35,8 +39,9 @@ int ccw_vectors_origin(Point2D const &u, Point2D const &v, Point2D const &w, dou
 {
     double const coincide = 1e-6; // a length
     if (comparePoints(u, v, coincide) == 0 || comparePoints(u, w, coincide) == 0 ||
-        comparePoints(v, w, coincide) == 0)
+        comparePoints(v, w, coincide) == 0) {
         return 0;
+    }
     return ccw_angle_origin(WinVec(u), WinVec(v), WinVec(w), tol);
 }
 
@@ -45,8 +50,9 @@ Sweep arcSweep(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D 
 {
     Point2D const u = p0 - centre;
     Point2D const w = p2 - centre;
-    if (ccw_vectors_origin(u, p1 - centre, w, tol) < 0)
+    if (ccw_vectors_origin(u, p1 - centre, w, tol) < 0) {
         return {WinVec(w), WinVec(u)};
+    }
     return {WinVec(u), WinVec(w)};
 }
 
@@ -79,10 +85,12 @@ double getEllipsePointAngle(Point2D const &p, double semiA, double semiB, double
 int pointOnArc(Point2D const &start, Point2D const &through, Point2D const &end, Point2D const &p,
                double tolDist, double tolAngle)
 {
-    if (comparePoints(start, p, tolDist) == 0)
+    if (comparePoints(start, p, tolDist) == 0) {
         return 1;
-    if (comparePoints(end, p, tolDist) == 0)
+    }
+    if (comparePoints(end, p, tolDist) == 0) {
         return 2;
+    }
     double const a = WinVec(start);
     double const b = WinVec(end);
     int const sideOfThrough = ccw_angle_origin(a, WinVec(through), b, tolAngle);
@@ -92,20 +100,24 @@ int pointOnArc(Point2D const &start, Point2D const &through, Point2D const &end,
 
 int pointOnArc(double a, double m, double b, Point2D const &p, double tolDist, double tolAngle)
 {
-    if (ccw_angle_origin(a, m, b, tolAngle) == 1)
+    if (ccw_angle_origin(a, m, b, tolAngle) == 1) {
         return pointOnArc(a, b, p, tolDist);
+    }
     return pointOnArc(b, a, p, tolDist);
 }
 
 int pointOnArc(double a, double b, Point2D const &p, double tol)
 {
-    if (sameDirection(std::fabs(a - b), tol))
+    if (sameDirection(std::fabs(a - b), tol)) {
         return 3;
+    }
     double const t = WinVec(p);
-    if (sameDirection(std::fabs(a - t), tol))
+    if (sameDirection(std::fabs(a - t), tol)) {
         return 1;
-    if (sameDirection(std::fabs(b - t), tol))
+    }
+    if (sameDirection(std::fabs(b - t), tol)) {
         return 2;
+    }
     return ccw_angle_origin(a, t, b, tol) == 1 ? 3 : 0;
 }
 
@@ -113,10 +125,12 @@ int pointOnEllipsearc(double a, double b, double rotation, Point2D const &p, dou
                       double semiB, double tol)
 {
     double const t = getEllipsePointAngle(p, semiA, semiB, rotation);
-    if (sameDirection(std::fabs(a - t), tol))
+    if (sameDirection(std::fabs(a - t), tol)) {
         return 1;
-    if (sameDirection(std::fabs(b - t), tol))
+    }
+    if (sameDirection(std::fabs(b - t), tol)) {
         return 2;
+    }
     return ccw_angle_origin(a, t, b, tol) == 1 ? 3 : 0;
 }
 
@@ -124,17 +138,21 @@ int isPointOnArc(Point2D const &start, Point2D const &through, Point2D const &en
                  double &angle, double tol)
 {
     Point2D centre;
-    if (getArcMiddle(start, through, end, centre, tol) != 0)
+    if (getArcMiddle(start, through, end, centre, tol) != 0) {
         return 1;
+    }
     Sweep sweep = arcSweep(start, through, end, centre, tol);
-    if (sweep.low > sweep.high)
+    if (sweep.low > sweep.high) {
         sweep.high += 360;
+    }
     double direction = WinVec(p - centre);
-    if (sweep.low > direction)
+    if (sweep.low > direction) {
         direction += 360;
+    }
     angle = direction;
-    if (direction <= sweep.low + tol)
+    if (direction <= sweep.low + tol) {
         return 1;
+    }
     return direction >= sweep.high - tol ? 1 : 0;
 }
 
@@ -142,11 +160,13 @@ int isPointOnArc(Point2D const &centre, double /*radius*/, double a, double b, P
                  double &angle, double tol)
 {
     double direction = WinVec(p - centre);
-    if (a > direction)
+    if (a > direction) {
         direction += 360;
+    }
     angle = direction;
-    if (direction <= a + tol)
+    if (direction <= a + tol) {
         return 1;
+    }
     double const end = a > b ? b + 360 : b;
     return direction >= end - tol ? 1 : 0;
 }

@@ -14,8 +14,9 @@ namespace {
 /// The remainder is exact, as the repeated subtraction of 360 is.
 double reducedTurn(double angle)
 {
-    if (!(angle > 360))
+    if (!(angle > 360)) {
         return angle;
+    }
     double const rest = std::fmod(angle, 360.0);
     return rest == 0.0 ? 360.0 : rest;
 }
@@ -41,8 +42,9 @@ int getArcAngle(Point2D const &p0, Point2D const &p1, Point2D const &p2, double 
                 double tol)
 {
     Point2D centre;
-    if (getArcMiddle(p0, p1, p2, centre, tol) != 0)
+    if (getArcMiddle(p0, p1, p2, centre, tol) != 0) {
         return 1;
+    }
     return getArcAngle(p0, p1, p2, centre, angle, start, tol);
 }
 
@@ -58,8 +60,9 @@ int getArcRadius(Point2D const &p0, Point2D const &p1, Point2D const &p2, double
                  double tol)
 {
     Point2D centre;
-    if (getArcMiddle(p0, p1, p2, centre, tol) != 0)
+    if (getArcMiddle(p0, p1, p2, centre, tol) != 0) {
         return 1;
+    }
     return getArcRadius(p0, p1, p2, centre, radius);
 }
 
@@ -107,8 +110,9 @@ int getArcExtrema(Point2D const &p0, Point2D const &p1, Point2D const &p2, doubl
 {
     double const tol = 1e-6; // degrees
     Point2D centre;
-    if (getArcMiddle(p0, p1, p2, centre, tol) != 0)
+    if (getArcMiddle(p0, p1, p2, centre, tol) != 0) {
         return 1;
+    }
     Sweep const sweep = arcSweep(p0, p1, p2, centre, tol);
     return getArcExtrema(centre, distance(p0, centre), sweep.low, sweep.high, xmin, xmax, ymin,
                          ymax);
@@ -127,14 +131,18 @@ int getArcExtrema(Point2D const &centre, double radius, double start, double end
     double const reducedEnd = reducedTurn(end);
     double const to = from > reducedEnd ? reducedEnd + 360 : reducedEnd;
     // The reduced start is at most 360, so the right-most direction has no second turn to look at.
-    if (!(360 > from && to > 360))
+    if (!(360 > from && to > 360)) {
         xmax = std::max(first.x(), last.x());
-    if (!passes(from, to, 180))
+    }
+    if (!passes(from, to, 180)) {
         xmin = std::min(first.x(), last.x());
-    if (!passes(from, to, 90))
+    }
+    if (!passes(from, to, 90)) {
         ymax = std::max(first.y(), last.y());
-    if (!passes(from, to, 270))
+    }
+    if (!passes(from, to, 270)) {
         ymin = std::min(first.y(), last.y());
+    }
     return 0;
 }
 
@@ -148,8 +156,9 @@ int getEllipsePointNormal(Point2D const &centre, double a, double b, double rota
     double const g1 = WinVec(f - q.x(), -q.y());
     double const g2 = WinVec(-f - q.x(), -q.y());
     double h = g2 * 0.5;
-    if (g1 > 180)
+    if (g1 > 180) {
         h += 180;
+    }
     h -= 180;
     double const direction = h * radiansPerDegree;
     Point2D const normal(std::cos(direction), std::sin(direction));

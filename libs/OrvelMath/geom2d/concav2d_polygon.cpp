@@ -24,15 +24,17 @@ LocationType pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Poin
     using rayBand::Level;
 
     int const count = polygon.size();
-    if (count < 3)
+    if (count < 3) {
         return Outside;
+    }
     auto const first = polygon.begin();
     auto const at = [first](int i) -> Point2D const & { return **(first + i); };
     rayBand::Band const band{p.y() - tol, p.y() + tol};
     rayBand::Extent extent{2147483647.0, -2147483648.0};
     rayBand::Sides const sides(at, count, band, &extent);
-    if (p.x() > extent.max + tol || extent.min - tol > p.x())
+    if (p.x() > extent.max + tol || extent.min - tol > p.x()) {
         return Outside;
+    }
 
     Point2D const rayEnd(extent.max + 10000.0, p.y());
     rayBand::EdgeFilter const filter(p, rayEnd.x(), extent.min, tol,
@@ -50,32 +52,40 @@ LocationType pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Poin
         return type == EndToEnd || type == EndOnEdge;
     };
     if (sides.areComplete()) {
-        if (sides.visitCrossings([&](int i, int next) { return isRayStartOn(at(i), at(next)); }))
+        if (sides.visitCrossings([&](int i, int next) { return isRayStartOn(at(i), at(next)); })) {
             return OnBoundary;
+        }
         return crossings % 2 != 0 ? Inside : Outside;
     }
 
     int const start = rayBand::firstOutside(at, count, band);
-    if (start < 0)
+    if (start < 0) {
         return Outside;
+    }
     auto const onBoundary = [&](Point2D const &cur, Level curLevel, Point2D const &next,
                                 Level nextLevel, Level last) {
         bool const curInBand = curLevel == Level::InBand;
         bool const nextInBand = nextLevel == Level::InBand;
-        if (curInBand && nextInBand && isBetween(p.x(), cur.x(), next.x()))
+        if (curInBand && nextInBand && isBetween(p.x(), cur.x(), next.x())) {
             return true;
-        if (curInBand && isWithin(cur.x(), p.x(), tol))
+        }
+        if (curInBand && isWithin(cur.x(), p.x(), tol)) {
             return true;
-        if (nextInBand && isWithin(next.x(), p.x(), tol))
+        }
+        if (nextInBand && isWithin(next.x(), p.x(), tol)) {
             return true;
-        if (!curInBand)
+        }
+        if (!curInBand) {
             return !nextInBand && nextLevel != curLevel && isRayStartOn(cur, next);
-        if (!nextInBand && cur.x() > p.x() - tol && nextLevel != last)
+        }
+        if (!nextInBand && cur.x() > p.x() - tol && nextLevel != last) {
             ++crossings;
+        }
         return false;
     };
-    if (rayBand::walk(at, count, start, band, onBoundary))
+    if (rayBand::walk(at, count, start, band, onBoundary)) {
         return OnBoundary;
+    }
     return crossings % 2 != 0 ? Inside : Outside;
 }
 

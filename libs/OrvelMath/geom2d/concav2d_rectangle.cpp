@@ -8,8 +8,9 @@ namespace concav2d {
 int edgeSide(Point2D const &a, Point2D const &b, Point2D const &p, double tol)
 {
     Point2D centre;
-    if (getArcMiddle(a, b, p, centre, tol) != 0)
+    if (getArcMiddle(a, b, p, centre, tol) != 0) {
         return 0;
+    }
     return ccw_vectors_origin(a - centre, b - centre, p - centre, tol);
 }
 
@@ -51,16 +52,19 @@ int lineInsideRectangle(Point2D &p0, Point2D &p1, Point2D &r0, Point2D &r1, Poin
 {
     Point2D const *const corners[4] = {&r0, &r1, &r2, &r3};
     Sides const first(p0, corners);
-    if (first.outside)
+    if (first.outside) {
         return 0;
-    if (first.strictlyInside())
+    }
+    if (first.strictlyInside()) {
         return 1;
+    }
     bool const edgeCounts[4] = {onEdge01, onEdge12, onEdge23, onEdge30};
     for (int i = 0; i < 4; ++i) {
         int const side = edgeSide(*corners[i], *corners[(i + 1) % 4], p1, sideTolerance);
         bool const runsAlongEdge = side != 1 && first.side[i] != 1;
-        if (side == -1 || (runsAlongEdge && !edgeCounts[i]))
+        if (side == -1 || (runsAlongEdge && !edgeCounts[i])) {
             return 0;
+        }
     }
     return 1;
 }
@@ -70,10 +74,12 @@ int arcInsideRectangle(Point2D &p0, Point2D &p1, Point2D & /*p2*/, Point2D &r0, 
 {
     Point2D const *const corners[4] = {&r0, &r1, &r2, &r3};
     Sides const through(p1, corners);
-    if (through.outside)
+    if (through.outside) {
         return 0;
-    if (through.strictlyInside())
+    }
+    if (through.strictlyInside()) {
         return 1;
+    }
     return Sides(p0, corners).outside ? 0 : 1;
 }
 
@@ -85,10 +91,12 @@ int ellipsearcInsideRectangle(Point2D &centre, Point2D &axisA, Point2D &axisB, d
     Point2D p;
     getEllipsePoint(centre, axisA, axisB, p, rotation, start);
     Sides const first(p, corners);
-    if (first.outside)
+    if (first.outside) {
         return 0;
-    if (first.strictlyInside())
+    }
+    if (first.strictlyInside()) {
         return 1;
+    }
     getEllipsePoint(centre, axisA, axisB, p, rotation, (start + end) * 0.5);
     return Sides(p, corners).outside ? 0 : 1;
 }

@@ -63,17 +63,20 @@ int getArcPoints(Point2D const &p0, Point2D const &p1, Point2D const &p2,
 {
     removeAll(points);
     Point2D centre;
-    if (getArcMiddle(p0, p1, p2, centre, tol) != 0)
+    if (getArcMiddle(p0, p1, p2, centre, tol) != 0) {
         return 1;
+    }
     Sweep const sweep = arcSweep(p0, p1, p2, centre, 1e-6); // degrees
     double const low = sweep.low * radiansPerDegree;
     double high = sweep.high * radiansPerDegree;
     double const radius = distance(p0, centre);
     double const stride = stepOrFiveDegrees(step);
-    if (low > high)
+    if (low > high) {
         high += fullTurn;
-    for (double t = low; high >= t; t += stride)
+    }
+    for (double t = low; high >= t; t += stride) {
         points.append(newCirclePoint(centre, radius, t));
+    }
     points.append(newCirclePoint(centre, radius, high));
     return 0;
 }
@@ -101,10 +104,12 @@ int getEllipseArcPoints(Point2D const &centre, Point2D const &axisA, Point2D con
     double const high = end * radiansPerDegree;
     double const stride = stepOrFiveDegrees(step);
     // Here the start is lowered, where getArcPoints raises the end.
-    if (low > high)
+    if (low > high) {
         low -= fullTurn;
-    for (double t = low; high >= t; t += stride)
+    }
+    for (double t = low; high >= t; t += stride) {
         points.append(ellipse.newPoint(t));
+    }
     points.append(ellipse.newPoint(high));
     return 0;
 }

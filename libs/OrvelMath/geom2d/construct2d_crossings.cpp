@@ -14,8 +14,9 @@ int intersect_line_circle(Point2D const &p0, Point2D const &p1, Point2D const &c
     double const dx = p1.x() - p0.x();
     double const dy = p1.y() - p0.y();
     double const q = dx * dx + dy * dy;
-    if (eps * eps > q)
+    if (eps * eps > q) {
         return 0;
+    }
 
     Point2D foot;
     if (q > 1e-100) { // a squared length
@@ -23,10 +24,12 @@ int intersect_line_circle(Point2D const &p0, Point2D const &p1, Point2D const &c
         foot = Point2D(p0.x() + t * dx, p0.y() + t * dy);
     }
     double fromCentre = (c - foot).Length();
-    if (mat_round_to_grid(fromCentre - r, eps) > 0)
+    if (mat_round_to_grid(fromCentre - r, eps) > 0) {
         return 0;
-    if (fromCentre - r > 0)
+    }
+    if (fromCentre - r > 0) {
         fromCentre = r;
+    }
     if (eps > std::fabs(fromCentre - r)) {
         out = foot;
         return 1;
@@ -45,12 +48,14 @@ int intersect_circle_circle(Point2D const &c1, double r1, Point2D const &c2, dou
 {
     Point2D const d = c2 - c1;
     double const distance = d.Length();
-    if (eps > distance)
+    if (eps > distance) {
         return 0;
+    }
     if (mat_round_to_grid(r1 + r2 - distance, eps) < 0 ||
         mat_round_to_grid(distance + r1 - r2, eps) < 0 ||
-        mat_round_to_grid(distance + r2 - r1, eps) < 0)
+        mat_round_to_grid(distance + r2 - r1, eps) < 0) {
         return 0;
+    }
 
     Point2D const u = d / distance;
     double const a = (distance * distance + r1 * r1 - r2 * r2) / (2 * distance);
@@ -67,8 +72,9 @@ int projektion_punkt_auf_linie(Point2D const &p, Point2D const &a, Point2D const
 {
     Point2D const d = b - a;
     double const q = d.Length2();
-    if (!(q > eps))
+    if (!(q > eps)) {
         return 0;
+    }
     double const k = (p.x() - a.x()) * d.x() + (p.y() - a.y()) * d.y();
     out = Point2D(a.x() + k * d.x() / q, a.y() + k * d.y() / q);
     return 1;
@@ -79,8 +85,9 @@ int projektion_punkt_auf_kreis(Point2D const &p, Point2D const &c, double r, Poi
 {
     Point2D const v = p - c;
     double const q = v.Length2();
-    if (!(q > eps))
+    if (!(q > eps)) {
         return 0;
+    }
     double const length = std::sqrt(q);
     out = Point2D(c.x() + v.x() * r / length, c.y() + v.y() * r / length);
     return 1;
@@ -89,10 +96,12 @@ int projektion_punkt_auf_kreis(Point2D const &p, Point2D const &c, double r, Poi
 double mat_vektor_winkel(Point2D const &v)
 {
     double w = v.x() / v.Length();
-    if (w > 1)
+    if (w > 1) {
         w = 1;
-    if (w < -1)
+    }
+    if (w < -1) {
         w = -1;
+    }
     double const angle = std::acos(w) / 3.141592653589793 * 180;
     return v.y() < 0 ? 360 - angle : angle;
 }

@@ -21,8 +21,9 @@ struct Band
 
     Level levelOf(double y) const
     {
-        if (low > y)
+        if (low > y) {
             return Level::Below;
+        }
         return y > high ? Level::Above : Level::InBand;
     }
 };
@@ -56,8 +57,9 @@ Extent xExtent(At const &at, int count, Extent const &empty)
         c.include(at(i + 2).x());
         d.include(at(i + 3).x());
     }
-    for (; i < count; ++i)
+    for (; i < count; ++i) {
         a.include(at(i).x());
+    }
     return {std::min(std::min(a.min, b.min), std::min(c.min, d.min)),
             std::max(std::max(a.max, b.max), std::max(c.max, d.max))};
 }
@@ -68,8 +70,9 @@ int firstOutside(At const &at, int count, Band const &band)
 {
     for (int i = 0; i < count; ++i) {
         double const y = at(i).y();
-        if (!(band.low < y && y < band.high))
+        if (!(band.low < y && y < band.high)) {
             return i;
+        }
     }
     return -1;
 }
@@ -78,8 +81,9 @@ int firstOutside(At const &at, int count, Band const &band)
 template <Level level, typename At>
 int endOfRun(At const &at, int i, int limit, Band const &band)
 {
-    while (i < limit && band.levelOf(at(i + 1).y()) == level)
+    while (i < limit && band.levelOf(at(i + 1).y()) == level) {
         ++i;
+    }
     return i;
 }
 
@@ -109,8 +113,9 @@ public:
         bool const crossingsAreClear = measure == Measure::Parameters || tol >= noise;
         m_farEnd = crossingsAreClear ? rayEndX - m_clearance : m_left;
         // Where nothing is clear, no height is above the clearance.
-        if (!(tol >= 0 && m_scale < 1e100))
+        if (!(tol >= 0 && m_scale < 1e100)) {
             m_clearance = std::numeric_limits<double>::infinity();
+        }
     }
 
     Answer operator()(Point2D const &cur, Point2D const &next) const
@@ -124,8 +129,9 @@ public:
         bool const isClear = isCurClear & isNextClear;
         bool const misses = x < m_left;
         bool const crosses = (x > m_right) & (x < m_farEnd);
-        if (!(isClear & (misses | crosses)))
+        if (!(isClear & (misses | crosses))) {
             return Answer::Unclear;
+        }
         return misses ? Answer::Misses : Answer::Crosses;
     }
 
@@ -165,13 +171,15 @@ bool walk(At const &at, int count, int start, Band const &band, Visit visit)
                                                   : endOfRun<Level::Above>(at, i, limit, band);
             edges -= end - i;
             i = end;
-            if (edges == 0)
+            if (edges == 0) {
                 return false;
+            }
         }
         int const next = i + 1 == count ? 0 : i + 1;
         Level const nextLevel = band.levelOf(at(next).y());
-        if (visit(at(i), level, at(next), nextLevel, last))
+        if (visit(at(i), level, at(next), nextLevel, last)) {
             return true;
+        }
         i = next;
         level = nextLevel;
     }

@@ -30,17 +30,20 @@ public:
         : m_count(count)
     {
         if (count < smallest) {
-            if (extent != nullptr)
+            if (extent != nullptr) {
                 *extent = xExtent(at, count, *extent);
+            }
             m_areComplete = false;
             return;
         }
         Scan scan(band, extent != nullptr ? *extent : Extent{0.0, 0.0});
-        for (int begin = 0; begin < count; begin += 64)
+        for (int begin = 0; begin < count; begin += 64) {
             m_below[static_cast<size_t>(begin % capacity / 64)] =
                 scan.word(at, begin, std::min(64, count - begin));
-        if (extent != nullptr)
+        }
+        if (extent != nullptr) {
             *extent = scan.extent();
+        }
         m_areComplete = count <= capacity && scan.isBandEmpty();
     }
 
@@ -62,8 +65,9 @@ public:
             std::uint64_t const next = below >> 1 | (following & 1) << (size - 1);
             for (std::uint64_t edges = below ^ next; edges != 0; edges &= edges - 1) {
                 int const i = begin + static_cast<int>(qCountTrailingZeroBits(quint64(edges)));
-                if (visit(i, i + 1 == m_count ? 0 : i + 1))
+                if (visit(i, i + 1 == m_count ? 0 : i + 1)) {
                     return true;
+                }
             }
         }
         return false;

@@ -46,8 +46,9 @@ CutPlane &CutPlane::operator=(CutPlane &&) noexcept = default;
 
 bool CutPlane::operator==(CutPlane const &other) const
 {
-    if (type != other.type || direction != other.direction || distance != other.distance)
+    if (type != other.type || direction != other.direction || distance != other.distance) {
         return false;
+    }
     return Math3DCompareMatrix(frame, other.frame, 0.0001); // per element
 }
 

@@ -146,13 +146,16 @@ bool triangleIntersectsCuboid(Vector const &a, Vector const &b, Vector const &c,
     const Vector ca = va - vc;
     CentredScene<0> const seenFromX(a, b, c, minCorner, maxCorner);
     CentredScene<1> const seenFromY(a, b, c, minCorner, maxCorner);
-    if (!seenFromX.edgeAxesMeet(bc, ca, ab) || !seenFromY.edgeAxesMeet(bc, ca, ab))
+    if (!seenFromX.edgeAxesMeet(bc, ca, ab) || !seenFromY.edgeAxesMeet(bc, ca, ab)) {
         return false;
+    }
     for (int q = 0; q < 3; ++q) {
-        if (va[q] > h[q] && vb[q] > h[q] && vc[q] > h[q])
+        if (va[q] > h[q] && vb[q] > h[q] && vc[q] > h[q]) {
             return false;
-        if (va[q] < -h[q] && vb[q] < -h[q] && vc[q] < -h[q])
+        }
+        if (va[q] < -h[q] && vb[q] < -h[q] && vc[q] < -h[q]) {
             return false;
+        }
     }
     return !seenFromX.planeSeparates(bc.cross(ca));
 }
@@ -201,13 +204,16 @@ TriangleCuboidIntersector::testHalf(Vector const &minCorner, Vector const &maxCo
     constexpr int A = (Axis + 1) % 3;
     constexpr int B = (Axis + 2) % 3;
     bool within = centroidWithin(minCorner, maxCorner, Axis);
-    if constexpr (!ParentHoldsCentroid)
+    if constexpr (!ParentHoldsCentroid) {
         within = within && centroidWithin(minCorner, maxCorner, A) &&
                  centroidWithin(minCorner, maxCorner, B);
-    if (within)
+    }
+    if (within) {
         return TriangleCuboidContainsCentroid;
-    if (rangesApart(minCorner, maxCorner, Axis))
+    }
+    if (rangesApart(minCorner, maxCorner, Axis)) {
         return TriangleCuboidDisjoint;
+    }
     CentredScene<Axis> const scene(p0, p1, p2, minCorner, maxCorner);
     bool const edgesMeet = scene.edgeAxesMeet(e0, e1, e2);
     bool const planeSeparates = scene.planeSeparates(normal);
@@ -219,11 +225,13 @@ inline TriangleCuboidIntersectionType
 TriangleCuboidIntersector::testAll(Vector const &minCorner, Vector const &maxCorner) const
 {
     if (centroidWithin(minCorner, maxCorner, 0) && centroidWithin(minCorner, maxCorner, 1) &&
-        centroidWithin(minCorner, maxCorner, 2))
+        centroidWithin(minCorner, maxCorner, 2)) {
         return TriangleCuboidContainsCentroid;
+    }
     if (rangesApart(minCorner, maxCorner, 0) || rangesApart(minCorner, maxCorner, 1) ||
-        rangesApart(minCorner, maxCorner, 2))
+        rangesApart(minCorner, maxCorner, 2)) {
         return TriangleCuboidDisjoint;
+    }
     CentredScene<0> const seenFromX(p0, p1, p2, minCorner, maxCorner);
     CentredScene<1> const seenFromY(p0, p1, p2, minCorner, maxCorner);
     bool const meets = seenFromX.edgeAxesMeet(e0, e1, e2) && seenFromY.edgeAxesMeet(e0, e1, e2) &&

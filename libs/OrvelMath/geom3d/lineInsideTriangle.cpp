@@ -18,10 +18,12 @@ int GetDropCoord(Point3D const &normal)
     double const x = std::fabs(normal.x());
     double const y = std::fabs(normal.y());
     double const z = std::fabs(normal.z());
-    if (x >= y && x >= z)
+    if (x >= y && x >= z) {
         return 1;
-    if (y >= x && y >= z)
+    }
+    if (y >= x && y >= z) {
         return 2;
+    }
     return 3;
 }
 
@@ -42,8 +44,9 @@ bool LineInsideTriangle(Point3D const &t0, Point3D const &t1, Point3D const &t2,
 {
     const Point3D normal = Math3DVektorprodukt(t1 - t0, t2 - t0).Normalize();
     Point3D crossing;
-    if (!CalcXLinePlane(p0, p1, t0, normal, crossing, nullptr))
+    if (!CalcXLinePlane(p0, p1, t0, normal, crossing, nullptr)) {
         return false;
+    }
 
     int const drop = GetDropCoord(normal);
     const Point2D x = DropCoord(crossing, drop);

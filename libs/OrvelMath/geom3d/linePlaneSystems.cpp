@@ -25,8 +25,9 @@ bool MatUtil::intersectPlanes(vectorC3d<double> const &point1, vectorC3d<double>
     double nullSpace[9];
     int const dimension = planes.solve(rhs, solution, nullSpace);
     linePoint = vectorC3d<double>(solution[0], solution[1], solution[2]);
-    if (dimension != 1)
+    if (dimension != 1) {
         return false;
+    }
     direction = unitVector(vectorC3d<double>(nullSpace[0], nullSpace[1], nullSpace[2]));
     return true;
 }
@@ -41,8 +42,9 @@ bool MatUtil::intersectLines(vectorC3d<double> const &point1, vectorC3d<double> 
     double const rhs[3] = {offset.x(), offset.y(), offset.z()};
     LinearSystemT<3, 2> const lines(columns, 1e-12); // direction components
     double parameters[2];
-    if (lines.solve(rhs, parameters) != 0)
+    if (lines.solve(rhs, parameters) != 0) {
         return false;
+    }
     point = point1 + direction1 * parameters[0];
     return true;
 }
@@ -54,8 +56,9 @@ bool MatUtil::intersectLinePlane(vectorC3d<double> const &linePoint,
 {
     double const numerator = (linePoint - planePoint).dot(normal);
     double const denominator = normal.dot(direction);
-    if (1e-5 > std::fabs(denominator)) // sine of the angle, times both lengths
+    if (1e-5 > std::fabs(denominator)) { // sine of the angle, times both lengths
         return false;
+    }
     point = linePoint - direction * (numerator / denominator);
     return true;
 }

@@ -8,8 +8,9 @@ bool IntersectLinePlane(Point3D const &p0, Point3D const &p1, double A, double B
     double const f0 = A * p0.x() + B * p0.y() + C * p0.z() + D;
     double const f1 = A * p1.x() + B * p1.y() + C * p1.z() + D;
     double const denominator = f0 - f1;
-    if (!(std::fabs(denominator) > 1e-200)) // change of the plane equation; catches NaN
+    if (!(std::fabs(denominator) > 1e-200)) { // change of the plane equation; catches NaN
         return false;
+    }
     double const t = f0 / denominator;
     out = p0 + t * (p1 - p0);
     return true;
@@ -24,8 +25,9 @@ bool IntersectLinePlane(Point3D const &p0, Point3D const &p1, Point3D const &nor
     }
     const Point3D direction = p1 - p0;
     double const denominator = direction.Dot(normal);
-    if (std::fabs(denominator) < 1e-200) // sine of the angle, times both lengths
+    if (std::fabs(denominator) < 1e-200) { // sine of the angle, times both lengths
         return false;
+    }
     double const t = (planePoint - p0).Dot(normal) / denominator;
     out = p0 + t * direction;
     return true;
@@ -37,12 +39,14 @@ bool CalcXLinePlane(Point3D const &p0, Point3D const &p1, Point3D const &planePo
     double const f0 = (planePoint - p0).Dot(normal);
     double const f1 = (planePoint - p1).Dot(normal);
     double const denominator = f0 - f1;
-    if (std::fabs(denominator) < 1e-9) // sine of the angle, times both lengths
+    if (std::fabs(denominator) < 1e-9) { // sine of the angle, times both lengths
         return false;
+    }
     double const parameter = f0 / denominator;
     out = p0 + parameter * (p1 - p0);
-    if (t)
+    if (t) {
         *t = parameter;
+    }
     return true;
 }
 
@@ -63,8 +67,9 @@ Point3D ProjectOntoLine(Point3D const &direction, Point3D const &linePoint, Poin
 {
     Point3D offset = q - linePoint;
     double const length = offset.Length();
-    if (length != 0.0)
+    if (length != 0.0) {
         offset = offset / length;
+    }
     s = offset.Dot(direction) * length;
     return linePoint + s * direction;
 }
@@ -77,12 +82,13 @@ double CalcDistancePointPlane(Point3D const &normal, Point3D const &a, Point3D c
 void getPlanarVectors(Point3D const &normal, Point3D &u, Point3D &v)
 {
     Point3D inPlane(1.0, 1.0, 1.0);
-    if (normal.x() != 0.0)
+    if (normal.x() != 0.0) {
         inPlane.x((-normal.y() - normal.z()) / normal.x());
-    else if (normal.y() != 0.0)
+    } else if (normal.y() != 0.0) {
         inPlane.y((-normal.x() - normal.z()) / normal.y());
-    else if (normal.z() != 0.0)
+    } else if (normal.z() != 0.0) {
         inPlane.z((-normal.x() - normal.y()) / normal.z());
+    }
     inPlane = inPlane.Normalize();
     v = Math3DVektorprodukt(normal, inPlane).Normalize();
     u = inPlane;
@@ -98,8 +104,9 @@ bool IntersectLineLine(Point3D const &p1, Point3D const &p2, Point3D const &p3, 
     const Point3D p13 = p1 - p3;
     const Point3D p43 = p4 - p3;
     const Point3D p21 = p2 - p1;
-    if (isShort(p43) || isShort(p21))
+    if (isShort(p43) || isShort(p21)) {
         return false;
+    }
 
     double const d1343 = p13.Dot(p43);
     double const d4321 = p43.Dot(p21);
@@ -107,8 +114,9 @@ bool IntersectLineLine(Point3D const &p1, Point3D const &p2, Point3D const &p3, 
     double const d4343 = p43.Dot(p43);
     double const d2121 = p21.Dot(p21);
     double const denominator = d2121 * d4343 - d4321 * d4321;
-    if (std::fabs(denominator) <= 0.0001) // fourth power of a length, absolute
+    if (std::fabs(denominator) <= 0.0001) { // fourth power of a length, absolute
         return false;
+    }
 
     double const ma = (d1343 * d4321 - d1321 * d4343) / denominator;
     double const mb = (d1343 + d4321 * ma) / d4343;

@@ -14,8 +14,9 @@ double determinant(Point3D const &a, Point3D const &b, Point3D const &c)
 bool IntersectPlanePlane(Point3D const &p1, Point3D const &n1, Point3D const &p2, Point3D const &n2,
                          Point3D &linePoint, Point3D &lineDirection)
 {
-    if (n1.Dot(n2) == 1.0)
+    if (n1.Dot(n2) == 1.0) {
         return false;
+    }
     const Point3D direction = Math3DVektorprodukt(n1, n2);
     const Point3D acrossTheLine = p1 + Math3DVektorprodukt(direction, n1);
     bool const meet = IntersectLinePlane(p1, acrossTheLine, n2, p2, linePoint);
@@ -27,8 +28,9 @@ bool IntersectThreePlanes(Point3D const &p1, Point3D const &n1, Point3D const &p
                           Point3D const &n2, Point3D const &p3, Point3D const &n3, Point3D &out)
 {
     double const det = determinant(n1, n2, n3);
-    if (det == 0.0)
+    if (det == 0.0) {
         return false;
+    }
     double const d1 = n1.Dot(p1);
     double const d2 = n2.Dot(p2);
     double const d3 = n3.Dot(p3);

@@ -10,17 +10,20 @@ bool MatUtil::rayIntersectsTriangle(vectorC3d<double> const &a, vectorC3d<double
 
     vectorC3d<double> const p = direction.cross(edge2);
     double const determinant = edge1.dot(p);
-    if (determinant > -1e-6 && determinant < 1e-6) // six times a volume
+    if (determinant > -1e-6 && determinant < 1e-6) { // six times a volume
         return false;
+    }
     double const inverse = 1.0 / determinant;
     double const u = fromA.dot(p) * inverse;
-    if (u < 0.0 || u > 1.0)
+    if (u < 0.0 || u > 1.0) {
         return false;
+    }
 
     vectorC3d<double> const q = fromA.cross(edge1);
     double const v = direction.dot(q) * inverse;
-    if (v < 0.0 || u + v > 1.0)
+    if (v < 0.0 || u + v > 1.0) {
         return false;
+    }
     t = edge2.dot(q) * inverse;
     return true;
 }

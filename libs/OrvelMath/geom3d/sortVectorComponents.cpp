@@ -6,11 +6,13 @@ namespace {
 
 void sortPair(vectorC3d<double> &v, matrixC3x3<double> &m, int first, int second)
 {
-    if (!(v[first] > v[second]))
+    if (!(v[first] > v[second])) {
         return;
+    }
     std::swap(v[first], v[second]);
-    for (int row = 0; row < 3; ++row)
+    for (int row = 0; row < 3; ++row) {
         std::swap(m[3 * first + row], m[3 * second + row]);
+    }
 }
 
 } // namespace
@@ -19,8 +21,9 @@ void sortPair(vectorC3d<double> &v, matrixC3x3<double> &m, int first, int second
 void MatUtil::sortVectorComponents(vectorC3d<double> &v)
 {
     for (int end = 1; end < 3; ++end) {
-        for (int i = end; i > 0 && v[i] < v[i - 1]; --i)
+        for (int i = end; i > 0 && v[i] < v[i - 1]; --i) {
             std::swap(v[i], v[i - 1]);
+        }
     }
 }
 

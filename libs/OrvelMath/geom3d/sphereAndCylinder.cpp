@@ -19,12 +19,14 @@ int IntersectLineSphere(Point3D const &p0, Point3D const &p1, Point3D const &cen
     double t1 = 0.0;
     double t2 = 0.0;
     int const count = IntersectLineSphereDst(p0, p1, centre, radius, t1, t2);
-    if (count == 0)
+    if (count == 0) {
         return 0;
+    }
     const Point3D direction = p1 - p0;
     const Point3D first = p0 + t1 * direction;
-    if (count == 2)
+    if (count == 2) {
         o2 = p0 + t2 * direction;
+    }
     o1 = first;
     return count;
 }
@@ -38,12 +40,14 @@ int IntersectLineCylinder(Point3D const &p0, Point3D const &p1, Point3D const &a
     const Point3D fromAxis = p0 - a0;
     const Point3D normal = Math3DVektorprodukt(direction, axis);
     double const normalLength = normal.Length();
-    if (normalLength == 0.0)
+    if (normalLength == 0.0) {
         return 0;
+    }
     const Point3D unitNormal = normal / normalLength;
     double const distance = std::fabs(fromAxis.Dot(unitNormal));
-    if (!(radius > distance)) // a tangent line misses
+    if (!(radius > distance)) { // a tangent line misses
         return 0;
+    }
 
     double const closest = -Math3DVektorprodukt(fromAxis, axis).Dot(unitNormal) / normalLength;
     const Point3D across = Math3DVektorprodukt(unitNormal, axis).Normalize();

@@ -32,12 +32,14 @@ double findRoot(double a2, double a1, double a0)
     double y = a0;
     for (int step = 0; step < 99; ++step) {
         double const slope = 16.0 * (x * x * x) + 2.0 * a2 * x + a1;
-        if (1e-16 > slope) // P'; signed, so a falling curve stops as well
+        if (1e-16 > slope) { // P'; signed, so a falling curve stops as well
             break;
+        }
         double const xNew = x - y / slope;
         double const yNew = 4.0 * (xNew * xNew * xNew * xNew) + a2 * (xNew * xNew) + a1 * xNew + a0;
-        if (1e-16 > std::fabs(x - xNew) || std::fabs(yNew) > std::fabs(y)) // step; value of P
+        if (1e-16 > std::fabs(x - xNew) || std::fabs(yNew) > std::fabs(y)) { // step; value of P
             break;
+        }
         x = xNew;
         y = yNew;
     }
@@ -69,8 +71,9 @@ MatUtil::kasaFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double
     double const columns[4] = {mxx, mxy, mxy, myy};
     double const rhs[2] = {zu / n, zv / n};
     double c[2];
-    if (LinearSystemT<2, 2>(columns, 1e-12).solve(rhs, c) != 0)
+    if (LinearSystemT<2, 2>(columns, 1e-12).solve(rhs, c) != 0) {
         return noCircle();
+    }
     return {Vector(c[0] + mean.x(), c[1] + mean.y()),
             std::sqrt(mxx + myy + c[0] * c[0] + c[1] * c[1])};
 }
@@ -79,8 +82,9 @@ std::pair<vectorC2d<double>, double>
 MatUtil::taubinFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> const &points,
                    double minDeterminant)
 {
-    if (points.size() < 3)
+    if (points.size() < 3) {
         return noCircle();
+    }
     double const n = double(points.size());
     const Vector mean = findMean(points);
     double uu = 0.0, vv = 0.0, uv = 0.0, zu = 0.0, zv = 0.0, zz = 0.0;
@@ -107,8 +111,9 @@ MatUtil::taubinFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<doub
     double const x = findRoot(a2, a1, a0);
 
     double const det = x * x - x * mz + cov;
-    if (minDeterminant > det)
+    if (minDeterminant > det) {
         return noCircle();
+    }
     double const cu = (mxz * (myy - x) - myz * mxy) / (2.0 * det);
     double const cv = (myz * (mxx - x) - mxz * mxy) / (2.0 * det);
     return {Vector(cu + mean.x(), cv + mean.y()), std::sqrt(cu * cu + cv * cv + mz - (x + x))};

@@ -18,12 +18,14 @@ bool MatUtil::getEigenVector3d(matrixC3x3<double> const &matrix, double *first, 
     static const Algorithm algorithms[] = {EigenVectorAlgorithms::power,
                                            EigenVectorAlgorithms::shiftedQR,
                                            EigenVectorAlgorithms::analytic};
-    if (algorithm < EigenVectorPower || algorithm > EigenVectorAnalytic)
+    if (algorithm < EigenVectorPower || algorithm > EigenVectorAnalytic) {
         return false;
+    }
 
     EigenVectorAlgorithms::Result result;
-    if (!algorithms[algorithm](matrix, result))
+    if (!algorithms[algorithm](matrix, result)) {
         return false;
+    }
     for (int i = 0; i < 3; ++i) {
         first[i] = result.first[i];
         second[i] = result.second[i];
@@ -46,8 +48,9 @@ EigenVectorComputationC::EigenVectorComputationC(matrixC3x3<double> const &matri
     for (int algorithm = 0; algorithm < 3; ++algorithm) {
         double first[3], second[3], values[3];
         if (!MatUtil::getEigenVector3d(matrix, first, second, values,
-                                       MatUtil::EigenVectorAlgoE(algorithm)))
+                                       MatUtil::EigenVectorAlgoE(algorithm))) {
             continue;
+        }
         const Vector a(first[0], first[1], first[2]);
         const Vector b(second[0], second[1], second[2]);
         const Vector cross = a.cross(b);
@@ -112,8 +115,9 @@ int dominantIndex(Vector const &v)
 void makeDominantPositive(Matrix &vectors, int column)
 {
     const Vector v = vectors.axis(column);
-    if (v[dominantIndex(v)] < 0.0)
+    if (v[dominantIndex(v)] < 0.0) {
         vectors.setAxis(column, -v);
+    }
 }
 
 /// Exchanges columns i < j of near-equal eigenvalues whose greatest components stand in the other
@@ -147,6 +151,7 @@ void EigenVectorComputationC::standardize(matrixC3x3<double> &vectors, vectorC3d
 
     makeDominantPositive(vectors, 2);
     makeDominantPositive(vectors, 0);
-    if (LinearSystemT<3, 3>(vectors.data(), 1e-12).determinant < 0.0)
+    if (LinearSystemT<3, 3>(vectors.data(), 1e-12).determinant < 0.0) {
         vectors.setAxis(1, -vectors.axis(1));
+    }
 }

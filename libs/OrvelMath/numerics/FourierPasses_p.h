@@ -126,9 +126,10 @@ private:
     {
         (L::broadcast(w.re[R - 2 * Half + I], roots.re[t + I * (n / (2 * Half))]), ...);
         (L::broadcast(w.im[R - 2 * Half + I], roots.im[t + I * (n / (2 * Half))]), ...);
-        if constexpr (Half > 1)
+        if constexpr (Half > 1) {
             broadcastStage<Half / 2>(w, roots, 2 * t, n,
                                      std::make_integer_sequence<int, Half / 2>());
+        }
     }
 
     template <int Half, int... I>
@@ -140,8 +141,9 @@ private:
          ...);
         (L::template loadEvery<Step>(w.im[R - 2 * Half + I], roots.im + t + I * (n / (2 * Half))),
          ...);
-        if constexpr (Half > 1)
+        if constexpr (Half > 1) {
             laneStage<Half / 2>(w, roots, 2 * t, n, std::make_integer_sequence<int, Half / 2>());
+        }
     }
 
     template <int... I>
@@ -224,8 +226,9 @@ ORVEL_INLINE void pass(ComplexIn from, ComplexOut to, int n, int groups, Complex
             Groups block;
             block.load({from.re + read, from.im + read}, n / R);
             block.transform(w);
-            if constexpr (Scaled)
+            if constexpr (Scaled) {
                 block.scale(1.0 / n); // exact, since n is a power of two
+            }
             block.store({to.re + written, to.im + written}, groups);
         }
     }

@@ -66,15 +66,19 @@ void run(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn root
     bool const inPasses = n > 0 && (n & (n - 1)) == 0 && !overlap(out, roots, n);
 #if defined(__x86_64__)
     int const width = vectorWidth();
-    if (inPasses && width >= 8 && n >= smallestSize(8))
+    if (inPasses && width >= 8 && n >= smallestSize(8)) {
         return transform8<Inverse>(in, out, scratch, n, roots);
-    if (inPasses && width >= 4 && n >= smallestSize(4))
+    }
+    if (inPasses && width >= 4 && n >= smallestSize(4)) {
         return transform4<Inverse>(in, out, scratch, n, roots);
+    }
 #endif
-    if (inPasses && n >= smallestSize(2))
+    if (inPasses && n >= smallestSize(2)) {
         return transform2<Inverse>(in, out, scratch, n, roots);
-    if (n > 0)
+    }
+    if (n > 0) {
         plainTransform<Inverse>(in, out, scratch, n, roots);
+    }
 }
 
 } // namespace

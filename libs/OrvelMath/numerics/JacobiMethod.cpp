@@ -28,16 +28,18 @@ bool JacobiMethod::iterate()
     ++m_iterations;
     double const sum = sumOfUpperTriangle();
     m_quality = sum;
-    if (std::fabs(sum) <= 1e-8) // sum of magnitudes; false for a NaN
+    if (std::fabs(sum) <= 1e-8) { // sum of magnitudes; false for a NaN
         return true;
+    }
 
     // Small elements are passed over in the first three sweeps only, although the threshold has a
     // value in the fourth too.
     double const threshold =
         m_iterations <= 4 ? 0.2 * sum / (double(m_size) * double(m_size)) : 0.0;
     for (unsigned int p = 0; p < m_size; ++p) {
-        for (unsigned int q = p + 1; q < m_size; ++q)
+        for (unsigned int q = p + 1; q < m_size; ++q) {
             visit(p, q, threshold);
+        }
     }
     return false;
 }
@@ -54,16 +56,18 @@ double JacobiMethod::getEigenvalue(unsigned int i)
 
 void JacobiMethod::getEigenvector(unsigned int i, PValOrderedVector<double> &result)
 {
-    for (unsigned int row = 0; row < m_size; ++row)
+    for (unsigned int row = 0; row < m_size; ++row) {
         result.append(m_eigenvectors->getElement(row, i));
+    }
 }
 
 double JacobiMethod::sumOfUpperTriangle()
 {
     double sum = 0.0;
     for (unsigned int p = 0; p < m_size; ++p) {
-        for (unsigned int q = p + 1; q < m_size; ++q)
+        for (unsigned int q = p + 1; q < m_size; ++q) {
             sum += std::fabs(m_matrix->getElement(p, q));
+        }
     }
     return sum;
 }
@@ -74,12 +78,14 @@ void JacobiMethod::visit(unsigned int p, unsigned int q, double threshold)
     double const pMagnitude = std::fabs(m_matrix->getElement(p, p));
     double const qMagnitude = std::fabs(m_matrix->getElement(q, q));
     double const g = 100.0 * magnitude;
-    if (m_iterations < 4 && threshold > magnitude)
+    if (m_iterations < 4 && threshold > magnitude) {
         return;
-    if (pMagnitude + g == pMagnitude && qMagnitude + g == qMagnitude)
+    }
+    if (pMagnitude + g == pMagnitude && qMagnitude + g == qMagnitude) {
         m_matrix->setElement(p, q, 0.0);
-    else
+    } else {
         rotate(p, q);
+    }
 }
 
 void JacobiMethod::rotate(unsigned int p, unsigned int q)
@@ -105,9 +111,11 @@ void JacobiMethod::rotate(unsigned int p, unsigned int q)
         matrix->setElement(i, q, h + s * (g - h * tau));
     };
     for (unsigned int i = 0; i < m_size; ++i) {
-        if (i != p && i != q)
+        if (i != p && i != q) {
             turn(m_matrix, i);
+        }
     }
-    for (unsigned int i = 0; i < m_size; ++i)
+    for (unsigned int i = 0; i < m_size; ++i) {
         turn(m_eigenvectors, i);
+    }
 }

@@ -55,12 +55,14 @@ ORVEL_INLINE void multiplyRows(double const *const (&rows)[rowsTogether], double
 {
     RowGroup<W> groups[sizeof...(Group)];
     int j = 0;
-    for (; j + W <= size; j += W)
+    for (; j + W <= size; j += W) {
         (groups[Group].add(rows + Group * W, x, j), ...);
+    }
     (groups[Group].store(sums + Group * W), ...);
     for (; j < size; ++j) {
-        for (int r = 0; r < rowsTogether; ++r)
+        for (int r = 0; r < rowsTogether; ++r) {
             sums[r] += rows[r][j] * x[j];
+        }
     }
 }
 

@@ -31,8 +31,9 @@ using Multiply = void (*)(Rows const &, double const *, int, double (&)[rowsToge
 Multiply chooseMultiply()
 {
 #if defined(__x86_64__)
-    if (vectorWidth() >= 8)
+    if (vectorWidth() >= 8) {
         return multiplyRows8;
+    }
 #endif
     return multiplyRows2;
 }
@@ -44,15 +45,17 @@ void legendreTrafo(double *data, double *result, int size, int order, double con
 {
     // sqrt(4*pi) and sqrt(2*pi)
     double const s = order == 0 ? std::sqrt(12.566370614359172) : std::sqrt(6.283185307179586);
-    for (int j = 0; j < size; ++j)
+    for (int j = 0; j < size; ++j) {
         scratch[j] = s * data[j] * weights[j];
+    }
 
     const Multiply multiply = chooseMultiply();
     int const count = size / 2 - order;
     for (int first = 0; first < count; first += rowsTogether) {
         Rows rows;
-        for (int r = 0; r < rowsTogether; ++r) // the last row stands in for those beyond it
+        for (int r = 0; r < rowsTogether; ++r) { // the last row stands in for those beyond it
             rows[r] = table + std::ptrdiff_t(std::min(first + r, count - 1)) * size;
+        }
         double sums[rowsTogether];
         multiply(rows, scratch, size, sums);
         std::copy_n(sums, std::min(rowsTogether, count - first), result + first);

@@ -47,12 +47,15 @@ bool divides(int d, int p)
 int roundedQuotient(int p, int d)
 {
     int const q = quotient(p, d);
-    if (difference(p, product(q, d)) == 0)
+    if (difference(p, product(q, d)) == 0) {
         return q;
-    if (d > 0 && q > 0)
+    }
+    if (d > 0 && q > 0) {
         return sum(q, 1);
-    if (d < 0 && q < 0)
+    }
+    if (d < 0 && q < 0) {
         return difference(q, 1);
+    }
     return q;
 }
 
@@ -100,8 +103,9 @@ void LinearDiophantineEquationC::init()
 
 bool LinearDiophantineEquationC::solve(int c, int &x, int &y, int &xStep, int &yStep) const
 {
-    if (!divides(m_g, c))
+    if (!divides(m_g, c)) {
         return false;
+    }
     int const k = quotient(c, m_g);
     x = product(k, m_x0);
     y = product(k, m_y0);
@@ -114,22 +118,26 @@ bool LinearDiophantineEquationC::findSolutionInRange(int c, int xMin, int xMax, 
                                                      int &x, int &y) const
 {
     int x1, y1, xStep, yStep;
-    if (!solve(c, x1, y1, xStep, yStep) || xStep == 0 || yStep == 0)
+    if (!solve(c, x1, y1, xStep, yStep) || xStep == 0 || yStep == 0) {
         return false;
+    }
 
     // Intervals of t within which x1 + t*xStep and y1 + t*yStep lie in their ranges.
     int t1 = roundedQuotient(difference(xMin, x1), xStep);
     int t2 = roundedQuotient(difference(x1, xMax), negated(xStep));
     int t3 = roundedQuotient(difference(yMin, y1), yStep);
     int t4 = roundedQuotient(difference(y1, yMax), negated(yStep));
-    if (t1 > t2)
+    if (t1 > t2) {
         std::swap(t1, t2);
-    if (t3 > t4)
+    }
+    if (t3 > t4) {
         std::swap(t3, t4);
+    }
     int const low = std::max(t1, t3);
     int const high = std::min(t2, t4);
-    if (low > high)
+    if (low > high) {
         return false;
+    }
     x = sum(product(low, xStep), x1);
     y = sum(product(high, yStep), y1);
     return true;

@@ -76,16 +76,18 @@ namespace LinearSystemDetail {
 template <int N>
 void setIdentity(double *matrix)
 {
-    for (int cell = 0; cell < N * N; ++cell)
+    for (int cell = 0; cell < N * N; ++cell) {
         matrix[cell] = cell % (N + 1) == 0 ? 1.0 : 0.0;
+    }
 }
 
 template <int N>
 bool isFinite(double const (&values)[N])
 {
     for (double value : values) {
-        if (!std::isfinite(value))
+        if (!std::isfinite(value)) {
             return false;
+        }
     }
     return true;
 }
@@ -108,12 +110,14 @@ LinearSystemT<R, C>::LinearSystemT(double const *columns, double pivotEpsilon)
     , determinant(0.0)
     , epsilon(pivotEpsilon)
 {
-    for (int cell = 0; cell < R * C; ++cell)
+    for (int cell = 0; cell < R * C; ++cell) {
         reduced[cell] = source[cell] = columns[cell];
+    }
     Step steps[C];
     int const stepCount = reduce(steps);
-    if (!LinearSystemDetail::isFinite(transform))
+    if (!LinearSystemDetail::isFinite(transform)) {
         multiplyTransform(steps, stepCount);
+    }
 }
 
 template <int R, int C>
@@ -129,19 +133,22 @@ int LinearSystemT<R, C>::reduce(Step *steps)
         double const pivot = u(step.pivotRow, column);
         step.hasPivot = std::fabs(pivot) > epsilon;
         if (!step.hasPivot) {
-            for (int i = rank; i < R; ++i)
+            for (int i = rank; i < R; ++i) {
                 u(i, column) = 0.0;
+            }
             continue;
         }
-        if (step.pivotRow != rank)
+        if (step.pivotRow != rank) {
             pivotProduct = -pivotProduct;
+        }
         pivotProduct *= pivot;
         eliminate(column, step);
         applyToTransform(step);
         ++rank;
     }
-    if (rank >= (R > C ? R : C))
+    if (rank >= (R > C ? R : C)) {
         determinant = pivotProduct;
+    }
     return column;
 }
 
@@ -151,8 +158,9 @@ int LinearSystemT<R, C>::findPivotRow(int column, int firstRow) const
 {
     int best = firstRow;
     for (int i = firstRow + 1; i < R; ++i) {
-        if (std::fabs(u(i, column)) > std::fabs(u(best, column)))
+        if (std::fabs(u(i, column)) > std::fabs(u(best, column))) {
             best = i;
+        }
     }
     return best;
 }
@@ -162,19 +170,22 @@ template <int R, int C>
 void LinearSystemT<R, C>::eliminate(int column, Step &step)
 {
     int const row = step.row;
-    if (step.pivotRow != row)
+    if (step.pivotRow != row) {
         LinearSystemDetail::swapRows<R>(reduced + R * column, row, step.pivotRow, C - column);
+    }
 
     double const pivot = u(row, column);
     step.scale = 1.0 / pivot;
-    for (int c = column + 1; c < C; ++c)
+    for (int c = column + 1; c < C; ++c) {
         u(row, c) /= pivot;
+    }
     u(row, column) = 1.0;
 
     for (int i = row + 1; i < R; ++i) {
         double const factor = u(i, column);
-        for (int c = column + 1; c < C; ++c)
+        for (int c = column + 1; c < C; ++c) {
             u(i, c) -= u(row, c) * factor;
+        }
         u(i, column) = 0.0;
         step.multiples[i] = -factor * step.scale;
     }
@@ -185,12 +196,14 @@ template <int R, int C>
 void LinearSystemT<R, C>::applyToTransform(Step const &step)
 {
     int const row = step.row;
-    if (step.pivotRow != row)
+    if (step.pivotRow != row) {
         LinearSystemDetail::swapRows<R>(transform, row, step.pivotRow, R);
+    }
     for (int cell = 0; cell < R * R; cell += R) {
         double const value = transform[row + cell];
-        for (int i = row + 1; i < R; ++i)
+        for (int i = row + 1; i < R; ++i) {
             transform[i + cell] += step.multiples[i] * value;
+        }
         transform[row + cell] = 0.0 + step.scale * value; // a sum is never a negative zero
     }
 }
@@ -205,43 +218,51 @@ void LinearSystemT<R, C>::multiplyTransform(Step const *steps, int count)
         double operation[R * R];
         LinearSystemDetail::setIdentity<R>(operation);
         if (step->hasPivot) {
-            if (step->pivotRow != step->row)
+            if (step->pivotRow != step->row) {
                 LinearSystemDetail::swapRows<R>(operation, step->row, step->pivotRow, R);
+            }
             operation[step->row + R * step->pivotRow] = step->scale;
-            for (int i = step->row + 1; i < R; ++i)
+            for (int i = step->row + 1; i < R; ++i) {
                 operation[i + R * step->pivotRow] = step->multiples[i];
+            }
         }
         double product[R * R];
         for (int c = 0; c < R; ++c) {
             for (int r = 0; r < R; ++r) {
                 double sum = 0.0;
-                for (int k = 0; k < R; ++k)
+                for (int k = 0; k < R; ++k) {
                     sum += operation[r + R * k] * transform[k + R * c];
+                }
                 product[r + R * c] = sum;
             }
         }
-        for (int cell = 0; cell < R * R; ++cell)
+        for (int cell = 0; cell < R * R; ++cell) {
             transform[cell] = product[cell];
+        }
     }
 }
 
 template <int R, int C>
 int LinearSystemT<R, C>::solve(double const *rhs, double *solution, double *nullSpace) const
 {
-    for (int c = 0; c < C; ++c)
+    for (int c = 0; c < C; ++c) {
         solution[c] = 0.0;
-    for (int cell = 0; cell < C * C; ++cell)
+    }
+    for (int cell = 0; cell < C * C; ++cell) {
         nullSpace[cell] = 0.0;
+    }
 
     double y[R];
     for (int r = 0; r < R; ++r) {
         double sum = 0.0;
-        for (int k = 0; k < R; ++k)
+        for (int k = 0; k < R; ++k) {
             sum += transform[r + R * k] * rhs[k];
+        }
         y[r] = sum;
     }
-    if (!isConsistent(y))
+    if (!isConsistent(y)) {
         return -1;
+    }
 
     int freeColumns[C];
     int freeCount = 0;
@@ -252,8 +273,9 @@ int LinearSystemT<R, C>::solve(double const *rhs, double *solution, double *null
     };
     for (int row = rank - 1; row >= 0; --row) {
         int const pivotColumn = findPivotColumn(row, column);
-        while (column > pivotColumn)
+        while (column > pivotColumn) {
             takeFreeColumn();
+        }
         solution[column] = backSubstitute(row, column, y[row], solution, C);
         for (int t = 0; t < freeCount; ++t) {
             double *const nullVector = nullSpace + t * C;
@@ -262,8 +284,9 @@ int LinearSystemT<R, C>::solve(double const *rhs, double *solution, double *null
         }
         --column;
     }
-    while (column >= 0)
+    while (column >= 0) {
         takeFreeColumn();
+    }
     return freeCount;
 }
 
@@ -279,8 +302,9 @@ bool LinearSystemT<R, C>::isConsistent(double const *y) const
 {
     for (int i = R - 1; i >= rank; --i) {
         // residual of a row that the reduction found empty; not the epsilon of the pivots
-        if (std::fabs(y[i]) > 1e-12)
+        if (std::fabs(y[i]) > 1e-12) {
             return false;
+        }
     }
     return true;
 }
@@ -290,8 +314,9 @@ template <int R, int C>
 int LinearSystemT<R, C>::findPivotColumn(int row, int end) const
 {
     for (int column = 0; column < end; ++column) {
-        if (std::fabs(u(row, column)) > 1e-12) // a pivot is 1, what stands left of it is 0
+        if (std::fabs(u(row, column)) > 1e-12) { // a pivot is 1, what stands left of it is 0
             return column;
+        }
     }
     return end;
 }
@@ -303,8 +328,9 @@ double LinearSystemT<R, C>::backSubstitute(int row, int column, double value, do
 {
     double sum = 0.0;
     for (int j = column + 1; j < C; ++j) {
-        if (j != skip)
+        if (j != skip) {
             sum += known[j] * u(row, j);
+        }
     }
     return value - sum; // the pivot is exactly 1
 }

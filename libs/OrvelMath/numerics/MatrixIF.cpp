@@ -10,8 +10,9 @@ void MatrixIF::makeIdentity()
     makeNull();
     unsigned int size;
     getSize(size);
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < size; ++i) {
         setElement(i, i, 1.0);
+    }
 }
 
 bool MatrixIF::checkBounds(unsigned int index)

@@ -24,15 +24,17 @@ MatrixNXN::~MatrixNXN()
 
 double MatrixNXN::getElement(unsigned int row, unsigned int column)
 {
-    if (row < m_size && column < m_size)
+    if (row < m_size && column < m_size) {
         return m_elements[std::size_t(row) * m_size + column];
+    }
     return 0.0;
 }
 
 void MatrixNXN::setElement(unsigned int row, unsigned int column, double value)
 {
-    if (row < m_size && column < m_size)
+    if (row < m_size && column < m_size) {
         m_elements[std::size_t(row) * m_size + column] = value;
+    }
 }
 
 void MatrixNXN::getSize(unsigned int &size)
@@ -78,15 +80,17 @@ SymmetricMatrixNXN &SymmetricMatrixNXN::operator=(SymmetricMatrixNXN &&other) no
 
 double SymmetricMatrixNXN::getElement(unsigned int row, unsigned int column)
 {
-    if (row < m_size && column < m_size)
+    if (row < m_size && column < m_size) {
         return m_elements[calcIndex(row, column)];
+    }
     return 0.0;
 }
 
 void SymmetricMatrixNXN::setElement(unsigned int row, unsigned int column, double value)
 {
-    if (row < m_size && column < m_size)
+    if (row < m_size && column < m_size) {
         m_elements[calcIndex(row, column)] = value;
+    }
 }
 
 void SymmetricMatrixNXN::getSize(unsigned int &size)
@@ -107,8 +111,9 @@ void SymmetricMatrixNXN::makeNull()
 
 unsigned int SymmetricMatrixNXN::calcIndex(unsigned int i, unsigned int j)
 {
-    if (i > j)
+    if (i > j) {
         std::swap(i, j);
+    }
     // (i - 1) wraps for i = 0, and so does its product with 0 back to 0.
     unsigned int const rowBase = m_size * i - (((i - 1) * i) >> 1);
     return i == j ? rowBase : rowBase - i + j;

@@ -8,11 +8,13 @@ namespace {
 void normalize(double *vector, unsigned int size)
 {
     double sum = 0.0;
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < size; ++i) {
         sum += vector[i] * vector[i];
+    }
     double const length = std::sqrt(sum);
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < size; ++i) {
         vector[i] /= length;
+    }
 }
 
 } // namespace
@@ -25,8 +27,9 @@ PowerMethod::PowerMethod(MatrixIF *matrix, double accuracy)
     , m_iterations(0)
     , m_quality(0.0)
 {
-    if (!m_matrix)
+    if (!m_matrix) {
         return;
+    }
     unsigned int size;
     m_matrix->getSize(size);
     m_vector = new double[size];
@@ -44,10 +47,12 @@ PowerMethod::~PowerMethod()
 
 bool PowerMethod::iterate()
 {
-    if (!m_vector || !m_product || !m_matrix)
+    if (!m_vector || !m_product || !m_matrix) {
         return true;
-    if (m_iterations == 0)
+    }
+    if (m_iterations == 0) {
         drawStartVector();
+    }
     ++m_iterations;
     return step();
 }
@@ -76,8 +81,9 @@ void PowerMethod::drawStartVector()
 {
     unsigned int size;
     m_matrix->getSize(size);
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < size; ++i) {
         m_vector[i] = std::rand() * 3.0517578125e-5; // 1/32768
+    }
     normalize(m_vector, size);
 }
 
@@ -87,14 +93,16 @@ bool PowerMethod::step()
     m_matrix->getSize(size);
     for (unsigned int i = 0; i < size; ++i) {
         double sum = 0.0;
-        for (unsigned int j = 0; j < size; ++j)
+        for (unsigned int j = 0; j < size; ++j) {
             sum += m_matrix->getElement(i, j) * m_vector[j];
+        }
         m_product[i] = sum;
     }
 
     double dot = 0.0;
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < size; ++i) {
         dot += m_product[i] * m_vector[i];
+    }
     m_eigenvalue = dot;
     normalize(m_product, size);
 

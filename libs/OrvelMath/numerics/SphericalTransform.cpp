@@ -14,8 +14,9 @@ void transpose(double *grid, std::ptrdiff_t size)
         for (std::ptrdiff_t left = top; left < size; left += tile) {
             for (std::ptrdiff_t i = top; i < std::min(top + tile, size); ++i) {
                 const std::ptrdiff_t begin = std::max(left, i + 1);
-                for (std::ptrdiff_t j = begin; j < std::min(left + tile, size); ++j)
+                for (std::ptrdiff_t j = begin; j < std::min(left + tile, size); ++j) {
                     std::swap(grid[i * size + j], grid[j * size + i]);
+                }
             }
         }
     }
@@ -53,9 +54,10 @@ void computeFSTSlow(double *rdata, double *idata, double *rcoeffs, double *icoef
     const Workspace w(workspace, size);
 
     generateRoots(w.rootsRe, w.rootsIm, n);
-    for (std::ptrdiff_t row = 0; row < size; ++row)
+    for (std::ptrdiff_t row = 0; row < size; ++row) {
         computeInverseFFT(rdata + row * size, idata + row * size, w.gridRe + row * size,
                           w.gridIm + row * size, n, w.rootsRe, w.rootsIm, w.fourierScratch);
+    }
     transpose(w.gridRe, size);
     transpose(w.gridIm, size);
 
@@ -72,8 +74,9 @@ void computeFSTSlow(double *rdata, double *idata, double *rcoeffs, double *icoef
         rcoeffs += bandwidth - m;
         icoeffs += bandwidth - m;
     }
-    if (realData)
+    if (realData) {
         return;
+    }
     for (int m = bandwidth - 1; m >= 1; --m) {
         int const count = bandwidth - m;
         transformRow(size - m, m);

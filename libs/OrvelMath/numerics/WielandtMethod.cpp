@@ -10,8 +10,9 @@ unsigned int indexOfLargest(double const *v, unsigned int size)
 {
     unsigned int largest = 0;
     for (unsigned int i = 1; i < size; ++i) {
-        if (std::fabs(v[i]) > std::fabs(v[largest]))
+        if (std::fabs(v[i]) > std::fabs(v[largest])) {
             largest = i;
+        }
     }
     return largest;
 }
@@ -21,8 +22,9 @@ void copyWithoutPivot(MatrixIF &full, unsigned int pivot, MatrixIF &reduced)
 {
     unsigned int size;
     reduced.getSize(size);
-    if (pivot >= size)
+    if (pivot >= size) {
         return;
+    }
     for (unsigned int i = 0; i < size; ++i) {
         unsigned int const row = i < pivot ? i : i + 1;
         for (unsigned int j = 0; j < size; ++j) {
@@ -49,13 +51,15 @@ WielandtMethod::WielandtMethod(MatrixIF *matrix, double lambda, double *eigenvec
     m_pivot = indexOfLargest(v, size);
 
     m_rowVector = new double[size];
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < size; ++i) {
         m_rowVector[i] = matrix->getElement(m_pivot, i) / (v[m_pivot] * lambda);
+    }
 
     MatrixNXN deflated(size);
     for (unsigned int i = 0; i < size; ++i) {
-        for (unsigned int j = 0; j < size; ++j)
+        for (unsigned int j = 0; j < size; ++j) {
             deflated.setElement(i, j, matrix->getElement(i, j) - v[i] * lambda * m_rowVector[j]);
+        }
     }
     m_deflatedMatrix = new MatrixNXN(size - 1);
     copyWithoutPivot(deflated, m_pivot, *m_deflatedMatrix);
@@ -96,8 +100,9 @@ MatrixIF *WielandtMethod::getDeflatedMatrix()
 
 double *WielandtMethod::getEigenvector()
 {
-    if (m_eigenvectorDone)
+    if (m_eigenvectorDone) {
         return m_eigenvector;
+    }
 
     unsigned int reducedSize;
     m_deflatedMatrix->getSize(reducedSize);
@@ -113,16 +118,18 @@ double *WielandtMethod::getEigenvector()
     std::copy(y + m_pivot, y + reducedSize, w + m_pivot + 1);
 
     double dot = 0.0;
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < size; ++i) {
         dot += m_rowVector[i] * w[i];
+    }
     double squaredLength = 0.0;
     for (unsigned int i = 0; i < size; ++i) {
         w[i] = (mu - lambda) * w[i] + lambda * dot * m_knownEigenvector[i];
         squaredLength += w[i] * w[i];
     }
     double const length = std::sqrt(squaredLength);
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < size; ++i) {
         w[i] /= length;
+    }
 
     m_eigenvector = w;
     m_eigenvectorDone = true;

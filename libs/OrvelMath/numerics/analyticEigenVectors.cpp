@@ -12,8 +12,9 @@ using Vector = vectorC3d<double>;
 Matrix shifted(Matrix const &matrix, double value)
 {
     Matrix m = matrix;
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         m(i, i) -= value;
+    }
     return m;
 }
 
@@ -24,16 +25,18 @@ Vector findEigenvalues(Matrix const &matrix)
     const Matrix b = shifted(matrix, q);
     double const r = LinearSystemT<3, 3>(b.data(), 1e-12).determinant * 0.5;
     double sum = 0.0;
-    for (int cell = 0; cell < 9; ++cell)
+    for (int cell = 0; cell < 9; ++cell) {
         sum += b[cell] * b[cell];
+    }
     double const p = sum / 6.0;
 
     double const scale = std::pow(p, 1.5);
     double phi = std::acos(r / scale) * 0.3333333333333333;
-    if (std::fabs(r) >= std::fabs(scale))
+    if (std::fabs(r) >= std::fabs(scale)) {
         phi = 0.0;
-    else if (phi < 0.0)
+    } else if (phi < 0.0) {
         phi += 1.0471975511965976; // 60 degrees
+    }
 
     double const radius = std::sqrt(p);
     double const cosine = std::cos(phi);
@@ -56,8 +59,9 @@ bool EigenVectorAlgorithms::analytic(matrixC3x3<double> const &matrix, Result &r
         double const zero[3] = {0.0, 0.0, 0.0};
         double solution[3], nullSpace[9];
         int const dimension = system.solve(zero, solution, nullSpace);
-        if (dimension < 1 || found + dimension > 3)
+        if (dimension < 1 || found + dimension > 3) {
             return false;
+        }
         for (int t = 0; t < dimension; ++t) {
             const Vector v(nullSpace[3 * t], nullSpace[3 * t + 1], nullSpace[3 * t + 2]);
             eigenvectors[found + t] = v / v.length();

@@ -17,12 +17,14 @@ public:
 
     bool run()
     {
-        if (!fillDiagonal())
+        if (!fillDiagonal()) {
             return false;
+        }
         for (int pivot = 0; pivot < 3; ++pivot) {
             for (int row = 0; row < 3; ++row) {
-                if (row != pivot && !eliminate(row, pivot))
+                if (row != pivot && !eliminate(row, pivot)) {
                     return false;
+                }
             }
         }
         scaleRows();
@@ -48,13 +50,16 @@ private:
     bool fillDiagonal()
     {
         for (int i = 0; i < 3; ++i) {
-            if (m_matrix(i, i) != 0.0)
+            if (m_matrix(i, i) != 0.0) {
                 continue;
+            }
             int row = 0;
-            while (row < 3 && m_matrix(row, i) == 0.0)
+            while (row < 3 && m_matrix(row, i) == 0.0) {
                 ++row;
-            if (row == 3)
+            }
+            if (row == 3) {
                 return false;
+            }
             addRow(i, 1.0, row);
         }
         return true;
@@ -64,8 +69,9 @@ private:
     bool startsAt(int row, int column) const
     {
         for (int c = 0; c < column; ++c) {
-            if (m_matrix(row, c) != 0.0)
+            if (m_matrix(row, c) != 0.0) {
                 return false;
+            }
         }
         return m_matrix(row, column) != 0.0;
     }
@@ -74,23 +80,27 @@ private:
     {
         if (m_matrix(pivot, pivot) == 0.0) {
             int helper = pivot + 1;
-            while (helper < 3 && !startsAt(helper, pivot))
+            while (helper < 3 && !startsAt(helper, pivot)) {
                 ++helper;
-            if (helper >= 3)
+            }
+            if (helper >= 3) {
                 return false;
+            }
             addRow(pivot, 1.0, helper);
         }
         double const factor = -m_matrix(row, pivot) / m_matrix(pivot, pivot);
-        if (std::fabs(factor) > 1e-12) // a ratio of two elements
+        if (std::fabs(factor) > 1e-12) { // a ratio of two elements
             addRow(row, factor, pivot);
+        }
         return true;
     }
 
     void scaleRows()
     {
         for (int i = 0; i < 3; ++i) {
-            if (m_matrix(i, i) == 1.0)
+            if (m_matrix(i, i) == 1.0) {
                 continue;
+            }
             double const factor = 1.0 / m_matrix(i, i);
             for (int c = 0; c < 3; ++c) {
                 m_matrix(i, c) = snapped(m_matrix(i, c) * factor);
@@ -111,8 +121,9 @@ vectorC3d<double> iteratePowers(matrixC3x3<double> const &matrix)
         vectorC3d<double> const u = w / w.length();
         double const step = (v - u).length();
         v = u;
-        if (step < 1e-7) // distance of successive unit vectors
+        if (step < 1e-7) { // distance of successive unit vectors
             break;
+        }
     }
     return v;
 }
@@ -123,8 +134,9 @@ bool EigenVectorAlgorithms::power(matrixC3x3<double> const &matrix, Result &resu
 {
     result.first = iteratePowers(matrix);
     Inversion inversion(matrix);
-    if (!inversion.run())
+    if (!inversion.run()) {
         return false;
+    }
     result.second = iteratePowers(inversion.inverse());
     result.values[0] = (matrix * result.second).length();
     result.values[1] = (matrix * result.first.cross(result.second)).length();

@@ -13,8 +13,9 @@ Matrix transposed(Matrix const &m)
 {
     Matrix t;
     for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
+        for (int column = 0; column < 3; ++column) {
             t(column, row) = m(row, column);
+        }
     }
     return t;
 }
@@ -23,8 +24,9 @@ Matrix transposed(Matrix const &m)
 Matrix reduce(Matrix const &a, Matrix &basis)
 {
     double alpha = -std::sqrt(a(1, 0) * a(1, 0) + a(2, 0) * a(2, 0));
-    if (a(1, 0) < 0.0)
+    if (a(1, 0) < 0.0) {
         alpha = -alpha;
+    }
 
     basis = Matrix::identity();
     if (std::fabs(alpha) < 1e-8) { // length of the column below the diagonal
@@ -35,8 +37,9 @@ Matrix reduce(Matrix const &a, Matrix &basis)
     const Vector u(0.0, a(1, 0) - alpha, a(2, 0));
     double const h = (u[1] * u[1] + u[2] * u[2]) * 0.5;
     for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
+        for (int column = 0; column < 3; ++column) {
             basis(row, column) -= u[row] * u[column] / h;
+        }
     }
     return basis * a * basis;
 }
@@ -44,8 +47,9 @@ Matrix reduce(Matrix const &a, Matrix &basis)
 void snapSmallCells(Matrix &h)
 {
     for (int cell = 0; cell < 9; ++cell) {
-        if (h[cell] * h[cell] < 1.0000000000000001e-16) // a squared element
+        if (h[cell] * h[cell] < 1.0000000000000001e-16) { // a squared element
             h[cell] = 0.0;
+        }
     }
 }
 
@@ -61,8 +65,9 @@ double findShift(Matrix const &h)
         (h(0, 0) >= h(2, 2) ? 4 : 0) + (h(2, 2) >= h(1, 1) ? 2 : 0) + (h(1, 1) >= h(0, 0) ? 1 : 0);
     int const i = order[code][0];
     int const j = order[code][1];
-    if (i < 0)
+    if (i < 0) {
         return 0.0;
+    }
 
     double const b = h(i, i);
     double const a = h(j, j);
@@ -77,8 +82,9 @@ double findShift(Matrix const &h)
 
 void addToDiagonal(Matrix &h, double value)
 {
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         h(i, i) += value;
+    }
 }
 
 /// Turns rows `row` and row + 1 of `h` so that the element below the diagonal vanishes (J. W.
@@ -86,15 +92,18 @@ void addToDiagonal(Matrix &h, double value)
 bool rotateRows(Matrix &h, int row, Matrix &rotation)
 {
     rotation = Matrix::identity();
-    if (std::fabs(h(row + 1, row)) < 1e-8) // the element that should vanish
+    if (std::fabs(h(row + 1, row)) < 1e-8) { // the element that should vanish
         return true;
+    }
     double const x = h(row, row);
     double const y = h(row + 1, row);
     double r = std::sqrt(x * x + y * y);
-    if (x < 0.0)
+    if (x < 0.0) {
         r = -r;
-    if (r == 0.0)
+    }
+    if (r == 0.0) {
         return false;
+    }
     double const c = x / r;
     double const s = -y / r;
     rotation(row, row) = rotation(row + 1, row + 1) = c;
@@ -114,8 +123,9 @@ double sumOffDiagonal(Matrix const &h)
     double sum = 0.0;
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
-            if (row != column)
+            if (row != column) {
                 sum += std::fabs(h(row, column));
+            }
         }
     }
     return sum;
@@ -130,20 +140,25 @@ bool diagonalize(Matrix &h, Matrix &basis, Vector &eigenvalues)
         addToDiagonal(h, -shift);
 
         Matrix first, second;
-        if (!rotateRows(h, 0, first) || !rotateRows(h, 1, second))
+        if (!rotateRows(h, 0, first) || !rotateRows(h, 1, second)) {
             return false;
-        for (int i = 0; i < 3; ++i)
+        }
+        for (int i = 0; i < 3; ++i) {
             eigenvalues[i] = h(i, i) + shift;
+        }
 
         const Matrix back = transposed(second * first);
         h = h * back;
         basis = basis * back;
-        if (shift > 0.0)
+        if (shift > 0.0) {
             addToDiagonal(h, shift);
-        if (counter < 1)
+        }
+        if (counter < 1) {
             return true;
-        if (!(sumOffDiagonal(h) > 1e-8)) // sum of six magnitudes
+        }
+        if (!(sumOffDiagonal(h) > 1e-8)) { // sum of six magnitudes
             return true;
+        }
     }
 }
 
@@ -154,18 +169,21 @@ bool EigenVectorAlgorithms::shiftedQR(matrixC3x3<double> const &matrix, Result &
     Matrix basis;
     Matrix h = reduce(matrix, basis);
     Vector eigenvalues;
-    if (!diagonalize(h, basis, eigenvalues))
+    if (!diagonalize(h, basis, eigenvalues)) {
         return false;
+    }
 
     Vector magnitudes;
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         magnitudes[i] = std::fabs(eigenvalues[i]);
+    }
     int largest = magnitudes[0] > magnitudes[1] ? 0 : 1;
     int smallest = 1 - largest;
-    if (magnitudes[smallest] > magnitudes[2])
+    if (magnitudes[smallest] > magnitudes[2]) {
         smallest = 2;
-    else if (magnitudes[2] >= magnitudes[largest])
+    } else if (magnitudes[2] >= magnitudes[largest]) {
         largest = 2;
+    }
 
     result.first = basis.axis(largest);
     result.second = basis.axis(smallest);

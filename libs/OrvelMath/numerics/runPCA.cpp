@@ -49,8 +49,9 @@ void runPCA(double &value1, double &centerX, Point3D &axis1, double &value2, dou
             Point3D &axis2, double &value3, double &centerZ, Point3D &axis3,
             PValOrderedVector<Point3D> const &points)
 {
-    if (points.size() < 3)
+    if (points.size() < 3) {
         return;
+    }
     const Point3D mean = findMean(points);
     centerX = mean.x();
     centerY = mean.y();

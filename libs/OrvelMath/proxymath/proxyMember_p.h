@@ -20,8 +20,9 @@ T parameter(proxyAutoTypeCastC const &cast, bool lenient)
     } else {
         T value{};
         const mzComVariantC variant = cast.getVariant().toSkalarValue();
-        if (variant.getUserData(proxyValueTypeId<T>(), &value) != mzUserDataOk)
+        if (variant.getUserData(proxyValueTypeId<T>(), &value) != mzUserDataOk) {
             proxyObjectC::throwAutoTypeCastException();
+        }
         return value;
     }
 }
@@ -35,8 +36,9 @@ inline void setResult(proxyAutoTypeCastC &result, double value)
 inline void setResult(proxyAutoTypeCastC &result, proxyObjectC *object)
 {
     mzComPtrT<mzIUnknown> pointer;
-    if (object != nullptr)
+    if (object != nullptr) {
         object->queryInterface(mzIUnknown::IID(), pointer);
+    }
     result.set<mzComPtrT<mzIUnknown>>(pointer);
 }
 

@@ -33,8 +33,9 @@ template <typename T>
 bool read(void *value, mzComDataStreamC &stream)
 {
     T &target = *static_cast<T *>(value);
-    for (int i = 0; i < doubleCount<T>; ++i)
+    for (int i = 0; i < doubleCount<T>; ++i) {
         stream >> target[i];
+    }
     return stream.isOk();
 }
 
@@ -42,8 +43,9 @@ template <typename T>
 bool write(void const *value, mzComDataStreamC &stream)
 {
     const T &source = *static_cast<const T *>(value);
-    for (int i = 0; i < doubleCount<T>; ++i)
+    for (int i = 0; i < doubleCount<T>; ++i) {
         stream << source[i];
+    }
     return true;
 }
 

@@ -24,7 +24,8 @@ template <typename T>
 int proxyValueTypeId()
 {
     mzComValueMarshalS *record = proxyValueRecord<T>();
-    if (__atomic_load_n(&record->id, __ATOMIC_ACQUIRE) == 0)
+    if (__atomic_load_n(&record->id, __ATOMIC_ACQUIRE) == 0) {
         mzComVariantC::registerValueType(record);
+    }
     return __atomic_load_n(&record->id, __ATOMIC_ACQUIRE);
 }

@@ -34,13 +34,17 @@ prxVector2dC *prxMathFactoryC::createVec2d() const
 
 proxyObjectC *prxMathFactoryC::create(mzComStringC const &name) const
 {
-    if (name == "matrix3x3")
+    if (name == "matrix3x3") {
         return createMat3x3();
-    if (name == "matrix4x4")
+    }
+    if (name == "matrix4x4") {
         return createMat4x4();
-    if (name == "vector3d")
+    }
+    if (name == "vector3d") {
         return createVec3d();
-    if (name == "vector2d")
+    }
+    if (name == "vector2d") {
         return createVec2d();
+    }
     return nullptr;
 }

@@ -37,8 +37,9 @@ prxMatrix3x3C *prxMatrix3x3C::inv3x3() const
     matrixC3x3<double> const matrix = getValue();
     matrixC3x3<double> transposed;
     for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
+        for (int column = 0; column < 3; ++column) {
             transposed(row, column) = matrix(column, row);
+        }
     }
     return new prxMatrix3x3C(transposed);
 }
@@ -87,8 +88,9 @@ prxMatrix3x3C *prxMatrix3x3C::rotAngle(double a, double b, double c)
     const RotationColumns rotation = rotationAboutAxes(a, b, c);
     prxValWrapperC edit = value();
     for (int column = 0; column < 3; ++column) {
-        for (int row = 0; row < 3; ++row)
+        for (int row = 0; row < 3; ++row) {
             edit->operator()(row, column) = rotation.column[column][row];
+        }
     }
     return this;
 }

@@ -36,8 +36,9 @@ matrixC4x4<double> homogeneous(RotationColumns const &rotation)
 {
     matrixC4x4<double> matrix;
     for (int column = 0; column < 3; ++column) {
-        for (int row = 0; row < 3; ++row)
+        for (int row = 0; row < 3; ++row) {
             matrix(row, column) = rotation.column[column][row];
+        }
     }
     matrix(3, 3) = 1.0;
     return matrix;
@@ -74,8 +75,9 @@ prxMatrix4x4C *prxMatrix4x4C::inv4x4() const
     matrixC4x4<double> const matrix = getValue();
     matrixC4x4<double> inverse = matrix; // keeps the fourth row
     for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
+        for (int column = 0; column < 3; ++column) {
             inverse(row, column) = matrix(column, row);
+        }
     }
     inverse.setAxis(3, vectorC3d<double>());
     inverse.setAxis(3, inverse * matrix.axis(3) * -1.0);

@@ -27,8 +27,9 @@ public:
         prxValWrapperC &operator=(prxValWrapperC const &) = delete;
         ~prxValWrapperC()
         {
-            if (m_dirty)
+            if (m_dirty) {
                 m_owner->setValue(m_value);
+            }
             m_owner->release();
         }
 

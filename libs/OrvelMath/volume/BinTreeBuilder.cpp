@@ -17,8 +17,9 @@ constexpr int unknownHistory = 3;
 bool cellHolds(Box const &cell, Box const &box)
 {
     for (int q = 0; q < 3; ++q) {
-        if (!(cell.first[q] <= box.first[q] && cell.second[q] >= box.second[q]))
+        if (!(cell.first[q] <= box.first[q] && cell.second[q] >= box.second[q])) {
             return false;
+        }
     }
     return true;
 }
@@ -36,8 +37,9 @@ BinTreeBuilder::BinTreeBuilder(Box const &wholeBox, double smallestHalfExtent, B
     BinTreeNode<int> *node = root;
     for (;;) {
         // The caller is bound to give boxes with which this loop ends.
-        while (!getOrCreateChildren(node))
+        while (!getOrCreateChildren(node)) {
             std::this_thread::yield();
+        }
         if (cellHolds(node->children[0]->bounds, contentBounds)) {
             node = node->children[0];
         } else if (cellHolds(node->children[1]->bounds, contentBounds)) {
@@ -87,20 +89,23 @@ void BinTreeBuilder::createNode(BinTreeNode<int> *parent, int side)
     double const m = (parent->bounds.first[a] + parent->bounds.second[a]) * 0.5;
     BinTreeNode<int> *const node = new (arena.allocateAligned(sizeof(BinTreeNode<int>)))
         BinTreeNode<int>{parent->bounds, parent, {nullptr, nullptr}, axis == 3 ? 1 : axis + 1};
-    if (side == 0)
+    if (side == 0) {
         node->bounds.second[a] = m;
-    else
+    } else {
         node->bounds.first[a] = m;
+    }
     parent->children[side] = node;
 }
 
 bool BinTreeBuilder::getOrCreateChildren(BinTreeNode<int> *node)
 {
-    if (node->children[0] && node->children[1])
+    if (node->children[0] && node->children[1]) {
         return true;
+    }
     int const a = node->axis() - 1;
-    if (resolution > (node->bounds.second[a] - node->bounds.first[a]) * 0.5)
+    if (resolution > (node->bounds.second[a] - node->bounds.first[a]) * 0.5) {
         return false;
+    }
     createNode(node, 0);
     createNode(node, 1);
     return true;
@@ -113,8 +118,9 @@ void BinTreeBuilder::addTriangle(vectorC3d<double> const &a, vectorC3d<double> c
     const MatUtil::TriangleCuboidIntersector intersector(a, b, c);
     const MatUtil::TriangleCuboidIntersectionType type = intersector.intersect(
         top->bounds.first, top->bounds.second, unknownHistory, MatUtil::TriangleCuboidDisjoint);
-    if (type == MatUtil::TriangleCuboidDisjoint)
+    if (type == MatUtil::TriangleCuboidDisjoint) {
         return;
+    }
     if (!getOrCreateChildren(top)) {
         top->data |= BinTreeNode<int>::boundaryBit;
         return;
@@ -131,8 +137,9 @@ void BinTreeBuilder::addTriangleRec(MatUtil::TriangleCuboidIntersector const &in
     for (;;) {
         const MatUtil::TriangleCuboidIntersectionType type =
             intersector.intersect(node->bounds.first, node->bounds.second, axis, previous);
-        if (type == MatUtil::TriangleCuboidDisjoint)
+        if (type == MatUtil::TriangleCuboidDisjoint) {
             return;
+        }
         if (!getOrCreateChildren(node)) {
             node->data |= BinTreeNode<int>::boundaryBit;
             return;

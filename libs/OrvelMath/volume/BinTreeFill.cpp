@@ -12,8 +12,9 @@ SpanRelation relateSpans(double pMin, double pMax, double qMin, double qMax, dou
     bool const pBeginsLater = pMin > qMin;
     double const lo = pBeginsLater ? pMin : qMin;
     double const hi = pBeginsLater ? qMax : pMax;
-    if (lo - band > hi)
+    if (lo - band > hi) {
         return SpanRelation::Apart;
+    }
     return hi > lo + band ? SpanRelation::Overlap : SpanRelation::Touching;
 }
 
@@ -48,8 +49,9 @@ bool BinTreeBuilder::areNeighbors(BinTreeNode<int> *p, BinTreeNode<int> *q) cons
 void BinTreeBuilder::findOuterArea()
 {
     BinTreeNode<int> *corner = root;
-    while (!corner->isLeaf())
+    while (!corner->isLeaf()) {
         corner = corner->children[0];
+    }
     corner->data |= BinTreeNode<int>::outerBit;
 
     Frontier frontier;

@@ -15,8 +15,9 @@ void BinTreeBuilder::condenseRec(BinTreeNode<int> *top)
 {
     BinTreeNode<int> *node = top;
     for (;;) {
-        while (!node->isLeaf())
+        while (!node->isLeaf()) {
             node = node->children[0];
+        }
         // The subtree of `node` is done; so is that of every parent reached from an upper half.
         while (node != top && node == node->parent->children[1]) {
             node = node->parent;
@@ -29,8 +30,9 @@ void BinTreeBuilder::condenseRec(BinTreeNode<int> *top)
                 node->children[1] = nullptr;
             }
         }
-        if (node == top)
+        if (node == top) {
             return;
+        }
         node = node->parent->children[1];
     }
 }
@@ -38,8 +40,9 @@ void BinTreeBuilder::condenseRec(BinTreeNode<int> *top)
 void BinTreeBuilder::dumpXYZ(QString const &fileName)
 {
     QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         return;
+    }
     QTextStream stream(&file);
     dumpXYZRec(stream, root);
 }
@@ -99,13 +102,16 @@ void BinTreeBuilder::importBits(unsigned char const *bytes)
             createNode(node, 0);
             node = node->children[0];
         }
-        if (!readBit())
+        if (!readBit()) {
             node->data |= BinTreeNode<int>::outerBit;
+        }
         // On to the nearest upper half that is still to be read.
-        while (node != root && node != node->parent->children[0])
+        while (node != root && node != node->parent->children[0]) {
             node = node->parent;
-        if (node == root)
+        }
+        if (node == root) {
             return;
+        }
         node = node->parent;
         createNode(node, 1);
         node = node->children[1];

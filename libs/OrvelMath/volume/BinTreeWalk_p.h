@@ -11,8 +11,9 @@ inline BinTreeNode<int> *nextAfterSubtree(BinTreeNode<int> *node, BinTreeNode<in
 {
     while (node != top) {
         BinTreeNode<int> *const parent = node->parent;
-        if (node == parent->children[0])
+        if (node == parent->children[0]) {
             return parent->children[1];
+        }
         node = parent;
     }
     return nullptr;

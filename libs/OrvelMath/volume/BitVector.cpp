@@ -9,8 +9,9 @@ bool isWholeTree(BitView const &bits, quint64 bitCount, quint64 *leafCount)
     quint64 openNodes = 1; // announced by the bits so far, but not read yet
     while (openNodes > 0) {
         // Every open node takes at least two bits.
-        if (openNodes > (bitCount - index) / 2)
+        if (openNodes > (bitCount - index) / 2) {
             return false;
+        }
         bool const inner = (bits.bytes[index / 8] >> index % 8 & 1) != 0;
         if (inner) {
             index += 1;
@@ -21,10 +22,12 @@ bool isWholeTree(BitView const &bits, quint64 bitCount, quint64 *leafCount)
             leaves += 1;
         }
     }
-    if (index != bitCount)
+    if (index != bitCount) {
         return false;
-    if (leafCount)
+    }
+    if (leafCount) {
         *leafCount = leaves;
+    }
     return true;
 }
 

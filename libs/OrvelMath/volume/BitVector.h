@@ -27,10 +27,12 @@ struct SimpleBitVector
     /// Adds one bit at the end. Amortised constant time.
     void append(bool bit)
     {
-        if (bitCount / 8 >= bytes.size())
+        if (bitCount / 8 >= bytes.size()) {
             bytes.push_back(0);
-        if (bit)
+        }
+        if (bit) {
             bytes.back() = static_cast<unsigned char>(bytes.back() | 1U << bitCount % 8);
+        }
         ++bitCount;
     }
 };

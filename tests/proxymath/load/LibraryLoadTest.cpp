@@ -19,8 +19,9 @@ const Names allClasses = {"prxVector3dC", "prxVector2dC", "prxMatrix3x3C", "prxM
 Names knownClasses()
 {
     Names names;
-    for (proxyMemberDescListS const *list : proxyFactoryC::instance().classes())
+    for (proxyMemberDescListS const *list : proxyFactoryC::instance().classes()) {
         names.push_back(list->name);
+    }
     return names;
 }
 
@@ -56,8 +57,9 @@ public:
     static bool isLoaded()
     {
         void *handle = dlopen(ORVELMATH_LIBRARY, RTLD_NOW | RTLD_NOLOAD);
-        if (handle != nullptr)
+        if (handle != nullptr) {
             dlclose(handle);
+        }
         return handle != nullptr;
     }
 
