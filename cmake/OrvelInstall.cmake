@@ -27,6 +27,23 @@ install(FILES
     "${CMAKE_CURRENT_BINARY_DIR}/OrvelMathConfigVersion.cmake"
     DESTINATION ${config_dir})
 
+# The second library is a package of its own, which asks for the first.
+if(TARGET OrvelExact)
+    set(exact_config_dir "${CMAKE_INSTALL_LIBDIR}/cmake/OrvelExact")
+    install(TARGETS OrvelExact EXPORT OrvelExactTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    install(EXPORT OrvelExactTargets NAMESPACE OrvelExact:: DESTINATION ${exact_config_dir})
+    install(DIRECTORY libs/OrvelExact DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
+    configure_package_config_file(cmake/OrvelExactConfig.cmake.in OrvelExactConfig.cmake
+        INSTALL_DESTINATION ${exact_config_dir})
+    write_basic_package_version_file(OrvelExactConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+    install(FILES
+        "${CMAKE_CURRENT_BINARY_DIR}/OrvelExactConfig.cmake"
+        "${CMAKE_CURRENT_BINARY_DIR}/OrvelExactConfigVersion.cmake"
+        DESTINATION ${exact_config_dir})
+endif()
+
 configure_file(cmake/OrvelMath.pc.in OrvelMath.pc @ONLY)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/OrvelMath.pc"
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
