@@ -3,10 +3,13 @@
 #pragma once
 
 #include <OrvelMath/base/Point2D.h>
-
-#include <cmath>
+#include <OrvelMath/geom2d/planeVectors_p.h>
 
 namespace concav2d {
+
+using planeVectors::distance;
+using planeVectors::length;
+using planeVectors::turned;
 
 constexpr double radiansPerDegree = 0.017453292519943295;
 
@@ -33,25 +36,5 @@ struct Sweep
 /// Counter-clockwise sweep of the arc p0, p1, p2 about its centre; tol in degrees.
 Sweep arcSweep(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &centre,
                double tol);
-
-inline double distance(Point2D const &p, Point2D const &q)
-{
-    double const dx = p.x() - q.x();
-    double const dy = p.y() - q.y();
-    return std::sqrt(dx * dx + dy * dy);
-}
-
-inline double length(Point2D const &v)
-{
-    return std::sqrt(v.x() * v.x() + v.y() * v.y());
-}
-
-/// The vector turned counter-clockwise by an angle in radians.
-inline Point2D turned(Point2D const &v, double angle)
-{
-    double const c = std::cos(angle);
-    double const s = std::sin(angle);
-    return Point2D(c * v.x() - s * v.y(), s * v.x() + c * v.y());
-}
 
 } // namespace concav2d

@@ -7,5 +7,8 @@
 /// first rounded to a grid of that width.
 #pragma once
 
+#include <OrvelMath/geom2d/construct2d_apollonius.h>
+#include <OrvelMath/geom2d/construct2d_arcs.h>
 #include <OrvelMath/geom2d/construct2d_crossings.h>
+#include <OrvelMath/geom2d/construct2d_fillets.h>
 #include <OrvelMath/geom2d/construct2d_tangents.h>

@@ -1,4 +1,4 @@
-#include <OrvelMath/geom2d/construct2d_tangents.h>
+#include <OrvelMath/geom2d/construct2d_apollonius.h>
 
 #include <OrvelMath/geom2d/construct2d_crossings.h>
 

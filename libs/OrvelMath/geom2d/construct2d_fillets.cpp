@@ -1,12 +1,15 @@
-#include <OrvelMath/geom2d/construct2d_tangents.h>
+#include <OrvelMath/geom2d/construct2d_fillets.h>
 
 #include <OrvelMath/geom2d/concav2d_lines.h>
+#include <OrvelMath/geom2d/construct2d_arcs.h>
 #include <OrvelMath/geom2d/construct2d_crossings.h>
-#include <OrvelMath/geom2d/construct2d_p.h>
+#include <OrvelMath/geom2d/planeVectors_p.h>
 
 #include <cmath>
 
 namespace {
+
+using planeVectors::combined;
 
 /// The step of length r that leads from a line of direction d to its parallel on the side chosen.
 Point2D offset(Point2D const &d, double r, int side)

@@ -1,12 +1,14 @@
 #include <OrvelMath/geom2d/construct2d_tangents.h>
 
 #include <OrvelMath/geom2d/construct2d_crossings.h>
-#include <OrvelMath/geom2d/construct2d_p.h>
+#include <OrvelMath/geom2d/planeVectors_p.h>
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
+
+using planeVectors::combined;
 
 /// Two circles in the frame of their centre line.
 struct CirclePair
