@@ -65,11 +65,11 @@ template <int S>
 inline PairMask edgeAxesMeet(Lanes<S> const &e, Lanes<S> const &end, Lanes<S> const &apex,
                              Lanes<S> const &half)
 {
-    const Pair p = e.others * end.split - e.split * end.others;
-    const Pair q = e.others * apex.split - e.split * apex.others;
-    const Pair radius = magnitude(e.others) * half.split + magnitude(e.split) * half.others;
-    const Pair lo = lesserOr(p, q);
-    const Pair hi = greaterOr(q, p);
+    Pair const p = e.others * end.split - e.split * end.others;
+    Pair const q = e.others * apex.split - e.split * apex.others;
+    Pair const radius = magnitude(e.others) * half.split + magnitude(e.split) * half.others;
+    Pair const lo = lesserOr(p, q);
+    Pair const hi = greaterOr(q, p);
     return (radius >= lo) & (hi >= -radius);
 }
 
@@ -79,17 +79,17 @@ inline PairMask edgeAxesMeet(Lanes<S> const &e, Lanes<S> const &end, Lanes<S> co
 template <int S>
 inline bool planeSeparates(Lanes<S> const &n, Lanes<S> const &v, Lanes<S> const &half)
 {
-    const Pair zero{0.0, 0.0};
-    const Pair cornerSplit = negatedWhere(n.split > zero, half.split);
-    const Pair cornerOthers = negatedWhere(n.others > zero, half.others);
-    const Pair vSplit = negatedWhere(PairMask{0, -1}, v.split);
-    const Pair lowestOthers = n.others * (cornerOthers - v.others);
-    const Pair highestOthers = n.others * (cornerOthers + v.others);
-    const Pair split = n.split * (cornerSplit - vSplit);
-    const Pair first{lowestOthers[0], highestOthers[0]};
-    const Pair second{lowestOthers[1], highestOthers[1]};
+    Pair const zero{0.0, 0.0};
+    Pair const cornerSplit = negatedWhere(n.split > zero, half.split);
+    Pair const cornerOthers = negatedWhere(n.others > zero, half.others);
+    Pair const vSplit = negatedWhere(PairMask{0, -1}, v.split);
+    Pair const lowestOthers = n.others * (cornerOthers - v.others);
+    Pair const highestOthers = n.others * (cornerOthers + v.others);
+    Pair const split = n.split * (cornerSplit - vSplit);
+    Pair const first{lowestOthers[0], highestOthers[0]};
+    Pair const second{lowestOthers[1], highestOthers[1]};
     // Summed in the order x, y, z.
-    const Pair sum = S == 0   ? split + first + second
+    Pair const sum = S == 0   ? split + first + second
                      : S == 1 ? first + split + second
                               : first + second + split;
     return answerBits(sum > zero) != 0;
@@ -136,14 +136,14 @@ struct CentredScene
 bool triangleIntersectsCuboid(Vector const &a, Vector const &b, Vector const &c,
                               Vector const &minCorner, Vector const &maxCorner)
 {
-    const Vector centre = (minCorner + maxCorner) * 0.5;
-    const Vector h = (maxCorner - minCorner) * 0.5;
-    const Vector va = a - centre;
-    const Vector vb = b - centre;
-    const Vector vc = c - centre;
-    const Vector ab = vb - va;
-    const Vector bc = vc - vb;
-    const Vector ca = va - vc;
+    Vector const centre = (minCorner + maxCorner) * 0.5;
+    Vector const h = (maxCorner - minCorner) * 0.5;
+    Vector const va = a - centre;
+    Vector const vb = b - centre;
+    Vector const vc = c - centre;
+    Vector const ab = vb - va;
+    Vector const bc = vc - vb;
+    Vector const ca = va - vc;
     CentredScene<0> const seenFromX(a, b, c, minCorner, maxCorner);
     CentredScene<1> const seenFromY(a, b, c, minCorner, maxCorner);
     if (!seenFromX.edgeAxesMeet(bc, ca, ab) || !seenFromY.edgeAxesMeet(bc, ca, ab)) {

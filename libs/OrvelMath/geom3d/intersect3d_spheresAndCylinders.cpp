@@ -7,8 +7,8 @@
 int IntersectLineSphereDst(Point3D const &p0, Point3D const &p1, Point3D const &centre,
                            double radius, double &t1, double &t2)
 {
-    const Point3D direction = p1 - p0;
-    const Point3D fromCentre = p0 - centre;
+    Point3D const direction = p1 - p0;
+    Point3D const fromCentre = p0 - centre;
     return ResolveQuadrat(direction.Dot(direction), 2.0 * fromCentre.Dot(direction),
                           fromCentre.Dot(fromCentre) - radius * radius, t1, t2);
 }
@@ -22,8 +22,8 @@ int IntersectLineSphere(Point3D const &p0, Point3D const &p1, Point3D const &cen
     if (count == 0) {
         return 0;
     }
-    const Point3D direction = p1 - p0;
-    const Point3D first = p0 + t1 * direction;
+    Point3D const direction = p1 - p0;
+    Point3D const first = p0 + t1 * direction;
     if (count == 2) {
         o2 = p0 + t2 * direction;
     }
@@ -35,32 +35,32 @@ int IntersectLineCylinder(Point3D const &p0, Point3D const &p1, Point3D const &a
                           Point3D const &a1, double radius, double &t1, Point3D &o1, double &t2,
                           Point3D &o2)
 {
-    const Point3D axis = a1 - a0;
-    const Point3D direction = p1 - p0;
-    const Point3D fromAxis = p0 - a0;
-    const Point3D normal = Math3DVektorprodukt(direction, axis);
+    Point3D const axis = a1 - a0;
+    Point3D const direction = p1 - p0;
+    Point3D const fromAxis = p0 - a0;
+    Point3D const normal = Math3DVektorprodukt(direction, axis);
     double const normalLength = normal.Length();
     if (normalLength == 0.0) {
         return 0;
     }
-    const Point3D unitNormal = normal / normalLength;
+    Point3D const unitNormal = normal / normalLength;
     double const distance = std::fabs(fromAxis.Dot(unitNormal));
     if (!(radius > distance)) { // a tangent line misses
         return 0;
     }
 
     double const closest = -Math3DVektorprodukt(fromAxis, axis).Dot(unitNormal) / normalLength;
-    const Point3D across = Math3DVektorprodukt(unitNormal, axis).Normalize();
+    Point3D const across = Math3DVektorprodukt(unitNormal, axis).Normalize();
     // The root alone is taken absolutely: the quotient may be negative, and t1 then exceeds t2.
     double const halfChord =
         std::fabs(std::sqrt(radius * radius - distance * distance)) / across.Dot(direction);
     double const first = closest - halfChord;
     double const second = closest + halfChord;
-    const Point3D firstPoint = p0 + first * direction;
-    const Point3D secondPoint = p0 + second * direction;
+    Point3D const firstPoint = p0 + first * direction;
+    Point3D const secondPoint = p0 + second * direction;
 
-    const Point3D inward = axis.Normalize();
-    const Point3D outward = (-axis).Normalize();
+    Point3D const inward = axis.Normalize();
+    Point3D const outward = (-axis).Normalize();
     auto const isBetweenEnds = [&](Point3D const &point) {
         return (point - a0).Dot(inward) >= 0.0 && (point - a1).Dot(outward) >= 0.0;
     };

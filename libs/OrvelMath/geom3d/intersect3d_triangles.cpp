@@ -6,8 +6,8 @@ namespace {
 
 double triangleArea(Point2D const &a, Point2D const &b, Point2D const &c)
 {
-    const Point2D ab = b - a;
-    const Point2D ac = c - a;
+    Point2D const ab = b - a;
+    Point2D const ac = c - a;
     return std::fabs((ab.x() * ac.y() - ab.y() * ac.x()) * 0.5);
 }
 
@@ -42,17 +42,17 @@ Point2D DropCoord(Point3D const &p, int drop)
 bool LineInsideTriangle(Point3D const &t0, Point3D const &t1, Point3D const &t2, Point3D const &p0,
                         Point3D const &p1, double tol)
 {
-    const Point3D normal = Math3DVektorprodukt(t1 - t0, t2 - t0).Normalize();
+    Point3D const normal = Math3DVektorprodukt(t1 - t0, t2 - t0).Normalize();
     Point3D crossing;
     if (!CalcXLinePlane(p0, p1, t0, normal, crossing, nullptr)) {
         return false;
     }
 
     int const drop = GetDropCoord(normal);
-    const Point2D x = DropCoord(crossing, drop);
-    const Point2D a = DropCoord(t0, drop);
-    const Point2D b = DropCoord(t1, drop);
-    const Point2D c = DropCoord(t2, drop);
+    Point2D const x = DropCoord(crossing, drop);
+    Point2D const a = DropCoord(t0, drop);
+    Point2D const b = DropCoord(t1, drop);
+    Point2D const c = DropCoord(t2, drop);
     double const sumOfParts = triangleArea(x, b, c) + triangleArea(x, c, a) + triangleArea(x, a, b);
     return triangleArea(a, b, c) + tol / 100 >= sumOfParts;
 }
