@@ -3,6 +3,8 @@
 
 #include "PlaneFixtures.h"
 
+#include <OrvelMath/geom2d/mathPoly.h>
+
 #include <rapidcheck/gtest.h>
 
 /// A multiple of 0.001 within -limit to limit.
@@ -40,4 +42,10 @@ inline double sweepOf(Point2D const &m, Point2D const &a, Point2D const &b)
         (std::atan2(b.y() - m.y(), b.x() - m.x()) - std::atan2(a.y() - m.y(), a.x() - m.x())) *
         180 / pi;
     return sweep < 0 ? sweep + 360 : sweep;
+}
+
+/// What the equation of a conic gives at a place; 0 on the curve.
+inline double valueAt(mathPoly::Conic const &q, double x, double y)
+{
+    return q.A * x * x + 2 * q.B * x * y + q.C * y * y + 2 * q.D * x + 2 * q.E * y + q.F;
 }

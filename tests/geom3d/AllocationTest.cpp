@@ -22,9 +22,9 @@ TEST_F(Allocation, IsCountedHere)
 
 TEST_F(Allocation, NoneIsMadeBySmallSystemsAndCrossings)
 {
-    const Vector a(0.0, 0.0, 1.0);
-    const Vector b(0.0, 1.0, 0.5);
-    const Vector c(1.0, 0.2, 0.0);
+    Vector const a(0.0, 0.0, 1.0);
+    Vector const b(0.0, 1.0, 0.5);
+    Vector const c(1.0, 0.2, 0.0);
     Vector point;
     Vector direction;
     Point3D first;

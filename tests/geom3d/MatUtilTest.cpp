@@ -8,11 +8,11 @@
 
 namespace {
 
-const Vector origin;
-const Vector unitX(1.0, 0.0, 0.0);
-const Vector unitY(0.0, 1.0, 0.0);
-const Vector unitZ(0.0, 0.0, 1.0);
-const Vector presetVector(presetPoint);
+Vector const origin;
+Vector const unitX(1.0, 0.0, 0.0);
+Vector const unitY(0.0, 1.0, 0.0);
+Vector const unitZ(0.0, 0.0, 1.0);
+Vector const presetVector(presetPoint);
 
 Vector anyUnitVector()
 {
@@ -35,7 +35,7 @@ TEST(PerpendicularVector, TurnsClockwise)
 TEST(CircleCenter, OfARightTriangle)
 {
     double radius = 0.0;
-    const Point2D center =
+    Point2D const center =
         MatUtil::getCircleCenter(Point2D(0.0, 0.0), Point2D(1.0, 0.0), Point2D(0.0, 1.0), radius);
     EXPECT_EQ(center, Point2D(0.5, 0.5));
     EXPECT_EQ(radius, std::sqrt(0.5));
@@ -63,7 +63,7 @@ TEST(CircleCenter, SmallTrianglesCountAsCollinear)
 TEST(CircleCenter, NanComesOut)
 {
     double radius = 0.0;
-    const Point2D center = MatUtil::getCircleCenter(Point2D(notANumber, 0.0), Point2D(1.0, 0.0),
+    Point2D const center = MatUtil::getCircleCenter(Point2D(notANumber, 0.0), Point2D(1.0, 0.0),
                                                     Point2D(0.0, 1.0), radius);
     EXPECT_TRUE(std::isnan(center.x()));
     EXPECT_TRUE(std::isnan(radius));
@@ -71,7 +71,7 @@ TEST(CircleCenter, NanComesOut)
 
 TEST(ProjectPoint, OntoLineAndPlane)
 {
-    const Vector point(1.0, 2.0, 3.0);
+    Vector const point(1.0, 2.0, 3.0);
     EXPECT_EQ(MatUtil::projectPointOntoLine(point, Vector(0.0, 5.0, 5.0), unitX * 4.0),
               Vector(1.0, 5.0, 5.0));
     EXPECT_EQ(MatUtil::projectPointOntoPlane(point, Vector(0.0, 5.0, 5.0), unitZ * 4.0),
@@ -84,7 +84,7 @@ TEST(ProjectPoint, OntoLineAndPlane)
 
 TEST(ProjectPoint, ZeroDirectionGivesNan)
 {
-    const Vector point(1.0, 2.0, 3.0);
+    Vector const point(1.0, 2.0, 3.0);
     EXPECT_TRUE(isNan(Point3D(MatUtil::projectPointOntoLine(point, origin, origin))));
     EXPECT_TRUE(isNan(Point3D(MatUtil::projectPointOntoPlane(point, origin, origin))));
     EXPECT_TRUE(isNan(Point3D(MatUtil::reflectThroughLine(point, origin, origin))));
@@ -185,7 +185,7 @@ TEST(BisectingPlane, OfParallelPlanesKeepsTheSecondNormal)
 TEST(SphereCenter, ThroughFourPoints)
 {
     double radius = 0.0;
-    const Vector center =
+    Vector const center =
         MatUtil::getSphereCenter(Vector(3.0, 2.0, 3.0), Vector(1.0, 4.0, 3.0),
                                  Vector(1.0, 2.0, 5.0), Vector(-1.0, 2.0, 3.0), radius);
     EXPECT_EQ(center, Vector(1.0, 2.0, 3.0));
@@ -214,7 +214,7 @@ TEST(SphereCenter, PivotAtTheLimitIsMissing)
 TEST(RayIntersectsTriangle, HitsFromBothSidesAndBehind)
 {
     double t = -7.0;
-    const Vector inside(0.25, 0.25, 0.0);
+    Vector const inside(0.25, 0.25, 0.0);
     ASSERT_TRUE(
         MatUtil::rayIntersectsTriangle(origin, unitX, unitY, inside - unitZ * 4.0, unitZ * 2.0, t));
     EXPECT_EQ(t, 2.0);
@@ -333,11 +333,11 @@ TEST(SortVectorComponents, NanMovesNoColumn)
 
 RC_GTEST_PROP(MatUtilProperty, ReflectionsAreInvolutions, ())
 {
-    const Vector point = anyVector();
-    const Vector base = anyVector();
-    const Vector direction(anyDirection());
-    const Vector inLine = MatUtil::reflectThroughLine(point, base, direction);
-    const Vector inPlane = MatUtil::reflectThroughPlane(point, base, direction);
+    Vector const point = anyVector();
+    Vector const base = anyVector();
+    Vector const direction(anyDirection());
+    Vector const inLine = MatUtil::reflectThroughLine(point, base, direction);
+    Vector const inPlane = MatUtil::reflectThroughPlane(point, base, direction);
     RC_ASSERT(distance(MatUtil::reflectThroughLine(inLine, base, direction), point) < 1e-12);
     RC_ASSERT(distance(MatUtil::reflectThroughPlane(inPlane, base, direction), point) < 1e-12);
     // line and plane together are the point reflection
@@ -347,11 +347,11 @@ RC_GTEST_PROP(MatUtilProperty, ReflectionsAreInvolutions, ())
 
 RC_GTEST_PROP(MatUtilProperty, FeetArePerpendicular, ())
 {
-    const Vector point = anyVector();
-    const Vector base = anyVector();
-    const Vector u = anyUnitVector();
-    const Vector onLine = MatUtil::projectPointOntoLine(point, base, u);
-    const Vector onPlane = MatUtil::projectPointOntoPlane(point, base, u);
+    Vector const point = anyVector();
+    Vector const base = anyVector();
+    Vector const u = anyUnitVector();
+    Vector const onLine = MatUtil::projectPointOntoLine(point, base, u);
+    Vector const onPlane = MatUtil::projectPointOntoPlane(point, base, u);
     RC_ASSERT(std::fabs((point - onLine).dot(u)) < 1e-13);
     RC_ASSERT((onLine - base).cross(u).length() < 1e-13);
     RC_ASSERT(std::fabs((onPlane - base).dot(u)) < 1e-13);
@@ -360,10 +360,10 @@ RC_GTEST_PROP(MatUtilProperty, FeetArePerpendicular, ())
 
 RC_GTEST_PROP(MatUtilProperty, CommonLineLiesInBothPlanes, ())
 {
-    const Vector p1 = anyVector();
-    const Vector n1 = anyUnitVector();
-    const Vector p2 = anyVector();
-    const Vector n2 = anyUnitVector();
+    Vector const p1 = anyVector();
+    Vector const n1 = anyUnitVector();
+    Vector const p2 = anyVector();
+    Vector const n2 = anyUnitVector();
     RC_PRE(n1.cross(n2).length() > 0.05);
     Vector linePoint;
     Vector direction;
@@ -378,16 +378,16 @@ RC_GTEST_PROP(MatUtilProperty, CommonLineLiesInBothPlanes, ())
 
 RC_GTEST_PROP(MatUtilProperty, BisectingPlaneHasEqualDistancesToBoth, ())
 {
-    const Vector p1 = anyVector();
-    const Vector n1 = anyUnitVector();
-    const Vector p2 = anyVector();
-    const Vector n2 = anyUnitVector();
+    Vector const p1 = anyVector();
+    Vector const n1 = anyUnitVector();
+    Vector const p2 = anyVector();
+    Vector const n2 = anyUnitVector();
     RC_PRE(n1.cross(n2).length() > 0.05);
     Vector base;
     Vector normal;
     MatUtil::bisectingPlane(p1, n1, p2, n2, base, normal);
     RC_ASSERT(std::fabs(normal.length() - 1.0) < 1e-15);
-    const Vector inPlane = MatUtil::projectPointOntoPlane(anyVector(), base, normal);
+    Vector const inPlane = MatUtil::projectPointOntoPlane(anyVector(), base, normal);
     double const first = (inPlane - p1).dot(n1);
     double const second = (inPlane - p2).dot(n2);
     RC_ASSERT(std::fabs(first - second) < 1e-12 * (10.0 + base.length()));
@@ -397,9 +397,9 @@ RC_GTEST_PROP(MatUtilProperty, LinesThroughAPointMeetThere, ())
 {
     // Small integers: the demand for exact data is met.
     auto const whole = [] { return static_cast<double>(uniform(-8, 9)); };
-    const Vector common(whole(), whole(), whole());
-    const Vector d1(whole(), whole(), whole());
-    const Vector d2(whole(), whole(), whole());
+    Vector const common(whole(), whole(), whole());
+    Vector const d1(whole(), whole(), whole());
+    Vector const d2(whole(), whole(), whole());
     RC_PRE(d1.cross(d2).length() > 0.0);
     Vector point;
     RC_ASSERT(MatUtil::intersectLines(common - d1 * whole(), d1, common + d2 * whole(), d2, point));
@@ -408,20 +408,20 @@ RC_GTEST_PROP(MatUtilProperty, LinesThroughAPointMeetThere, ())
 
 RC_GTEST_PROP(MatUtilProperty, CircleAndSphereRunThroughTheirPoints, ())
 {
-    const Vector a = anyVector();
-    const Vector b = anyVector();
-    const Vector c = anyVector();
-    const Vector d = anyVector();
+    Vector const a = anyVector();
+    Vector const b = anyVector();
+    Vector const c = anyVector();
+    Vector const d = anyVector();
     RC_PRE(std::fabs((b - a).dot((c - a).cross(d - a))) > 1.0);
     double radius = 0.0;
-    const Vector center = MatUtil::getSphereCenter(a, b, c, d, radius);
+    Vector const center = MatUtil::getSphereCenter(a, b, c, d, radius);
     for (Vector const &p : {a, b, c, d}) {
         RC_ASSERT(std::fabs(distance(center, p) - radius) < 1e-7);
     }
 
-    const Point2D flat[3] = {Point2D(a.x(), a.y()), Point2D(b.x(), b.y()), Point2D(c.x(), c.y())};
+    Point2D const flat[3] = {Point2D(a.x(), a.y()), Point2D(b.x(), b.y()), Point2D(c.x(), c.y())};
     RC_PRE(std::fabs((b - a).cross(c - a).z()) > 1.0);
-    const Point2D middle = MatUtil::getCircleCenter(flat[0], flat[1], flat[2], radius);
+    Point2D const middle = MatUtil::getCircleCenter(flat[0], flat[1], flat[2], radius);
     for (Point2D const &p : flat) {
         RC_ASSERT(std::fabs((p - middle).Length() - radius) < 1e-7);
     }
@@ -429,10 +429,10 @@ RC_GTEST_PROP(MatUtilProperty, CircleAndSphereRunThroughTheirPoints, ())
 
 RC_GTEST_PROP(MatUtilProperty, RayHitsAtTheGivenWeights, ())
 {
-    const Vector a = anyVector();
-    const Vector e1(anyDirection());
-    const Vector e2(anyDirection());
-    const Vector direction = anyUnitVector();
+    Vector const a = anyVector();
+    Vector const e1(anyDirection());
+    Vector const e2(anyDirection());
+    Vector const direction = anyUnitVector();
     RC_PRE(std::fabs(direction.dot(e1.cross(e2))) > 0.1);
     double const u = uniform(-200, 900) * 1e-3;
     double const v = uniform(-200, 900) * 1e-3;

@@ -213,7 +213,7 @@ TEST(TriangleCuboid, ReducedTestsSkipTheAxesCrossedWithTheSplitAxis)
 {
     // The point (0.5, 5, 0.5) as a triangle: ranges alone can separate it, and a split along x or z
     // leaves the range of y untested.
-    const Vector p(0.5, 5, 0.5);
+    Vector const p(0.5, 5, 0.5);
     const Triangle point{p, p, p};
     EXPECT_EQ(classify(point, unitBox), TriangleCuboidDisjoint);
     EXPECT_EQ(classify(point, unitBox, 0, TriangleCuboidOverlap), TriangleCuboidOverlap);
@@ -245,8 +245,8 @@ TEST(TriangleCuboid, ParentTypesOtherThanCentroidAreAlike)
 
 TEST(TriangleCuboid, DegenerateTriangles)
 {
-    const Vector in(0.5, 0.5, 0.5);
-    const Vector out(1.5, 0.5, 0.5);
+    Vector const in(0.5, 0.5, 0.5);
+    Vector const out(1.5, 0.5, 0.5);
     EXPECT_TRUE(meets({in, in, in}, unitBox));
     EXPECT_EQ(classify({in, in, in}, unitBox), TriangleCuboidContainsCentroid);
     EXPECT_FALSE(meets({out, out, out}, unitBox));
@@ -264,8 +264,8 @@ TEST(TriangleCuboid, DegenerateTriangles)
 TEST(TriangleCuboid, BoxWithoutExtentIsAPoint)
 {
     const Triangle t{Vector(0, 0, 0), Vector(4, 0, 0), Vector(0, 4, 0)};
-    const Vector on(1, 1, 0);
-    const Vector off(1, 1, 0.5);
+    Vector const on(1, 1, 0);
+    Vector const off(1, 1, 0.5);
     EXPECT_TRUE(meets(t, {on, on}));
     EXPECT_EQ(classify(t, {on, on}), TriangleCuboidOverlap);
     EXPECT_FALSE(meets(t, {off, off}));
@@ -408,7 +408,7 @@ TEST(TriangleCuboidIntersector, ReducedTestsEqualTheFullTestOnRandomDescents)
         std::uniform_real_distribution<double> place(-1.0, 2.0);
         std::uniform_real_distribution<double> exponent(-12.0, 1.0);
         const double size = std::exp2(exponent(random));
-        const Vector p(place(random), place(random), place(random));
+        Vector const p(place(random), place(random), place(random));
         const auto near = [&] {
             return p + Vector(place(random), place(random), place(random)) * size;
         };

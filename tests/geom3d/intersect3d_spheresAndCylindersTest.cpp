@@ -92,8 +92,8 @@ struct CylinderHit
 };
 
 // The cylinder of the examples: about the x axis from 0 to 10, radius 2.
-const Point3D axisStart(0.0, 0.0, 0.0);
-const Point3D axisEnd(10.0, 0.0, 0.0);
+Point3D const axisStart(0.0, 0.0, 0.0);
+Point3D const axisEnd(10.0, 0.0, 0.0);
 
 CylinderHit hitExample(Point3D const &p0, Point3D const &p1)
 {
@@ -104,8 +104,8 @@ CylinderHit hitExample(Point3D const &p0, Point3D const &p1)
 
 TEST(IntersectLineSphere, TwoPointsTheLargerParameterFirst)
 {
-    const Point3D p0(-10.0, 0.0, 0.0);
-    const Point3D p1(-9.0, 0.0, 0.0);
+    Point3D const p0(-10.0, 0.0, 0.0);
+    Point3D const p1(-9.0, 0.0, 0.0);
     double t1 = 0.0;
     double t2 = 0.0;
     EXPECT_EQ(IntersectLineSphereDst(p0, p1, Point3D(), 2.0, t1, t2), 2);
@@ -120,8 +120,8 @@ TEST(IntersectLineSphere, TwoPointsTheLargerParameterFirst)
 
 TEST(IntersectLineSphere, TouchWritesTheFirstOutputOnly)
 {
-    const Point3D p0(-10.0, 2.0, 0.0);
-    const Point3D p1(-9.0, 2.0, 0.0);
+    Point3D const p0(-10.0, 2.0, 0.0);
+    Point3D const p1(-9.0, 2.0, 0.0);
     double t1 = -7.0;
     double t2 = -7.0;
     EXPECT_EQ(IntersectLineSphereDst(p0, p1, Point3D(), 2.0, t1, t2), 1);
@@ -136,8 +136,8 @@ TEST(IntersectLineSphere, TouchWritesTheFirstOutputOnly)
 
 TEST(IntersectLineSphere, MissWritesNothing)
 {
-    const Point3D p0(-10.0, 3.0, 0.0);
-    const Point3D p1(-9.0, 3.0, 0.0);
+    Point3D const p0(-10.0, 3.0, 0.0);
+    Point3D const p1(-9.0, 3.0, 0.0);
     double t1 = -7.0;
     double t2 = -7.0;
     EXPECT_EQ(IntersectLineSphereDst(p0, p1, Point3D(), 2.0, t1, t2), 0);
@@ -152,13 +152,13 @@ TEST(IntersectLineSphere, MissWritesNothing)
 
 TEST(IntersectLineSphere, LineWithoutLength)
 {
-    const Point3D onSphere(2.0, 0.0, 0.0);
+    Point3D const onSphere(2.0, 0.0, 0.0);
     double t1 = -7.0;
     double t2 = -7.0;
     EXPECT_EQ(IntersectLineSphereDst(onSphere, onSphere, Point3D(), 2.0, t1, t2), 1);
     EXPECT_EQ(t1, 0.0);
     EXPECT_EQ(t2, -7.0);
-    const Point3D inside(1.0, 0.0, 0.0);
+    Point3D const inside(1.0, 0.0, 0.0);
     EXPECT_EQ(IntersectLineSphereDst(inside, inside, Point3D(), 2.0, t1, t2), 0);
     Point3D o1;
     Point3D o2;
@@ -306,9 +306,9 @@ TEST(IntersectLineCylinder, OutputsMayBeInputs)
 
 RC_GTEST_PROP(SphereTruth, RootsAgreeWithAWideSolve, ())
 {
-    const Point3D p0 = anyPoint();
-    const Point3D p1 = p0 + anyDirection();
-    const Point3D centre = anyPoint();
+    Point3D const p0 = anyPoint();
+    Point3D const p1 = p0 + anyDirection();
+    Point3D const centre = anyPoint();
     double const radius = std::fabs(anyCoordinate()) + 0.01;
     const WideRoots truth(difference(WidePoint(p1), WidePoint(p0)),
                           difference(WidePoint(p0), WidePoint(centre)), radius);
@@ -333,12 +333,12 @@ RC_GTEST_PROP(SphereTruth, RootsAgreeWithAWideSolve, ())
 
 RC_GTEST_PROP(CylinderTruth, RootsAgreeWithAWideSolve, ())
 {
-    const Point3D p0 = anyPoint();
-    const Point3D d = anyDirection();
-    const Point3D p1 = p0 + d;
-    const Point3D a0 = anyPoint();
-    const Point3D axis = anyDirection();
-    const Point3D a1 = a0 + axis;
+    Point3D const p0 = anyPoint();
+    Point3D const d = anyDirection();
+    Point3D const p1 = p0 + d;
+    Point3D const a0 = anyPoint();
+    Point3D const axis = anyDirection();
+    Point3D const a1 = a0 + axis;
     double const radius = std::fabs(anyCoordinate()) + 0.01;
     RC_PRE(Math3DVektorprodukt(d.Normalize(), axis.Normalize()).Length() > 0.05);
 

@@ -9,9 +9,9 @@
 namespace {
 
 // A right triangle of area 50 in the plane z = 3.
-const Point3D t0(0.0, 0.0, 3.0);
-const Point3D t1(10.0, 0.0, 3.0);
-const Point3D t2(0.0, 10.0, 3.0);
+Point3D const t0(0.0, 0.0, 3.0);
+Point3D const t1(10.0, 0.0, 3.0);
+Point3D const t2(0.0, 10.0, 3.0);
 
 bool piercesAt(double x, double y, double tol)
 {
@@ -41,7 +41,7 @@ TEST(GetDropCoord, NanIsNeverTheGreatest)
 
 TEST(DropCoord, KeepsTheOthersInTheirOrder)
 {
-    const Point3D p(1.0, 2.0, 3.0);
+    Point3D const p(1.0, 2.0, 3.0);
     EXPECT_EQ(DropCoord(p, 1), Point2D(2.0, 3.0));
     EXPECT_EQ(DropCoord(p, 2), Point2D(1.0, 3.0));
     for (int other : {3, 0, -1, 4}) {
@@ -111,17 +111,17 @@ TEST(LineInsideTriangle, WorksInAllThreeProjections)
 
 RC_GTEST_PROP(LineInsideTriangleProperty, AgreesWithTheBarycentricWeights, ())
 {
-    const Point3D a = anyPoint();
-    const Point3D b = a + anyDirection();
-    const Point3D c = a + anyDirection();
-    const Point3D normal = Math3DVektorprodukt(b - a, c - a);
+    Point3D const a = anyPoint();
+    Point3D const b = a + anyDirection();
+    Point3D const c = a + anyDirection();
+    Point3D const normal = Math3DVektorprodukt(b - a, c - a);
     RC_PRE(normal.Length() > 0.1);
     double const u = uniform(-200, 900) * 1e-3;
     double const v = uniform(-200, 900) * 1e-3;
     double const least = std::fmin(std::fmin(u, v), 1.0 - u - v);
     RC_PRE(std::fabs(least) > 1e-4);
-    const Point3D hit = a + u * (b - a) + v * (c - a);
-    const Point3D direction = anyDirection();
+    Point3D const hit = a + u * (b - a) + v * (c - a);
+    Point3D const direction = anyDirection();
     RC_PRE(std::fabs(direction.Dot(normal)) > 0.1 * direction.Length() * normal.Length());
     RC_TAG(least > 0.0);
     RC_ASSERT(LineInsideTriangle(a, b, c, hit + direction, hit + 2.0 * direction, 1e-7) ==

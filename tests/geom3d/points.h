@@ -12,7 +12,7 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 /// What an output holds before a call that must leave it alone.
-inline const Point3D presetPoint(-77.0, 78.0, 79.0);
+inline Point3D const presetPoint(-77.0, 78.0, 79.0);
 
 using Vector = vectorC3d<double>;
 
@@ -63,7 +63,7 @@ inline Vector anyVector()
 /// A vector that isn't short.
 inline Point3D anyDirection()
 {
-    const Point3D direction = anyPoint();
+    Point3D const direction = anyPoint();
     RC_PRE(direction.Length() > 0.1);
     return direction;
 }
