@@ -9,10 +9,10 @@ struct BernsteinWeights
 };
 
 // As the parameters 0.5, 0.2 and 0.8 give them in double precision.
-constexpr BernsteinWeights kAtHalf{0.125, 0.375, 0.375, 0.125};
-constexpr BernsteinWeights kAtFifth{0.5120000000000001, 0.3840000000000001, 0.09600000000000003,
+constexpr BernsteinWeights atHalf{0.125, 0.375, 0.375, 0.125};
+constexpr BernsteinWeights atFifth{0.5120000000000001, 0.3840000000000001, 0.09600000000000003,
                                     0.008000000000000002};
-constexpr BernsteinWeights kAtFourFifths{0.007999999999999995, 0.09599999999999997, 0.384,
+constexpr BernsteinWeights atFourFifths{0.007999999999999995, 0.09599999999999997, 0.384,
                                          0.5120000000000001};
 
 Point2D curvePoint(BernsteinWeights const &w, Point2D const &p0, Point2D const &p1,
@@ -37,19 +37,19 @@ QList<QList<Point2D>> BezierApproximation::interpolateCubic(Point2D p0, Point2D 
                                                             Point2D p3, double tol)
 {
     QList<QList<Point2D>> arcs;
-    Point2D const m = curvePoint(kAtHalf, p0, p1, p2, p3);
+    Point2D const m = curvePoint(atHalf, p0, p1, p2, p3);
     if ((m - p0).Length() < tol || (m - p3).Length() < tol) {
         arcs.append(arcThrough(p0, m, p3));
     } else {
-        arcs.append(arcThrough(p0, curvePoint(kAtFifth, p0, p1, p2, p3), m));
-        arcs.append(arcThrough(m, curvePoint(kAtFourFifths, p0, p1, p2, p3), p3));
+        arcs.append(arcThrough(p0, curvePoint(atFifth, p0, p1, p2, p3), m));
+        arcs.append(arcThrough(m, curvePoint(atFourFifths, p0, p1, p2, p3), p3));
     }
     return arcs;
 }
 
 QList<Point2D> BezierApproximation::cubicToArc(Point2D p0, Point2D p1, Point2D p2, Point2D p3)
 {
-    return arcThrough(p0, curvePoint(kAtHalf, p0, p1, p2, p3), p3);
+    return arcThrough(p0, curvePoint(atHalf, p0, p1, p2, p3), p3);
 }
 
 QList<Point2D> BezierApproximation::quatToArc(Point2D, Point2D, Point2D)

@@ -7,7 +7,7 @@ namespace mathPoly {
 
 namespace {
 
-constexpr Circle kUnitCircle{0.0, 0.0, 1.0};
+constexpr Circle unitCircle{0.0, 0.0, 1.0};
 
 /// The lines of one degenerate member of the pencil.
 struct Lines
@@ -150,11 +150,11 @@ int cutWithUnitCircle(Line const &line, Point (&points)[2])
 {
     double const dx = line.x2 - line.x1;
     double const dy = line.y2 - line.y1;
-    double const ex = line.x1 - kUnitCircle.cx;
-    double const ey = line.y1 - kUnitCircle.cy;
+    double const ex = line.x1 - unitCircle.cx;
+    double const ey = line.y1 - unitCircle.cy;
     double const dd = dx * dx + dy * dy;
     double const B = 2.0 * (dx * ex + dy * ey);
-    double const D = B * B - (ex * ex + ey * ey - kUnitCircle.r * kUnitCircle.r) * (4.0 * dd);
+    double const D = B * B - (ex * ex + ey * ey - unitCircle.r * unitCircle.r) * (4.0 * dd);
     if (!(D > 0.0)) {
         return 0;
     }
@@ -182,7 +182,7 @@ bool onEllipse(Point p, TMat const &toUnit)
 
 } // namespace
 
-int crossingCandidates(Ellipse const &e1, Ellipse const &e2, Point (&candidates)[kMaxCandidates])
+int crossingCandidates(Ellipse const &e1, Ellipse const &e2, Point (&candidates)[maxCandidates])
 {
     Turn const turn1 = turnBy(e1.angle);
     Turn const turn2 = turnBy(e2.angle);

@@ -56,7 +56,7 @@ int chosenPlace(int count, bool last, bool inner)
 
 void FindIntersections(Ellipse &e1, Ellipse &e2, int &count, Point2D *const points)
 {
-    Point candidates[kMaxCandidates];
+    Point candidates[maxCandidates];
     int const found = crossingCandidates(e1, e2, candidates);
     count = 0;
     for (int i = 0; i < found; ++i) {
@@ -74,10 +74,10 @@ void FindIntersections(Ellipse &e1, Ellipse &e2, int &count, Point2D *const poin
 
 bool FindIntersections2(Ellipse &e1, Ellipse &e2, bool last, bool inner, Point2D &point)
 {
-    Point2D points[kMaxCandidates]; // four for distinct conics; identical ones may give more
+    Point2D points[maxCandidates]; // four for distinct conics; identical ones may give more
     int count = 0;
     FindIntersections(e1, e2, count, points);
-    Direction order[kMaxCandidates];
+    Direction order[maxCandidates];
     for (int i = 0; i < count; ++i) {
         order[i] = {directionFrom(e1, points[i]), i};
     }

@@ -47,9 +47,9 @@ TMat ellipseToUnit(Ellipse const &e, Turn turn);
 
 /// Working space of the crossing search: at most three members of the pencil, two lines each,
 /// two points a line.
-constexpr int kMaxCandidates = 12;
+constexpr int maxCandidates = 12;
 
 /// The crossings of e1 and e2, not yet merged, in the order of discovery; returns their number.
-int crossingCandidates(Ellipse const &e1, Ellipse const &e2, Point (&candidates)[kMaxCandidates]);
+int crossingCandidates(Ellipse const &e1, Ellipse const &e2, Point (&candidates)[maxCandidates]);
 
 } // namespace mathPoly

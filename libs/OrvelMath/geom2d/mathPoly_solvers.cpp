@@ -6,11 +6,11 @@ namespace mathPoly {
 
 namespace {
 
-constexpr double kThird = 0.3333333333333333;
+constexpr double third = 0.3333333333333333;
 
 double realCubeRoot(double x)
 {
-    return x < 0.0 ? -std::pow(-x, kThird) : std::pow(x, kThird);
+    return x < 0.0 ? -std::pow(-x, third) : std::pow(x, third);
 }
 
 /// Roots of y³ + 3 p3 y + 2 q2, the cubic without its square term (Cardano 1545; Viète's cosines
@@ -29,7 +29,7 @@ int solveDepressedCubic(double p3, double q2, double *roots)
         return 2;
     }
     if (D < 0.0) {
-        double const phi = std::acos(-q2 / std::sqrt(-(p3 * p3 * p3))) * kThird;
+        double const phi = std::acos(-q2 / std::sqrt(-(p3 * p3 * p3))) * third;
         double const t = 2.0 * std::sqrt(-p3);
         double const sixtyDegrees = 1.0471975511965976;
         roots[0] = t * std::cos(phi);
@@ -118,9 +118,9 @@ int solveCubic(double const *c, double *roots)
     double const a2 = c[2] / c[3];
     double const a1 = c[1] / c[3];
     double const a0 = c[0] / c[3];
-    double const shift = a2 * kThird;
-    double const p = a1 - a2 * a2 * kThird;
-    double const p3 = p * kThird;
+    double const shift = a2 * third;
+    double const p = a1 - a2 * a2 * third;
+    double const p3 = p * third;
     double const twoOver27 = 0.07407407407407407;
     double const q2 = (a2 * twoOver27 * (a2 * a2) - shift * a1 + a0) * 0.5;
     int const count = solveDepressedCubic(p3, q2, roots);
