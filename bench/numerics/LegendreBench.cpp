@@ -1,6 +1,6 @@
 #include "workload.h"
 
-#include <OrvelMath/numerics/Lanes_p.h>
+#include <OrvelMath/engine/vectorWidth_p.h>
 #include <OrvelMath/numerics/Transforms.h>
 
 #include <benchmark/benchmark.h>

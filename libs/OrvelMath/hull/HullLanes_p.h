@@ -1,33 +1,24 @@
 #pragma once
 
+#include <OrvelMath/engine/Lanes_p.h>
+#include <OrvelMath/engine/vectorWidth_p.h>
 #include <OrvelMath/hull/HullFace_p.h>
 
 #include <cstring>
 
-/// Four numbers that are computed with in one step, each for itself: the results are the same bits
-/// as one by one.
-using Lanes = double __attribute__((vector_size(32)));
+using Lanes = engine::Lanes<double, 4>::Vector;
 using LaneMask = long long __attribute__((vector_size(32)));
 constexpr std::size_t laneCount = 4;
 
-/// Before a function of lanes: it becomes part of its caller and is compiled for the instructions
-/// that the caller is compiled for.
-#define HULL_LANES_INLINE __attribute__((always_inline)) inline
+#define HULL_LANES_INLINE ORVEL_INLINE
 
-#if defined(__x86_64__)
 /// Before a function: compiled for AVX2. To be called where `hasWideLanes()` only.
-#define HULL_WIDE_LANES __attribute__((target("avx2")))
+#define HULL_WIDE_LANES ORVEL_TARGET("avx2")
+
 inline bool hasWideLanes()
 {
-    return __builtin_cpu_supports("avx2");
+    return engine::vectorWidth() >= 4;
 }
-#else
-#define HULL_WIDE_LANES
-inline bool hasWideLanes()
-{
-    return false;
-}
-#endif
 
 template <typename Vector, typename T>
 HULL_LANES_INLINE void readLanes(Vector &lanes, T const *from)

@@ -8,7 +8,7 @@
 // last one leaves natural order, so no bit-reversed scatter is needed.
 #pragma once
 
-#include <OrvelMath/numerics/Lanes_p.h>
+#include <OrvelMath/engine/Lanes_p.h>
 
 #include <cstddef>
 #include <cstring>
@@ -71,7 +71,7 @@ ORVEL_INLINE void butterfly(Number &aRe, Number &aIm, Number &bRe, Number &bIm, 
 template <int W, int R, bool Inverse>
 class Block
 {
-    using L = Lanes<W>;
+    using L = engine::Lanes<double, W>;
     using Vector = typename L::Vector;
     using Rows = std::make_integer_sequence<int, R>;
 

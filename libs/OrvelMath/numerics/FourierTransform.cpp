@@ -1,3 +1,4 @@
+#include <OrvelMath/engine/vectorWidth_p.h>
 #include <OrvelMath/numerics/FourierPasses_p.h>
 #include <OrvelMath/numerics/Transforms.h>
 
@@ -65,7 +66,7 @@ void run(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn root
     // The passes keep results in `out` while they still need the roots.
     bool const inPasses = n > 0 && (n & (n - 1)) == 0 && !overlap(out, roots, n);
 #if defined(__x86_64__)
-    int const width = vectorWidth();
+    int const width = engine::vectorWidth();
     if (inPasses && width >= 8 && n >= smallestSize(8)) {
         return transform8<Inverse>(in, out, scratch, n, roots);
     }

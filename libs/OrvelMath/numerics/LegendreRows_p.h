@@ -1,7 +1,7 @@
 // Products of table rows with one vector, eight rows side by side.
 #pragma once
 
-#include <OrvelMath/numerics/Lanes_p.h>
+#include <OrvelMath/engine/Lanes_p.h>
 
 #include <utility>
 
@@ -13,7 +13,7 @@ constexpr int rowsTogether = 8;
 template <int W>
 class RowGroup
 {
-    using L = Lanes<W>;
+    using L = engine::Lanes<double, W>;
     using Vector = typename L::Vector;
     using Lane = std::make_integer_sequence<int, W>;
 

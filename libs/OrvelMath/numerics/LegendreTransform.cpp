@@ -1,3 +1,4 @@
+#include <OrvelMath/engine/vectorWidth_p.h>
 #include <OrvelMath/numerics/LegendreRows_p.h>
 #include <OrvelMath/numerics/Transforms.h>
 
@@ -31,7 +32,7 @@ using Multiply = void (*)(Rows const &, double const *, int, double (&)[rowsToge
 Multiply chooseMultiply()
 {
 #if defined(__x86_64__)
-    if (vectorWidth() >= 8) {
+    if (engine::vectorWidth() >= 8) {
         return multiplyRows8;
     }
 #endif
