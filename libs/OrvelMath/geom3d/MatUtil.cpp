@@ -1,6 +1,6 @@
 #include <OrvelMath/geom3d/MatUtil.h>
 
-#include <OrvelMath/numerics/LinearSystemT_p.h>
+#include <OrvelMath/engine/LinearSystemT_p.h>
 
 #include <cmath>
 #include <utility>

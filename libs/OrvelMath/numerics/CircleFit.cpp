@@ -1,5 +1,5 @@
+#include <OrvelMath/engine/LinearSystemT_p.h>
 #include <OrvelMath/numerics/CircleFit.h>
-#include <OrvelMath/numerics/LinearSystemT_p.h>
 
 #include <cmath>
 

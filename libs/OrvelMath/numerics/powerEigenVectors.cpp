@@ -1,117 +1,30 @@
+#include <OrvelMath/engine/GaussJordan_p.h>
 #include <OrvelMath/numerics/EigenVectorAlgorithms_p.h>
 
 #include <cmath>
 
 namespace {
 
-/// Gauss-Jordan elimination of a copy of a matrix, the inverse beside it. Each value written is
-/// snapped: a magnitude below 1e-12 becomes 0.0.
-class Inversion
+/// Writes the inverse of `matrix`; false when it is singular.
+bool invert(matrixC3x3<double> const &matrix, matrixC3x3<double> &inverse)
 {
-public:
-    explicit Inversion(matrixC3x3<double> const &matrix)
-        : m_matrix(matrix)
-        , m_inverse(matrixC3x3<double>::identity())
-    {
-    }
-
-    bool run()
-    {
-        if (!fillDiagonal()) {
-            return false;
-        }
-        for (int pivot = 0; pivot < 3; ++pivot) {
-            for (int row = 0; row < 3; ++row) {
-                if (row != pivot && !eliminate(row, pivot)) {
-                    return false;
-                }
-            }
-        }
-        scaleRows();
-        return true;
-    }
-
-    matrixC3x3<double> const &inverse() const { return m_inverse; }
-
-private:
-    static double snapped(double value)
-    {
-        return std::fabs(value) < 1e-12 ? 0.0 : value; // an element of the matrix or its inverse
-    }
-
-    void addRow(int target, double factor, int source)
-    {
-        for (int c = 0; c < 3; ++c) {
-            m_matrix(target, c) = snapped(m_matrix(target, c) + factor * m_matrix(source, c));
-            m_inverse(target, c) = snapped(m_inverse(target, c) + factor * m_inverse(source, c));
+    double rows[3][3];
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            rows[row][column] = matrix(row, column);
         }
     }
-
-    bool fillDiagonal()
-    {
-        for (int i = 0; i < 3; ++i) {
-            if (m_matrix(i, i) != 0.0) {
-                continue;
-            }
-            int row = 0;
-            while (row < 3 && m_matrix(row, i) == 0.0) {
-                ++row;
-            }
-            if (row == 3) {
-                return false;
-            }
-            addRow(i, 1.0, row);
-        }
-        return true;
+    engine::GaussJordan<3> elimination(rows, 1e-12); // an element
+    if (!elimination.run()) {
+        return false;
     }
-
-    /// True when the elements of `row` left of `column` are all 0.0 and that of `column` is not.
-    bool startsAt(int row, int column) const
-    {
-        for (int c = 0; c < column; ++c) {
-            if (m_matrix(row, c) != 0.0) {
-                return false;
-            }
-        }
-        return m_matrix(row, column) != 0.0;
-    }
-
-    bool eliminate(int row, int pivot)
-    {
-        if (m_matrix(pivot, pivot) == 0.0) {
-            int helper = pivot + 1;
-            while (helper < 3 && !startsAt(helper, pivot)) {
-                ++helper;
-            }
-            if (helper >= 3) {
-                return false;
-            }
-            addRow(pivot, 1.0, helper);
-        }
-        double const factor = -m_matrix(row, pivot) / m_matrix(pivot, pivot);
-        if (std::fabs(factor) > 1e-12) { // a ratio of two elements
-            addRow(row, factor, pivot);
-        }
-        return true;
-    }
-
-    void scaleRows()
-    {
-        for (int i = 0; i < 3; ++i) {
-            if (m_matrix(i, i) == 1.0) {
-                continue;
-            }
-            double const factor = 1.0 / m_matrix(i, i);
-            for (int c = 0; c < 3; ++c) {
-                m_matrix(i, c) = snapped(m_matrix(i, c) * factor);
-                m_inverse(i, c) = snapped(m_inverse(i, c) * factor);
-            }
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            inverse(row, column) = elimination.inverse()[row][column];
         }
     }
-
-    matrixC3x3<double> m_matrix;
-    matrixC3x3<double> m_inverse;
-};
+    return true;
+}
 
 vectorC3d<double> iteratePowers(matrixC3x3<double> const &matrix)
 {
@@ -133,11 +46,11 @@ vectorC3d<double> iteratePowers(matrixC3x3<double> const &matrix)
 bool EigenVectorAlgorithms::power(matrixC3x3<double> const &matrix, Result &result)
 {
     result.first = iteratePowers(matrix);
-    Inversion inversion(matrix);
-    if (!inversion.run()) {
+    matrixC3x3<double> inverse;
+    if (!invert(matrix, inverse)) {
         return false;
     }
-    result.second = iteratePowers(inversion.inverse());
+    result.second = iteratePowers(inverse);
     result.values[0] = (matrix * result.second).length();
     result.values[1] = (matrix * result.first.cross(result.second)).length();
     result.values[2] = (matrix * result.first).length();

@@ -1,4 +1,4 @@
-#include <OrvelMath/numerics/LinearSystemT_p.h>
+#include <OrvelMath/engine/LinearSystemT_p.h>
 
 #include <OrvelMath/base/valueTypes.h>
 
