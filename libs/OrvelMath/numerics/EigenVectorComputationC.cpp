@@ -1,8 +1,8 @@
 #include <OrvelCore/runtime/qtAllocation.h>
-#include <OrvelMath/geom3d/MatUtil.h>
+#include <OrvelMath/engine/LinearSystemT_p.h>
+#include <OrvelMath/engine/sortComponents_p.h>
 #include <OrvelMath/numerics/EigenVectorAlgorithms_p.h>
 #include <OrvelMath/numerics/EigenVectorComputationC.h>
-#include <OrvelMath/numerics/LinearSystemT_p.h>
 
 #include <cmath>
 #include <new>
@@ -136,7 +136,7 @@ void orderNearEqual(Matrix &vectors, int i, int j, double relativeDifference)
 
 void EigenVectorComputationC::standardize(matrixC3x3<double> &vectors, vectorC3d<double> &values)
 {
-    MatUtil::sortVectorComponents(values, vectors);
+    engine::sortComponents(values, vectors);
     makeDominantPositive(vectors, 2);
     makeDominantPositive(vectors, 0);
     const Vector middle = vectors.axis(2).cross(vectors.axis(0));

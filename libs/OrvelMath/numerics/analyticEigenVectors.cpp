@@ -1,6 +1,6 @@
-#include <OrvelMath/geom3d/MatUtil.h>
+#include <OrvelMath/engine/LinearSystemT_p.h>
+#include <OrvelMath/engine/sortComponents_p.h>
 #include <OrvelMath/numerics/EigenVectorAlgorithms_p.h>
-#include <OrvelMath/numerics/LinearSystemT_p.h>
 
 #include <cmath>
 
@@ -42,7 +42,7 @@ Vector findEigenvalues(Matrix const &matrix)
     double const cosine = std::cos(phi);
     double const sine = std::sqrt(3.0) * std::sin(phi);
     Vector e(q + 2 * radius * cosine, q - radius * (cosine + sine), q - radius * (cosine - sine));
-    MatUtil::sortVectorComponents(e);
+    engine::sortComponents(e);
     return e;
 }
 

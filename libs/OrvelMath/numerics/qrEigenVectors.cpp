@@ -1,4 +1,4 @@
-#include <OrvelMath/geom3d/MatUtil.h>
+#include <OrvelMath/engine/sortComponents_p.h>
 #include <OrvelMath/numerics/EigenVectorAlgorithms_p.h>
 
 #include <algorithm>
@@ -187,7 +187,7 @@ bool EigenVectorAlgorithms::shiftedQR(matrixC3x3<double> const &matrix, Result &
 
     result.first = basis.axis(largest);
     result.second = basis.axis(smallest);
-    MatUtil::sortVectorComponents(magnitudes);
+    engine::sortComponents(magnitudes);
     result.values = magnitudes;
     return true;
 }
