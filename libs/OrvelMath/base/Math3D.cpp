@@ -1,12 +1,12 @@
 #include <OrvelMath/base/Matrix4X4C.h>
 
+#include <OrvelMath/engine/angles_p.h>
+
 #include <cmath>
 #include <cstring>
 #include <utility>
 
 namespace {
-
-constexpr double radiansPerDegree = 0.017453292519943295;
 
 // The identity, to be filled in.
 struct Factor
@@ -86,12 +86,12 @@ void Math3DMultMatrix(double (*const result)[4], double const (*const a)[4],
 
 void Math3DRotateMatrix(double (*const m)[4], double a, double b, double c)
 {
-    double const sx = std::sin(a * radiansPerDegree);
-    double const cx = std::cos(a * radiansPerDegree);
-    double const sy = std::sin(b * radiansPerDegree);
-    double const cy = std::cos(b * radiansPerDegree);
-    double const sz = std::sin(c * radiansPerDegree);
-    double const cz = std::cos(c * radiansPerDegree);
+    double const sx = std::sin(engine::degreesTimesFactor(a));
+    double const cx = std::cos(engine::degreesTimesFactor(a));
+    double const sy = std::sin(engine::degreesTimesFactor(b));
+    double const cy = std::cos(engine::degreesTimesFactor(b));
+    double const sz = std::sin(engine::degreesTimesFactor(c));
+    double const cz = std::cos(engine::degreesTimesFactor(c));
     double const r[4][4] = {{cy * cz, cx * sz - sx * cz * sy, cx * cz * sy + sx * sz, 0.0},
                             {-sz * cy, sx * sz * sy + cx * cz, sx * cz - cx * sz * sy, 0.0},
                             {-sy, -cy * sx, cx * cy, 0.0},
@@ -124,10 +124,10 @@ void Math3DGetRotateAxisMatrix(Point3D const &point, Point3D const &direction, d
         }
     }
     Factor turn;
-    turn.m[0][0] = std::cos(angle * radiansPerDegree);
-    turn.m[0][1] = -std::sin(angle * radiansPerDegree);
-    turn.m[1][0] = std::sin(angle * radiansPerDegree);
-    turn.m[1][1] = std::cos(angle * radiansPerDegree);
+    turn.m[0][0] = std::cos(engine::degreesTimesFactor(angle));
+    turn.m[0][1] = -std::sin(engine::degreesTimesFactor(angle));
+    turn.m[1][0] = std::sin(engine::degreesTimesFactor(angle));
+    turn.m[1][1] = std::cos(engine::degreesTimesFactor(angle));
 
     Math3DMultMatrix(m, translation(point.x(), point.y(), point.z()).m, frame.m);
     Math3DMultMatrix(m, m, turn.m);

@@ -1,8 +1,10 @@
 #include <OrvelMath/base/Point2D.h>
 
+#include <OrvelMath/engine/angles_p.h>
+
 Point2D VecWin(double angle)
 {
-    double const radians = angle * 3.141592653589793 / 180.0;
+    double const radians = engine::degreesTimesPiBy180(angle);
     return {std::cos(radians), std::sin(radians)};
 }
 
@@ -11,7 +13,7 @@ double WinVec(double x, double y)
     if (x == 0.0) {
         return 0.0 > y ? 270.0 : 90.0;
     }
-    double const angle = std::atan(y / x) / 0.017453292519943295;
+    double const angle = engine::radiansByFactor(std::atan(y / x));
     if (x > 0.0) {
         return y > 0.0 ? angle : angle + 360.0;
     }

@@ -1,5 +1,7 @@
 #include <OrvelMath/base/TMatrix.h>
 
+#include <OrvelMath/engine/angles_p.h>
+
 #include <cmath>
 
 static_assert(sizeof(TMatrix) == 11 * sizeof(double), "angle factor, angle offset, nine elements");
@@ -18,7 +20,7 @@ TMatrix::TMatrix(Point2D const &translation)
 
 TMatrix::TMatrix(double angle)
 {
-    double const radians = angle * 3.141592653589793 / 180.0;
+    double const radians = engine::degreesTimesPiBy180(angle);
     double const cosine = std::cos(radians);
     double const sine = std::sin(radians);
     setMatrix(cosine, -sine, 0.0, sine, cosine, 0.0, 0.0, 0.0, 1.0, 1.0, angle);
