@@ -1,3 +1,4 @@
+#include <OrvelMath/base/valueTypes.h>
 #include <OrvelMath/engine/sortComponents_p.h>
 #include <support/Bits.h>
 
