@@ -93,11 +93,48 @@ TEST(SimpleBitVector, CopiesAreIndependent)
     EXPECT_EQ(first.bytes[0], 13);
 }
 
+TEST(SimpleBitVector, MovedFromIsEmptyAndCanBeFilledAgain)
+{
+    SimpleBitVector source = bitsOf({1, 0, 1});
+    SimpleBitVector const target = std::move(source);
+    EXPECT_EQ(3U, target.bitCount);
+    EXPECT_EQ(5, target.bytes.at(0));
+    EXPECT_EQ(0U, source.bitCount);
+    EXPECT_TRUE(source.bytes.empty());
+    source.append(true);
+    EXPECT_EQ(1U, source.bitCount);
+    EXPECT_EQ(1, source.bytes.at(0));
+
+    SimpleBitVector assigned = bitsOf({1, 1, 1, 1, 1, 1, 1, 1, 1});
+    assigned = std::move(source);
+    EXPECT_EQ(1U, assigned.bitCount);
+    EXPECT_EQ(1U, assigned.bytes.size());
+    EXPECT_EQ(0U, source.bitCount);
+    EXPECT_TRUE(source.bytes.empty());
+}
+
+TEST(SimpleBitVector, MovedToItselfStaysAsItWas)
+{
+    SimpleBitVector bits = bitsOf({1, 0, 1});
+    SimpleBitVector &alias = bits;
+    bits = std::move(alias);
+    EXPECT_EQ(3U, bits.bitCount);
+    EXPECT_EQ(5, bits.bytes.at(0));
+}
+
+TEST(SimpleBitVector, IsMadeFromBytesAndACount)
+{
+    SimpleBitVector const bits{{5, 1}, 9};
+    EXPECT_EQ(9U, bits.bitCount);
+    EXPECT_EQ(2U, bits.bytes.size());
+    EXPECT_TRUE(bitAt(bits, 8));
+}
+
 TEST(BitFormat, LowerLeafOutsideAndUpperLeafInside)
 {
     BinTreeBuilder builder(octant, 1.0, middle);
     builder.root->children[0]->data |= Node::outerBit;
-    const SimpleBitVector bits = builder.exportBitVector();
+    SimpleBitVector const bits = builder.exportBitVector();
     EXPECT_EQ(bits.bitCount, 5U);
     ASSERT_EQ(bits.bytes.size(), 1U);
     EXPECT_EQ(bits.bytes[0], 17);
@@ -122,7 +159,7 @@ TEST(BitFormat, NodeWithOneChildCountsAsLeaf)
 {
     BinTreeBuilder builder(octant, 1.0, middle);
     builder.root->children[1] = nullptr;
-    const SimpleBitVector bits = builder.exportBitVector();
+    SimpleBitVector const bits = builder.exportBitVector();
     EXPECT_EQ(bits.bitCount, 2U);
     EXPECT_EQ(bits.bytes[0], 2);
 }
@@ -131,7 +168,7 @@ TEST(BitFormat, BeforeTheFillEveryStateBitIsOne)
 {
     BinTreeBuilder builder(octant, 0.5, middle);
     meshes::addTo(builder, meshes::sphere(Vector(4, 4, 4), 2.0, 8));
-    const SimpleBitVector bits = builder.exportBitVector();
+    SimpleBitVector const bits = builder.exportBitVector();
     const quint64 count = leaves(builder).size();
     EXPECT_EQ(bits.bitCount, 3 * count - 1);
     quint64 states = 0;
@@ -156,7 +193,7 @@ TEST(BitFormat, ThreeBitsALeafLessOne)
     meshes::addTo(builder, meshes::torus(Vector(4, 4, 4), 2.0, 0.8, 24));
     builder.findOuterArea();
     builder.condense();
-    const SimpleBitVector bits = builder.exportBitVector();
+    SimpleBitVector const bits = builder.exportBitVector();
     EXPECT_EQ(bits.bitCount, 3 * leaves(builder).size() - 1);
     EXPECT_EQ(bits.bytes.size(), (bits.bitCount + 7) / 8);
     if (bits.bitCount % 8 != 0) {
@@ -167,10 +204,10 @@ TEST(BitFormat, ThreeBitsALeafLessOne)
 TEST(BitImport, ExportImportExportGivesTheSameBits)
 {
     for (bool condensed : {false, true}) {
-        const SimpleBitVector first = torusBits(condensed);
+        SimpleBitVector const first = torusBits(condensed);
         BinTreeBuilder reader(octant, 0.125, middle);
         reader.importBitVector(first);
-        const SimpleBitVector second = reader.exportBitVector();
+        SimpleBitVector const second = reader.exportBitVector();
         EXPECT_EQ(first.bytes, second.bytes);
         EXPECT_EQ(first.bitCount, second.bitCount);
 
@@ -182,7 +219,7 @@ TEST(BitImport, ExportImportExportGivesTheSameBits)
 
 TEST(BitImport, VectorAndViewLeadWithThePointerToTheirBytes)
 {
-    const SimpleBitVector bits = bitsOf({1, 0, 1});
+    SimpleBitVector const bits = bitsOf({1, 0, 1});
     unsigned char const *first = nullptr;
     std::memcpy(&first, static_cast<void const *>(&bits), sizeof first);
     EXPECT_EQ(first, bits.bytes.data());
@@ -195,7 +232,7 @@ TEST(BitImport, RebuildsCellsAndFlags)
 {
     // Lower half outside; upper half split along y, its lower part inside, its upper part split
     // along z into outside and inside.
-    const SimpleBitVector bits = bitsOf({1, 0, 0, 1, 0, 1, 1, 0, 0, 0, 1});
+    SimpleBitVector const bits = bitsOf({1, 0, 0, 1, 0, 1, 1, 0, 0, 0, 1});
     BinTreeBuilder builder(octant, 4.0, middle);
     builder.importBitVector(bits);
     const std::vector<Node *> found = leaves(builder);
@@ -213,7 +250,7 @@ TEST(BitImport, RebuildsCellsAndFlags)
 
 TEST(BitImport, DoesNotConsultTheResolution)
 {
-    const SimpleBitVector fine = torusBits(true, 0.125);
+    SimpleBitVector const fine = torusBits(true, 0.125);
     BinTreeBuilder coarse(octant, 4.0, middle);
     coarse.importBitVector(fine);
     EXPECT_EQ(coarse.exportBitVector().bytes, fine.bytes);
@@ -229,7 +266,7 @@ TEST(BitImport, StreamOfOneLeafLeavesTheChildrenInPlace)
     builder.importBitVector(bitsOf({0, 0}));
     EXPECT_EQ(builder.root->data, 1 | Node::outerBit);
     EXPECT_EQ(builder.root->children[0], lower);
-    const SimpleBitVector again = builder.exportBitVector();
+    SimpleBitVector const again = builder.exportBitVector();
     EXPECT_EQ(again.bitCount, 5U);
     EXPECT_EQ(again.bytes[0], 1 + 4 + 16);
 }
@@ -247,7 +284,7 @@ TEST(BitImport, AddsToTheTreeAsItStands)
     EXPECT_EQ(content->parent, builder.root);
     EXPECT_TRUE(builder.root->children[1]->outer());
     // Triangles now go to the node that fell out of the tree.
-    const SimpleBitVector before = builder.exportBitVector();
+    SimpleBitVector const before = builder.exportBitVector();
     builder.addTriangle(Vector(1, 1, 1), Vector(2, 1, 1), Vector(1, 2, 1));
     EXPECT_EQ(builder.exportBitVector().bytes, before.bytes);
     EXPECT_FALSE(content->isLeaf());
@@ -288,7 +325,7 @@ TEST(BitImport, DepthCostsNoStack)
 TEST(WholeTree, LeafIsTheSmallestTree)
 {
     quint64 count = 77;
-    const SimpleBitVector inside = bitsOf({0, 1});
+    SimpleBitVector const inside = bitsOf({0, 1});
     EXPECT_TRUE(isWholeTree(BitView{inside.bytes.data()}, 2, &count));
     EXPECT_EQ(count, 1U);
     EXPECT_TRUE(isWholeTree(BitView{inside.bytes.data()}, 2));

@@ -1,5 +1,7 @@
 #include <OrvelMath/volume/BinTreeBuilder.h>
 
+#include <OrvelMath/volume/BinTreeWalk_p.h>
+
 #include <cstring>
 #include <new>
 #include <thread>
@@ -55,16 +57,6 @@ BinTreeBuilder::~BinTreeBuilder() = default;
 
 BinTreeBuilder &BinTreeBuilder::operator=(BinTreeBuilder const &other)
 {
-    return assignFields(other);
-}
-
-BinTreeBuilder &BinTreeBuilder::operator=(BinTreeBuilder &&other)
-{
-    return assignFields(other);
-}
-
-BinTreeBuilder &BinTreeBuilder::assignFields(BinTreeBuilder const &other)
-{
     bounds = other.bounds;
     resolution = other.resolution;
     root = other.root;
@@ -74,6 +66,11 @@ BinTreeBuilder &BinTreeBuilder::assignFields(BinTreeBuilder const &other)
     std::memmove(static_cast<void *>(&arena), static_cast<void const *>(&other.arena),
                  sizeof(PArena));
     return *this;
+}
+
+BinTreeBuilder &BinTreeBuilder::operator=(BinTreeBuilder &&other)
+{
+    return *this = static_cast<BinTreeBuilder const &>(other);
 }
 
 void BinTreeBuilder::createRoot()
@@ -115,8 +112,8 @@ void BinTreeBuilder::addTriangle(vectorC3d<double> const &a, vectorC3d<double> c
                                  vectorC3d<double> const &c)
 {
     BinTreeNode<int> *const top = contentNode ? contentNode : root;
-    const MatUtil::TriangleCuboidIntersector intersector(a, b, c);
-    const MatUtil::TriangleCuboidIntersectionType type = intersector.intersect(
+    MatUtil::TriangleCuboidIntersector const intersector(a, b, c);
+    MatUtil::TriangleCuboidIntersectionType const type = intersector.intersect(
         top->bounds.first, top->bounds.second, unknownHistory, MatUtil::TriangleCuboidDisjoint);
     if (type == MatUtil::TriangleCuboidDisjoint) {
         return;
@@ -130,24 +127,38 @@ void BinTreeBuilder::addTriangle(vectorC3d<double> const &a, vectorC3d<double> c
     addTriangleRec(intersector, top->children[1], axis, type);
 }
 
+// Goes through the subtree in pre-order by parent pointers, so that depth costs no stack: an
+// imported tree may be a chain of a million cells. `previous` is always what the parent of `node`
+// got; on the way down the path keeps it for the way up.
 void BinTreeBuilder::addTriangleRec(MatUtil::TriangleCuboidIntersector const &intersector,
-                                    BinTreeNode<int> *node, int axis,
+                                    BinTreeNode<int> *top, int axis,
                                     MatUtil::TriangleCuboidIntersectionType previous)
 {
+    BinTreePath path;
+    BinTreeNode<int> *node = top;
     for (;;) {
-        const MatUtil::TriangleCuboidIntersectionType type =
+        MatUtil::TriangleCuboidIntersectionType const type =
             intersector.intersect(node->bounds.first, node->bounds.second, axis, previous);
-        if (type == MatUtil::TriangleCuboidDisjoint) {
-            return;
-        }
-        if (!getOrCreateChildren(node)) {
+        if (type != MatUtil::TriangleCuboidDisjoint) {
+            if (getOrCreateChildren(node)) {
+                path.descend(previous == MatUtil::TriangleCuboidContainsCentroid);
+                axis = node->axis() - 1;
+                previous = type;
+                node = node->children[0];
+                continue;
+            }
             node->data |= BinTreeNode<int>::boundaryBit;
+        }
+        while (node != top && node == node->parent->children[1]) {
+            node = node->parent;
+            previous = path.ascend() ? MatUtil::TriangleCuboidContainsCentroid
+                                     : MatUtil::TriangleCuboidOverlap;
+        }
+        if (node == top) {
             return;
         }
-        axis = node->axis() - 1;
-        previous = type;
-        addTriangleRec(intersector, node->children[0], axis, previous);
-        node = node->children[1];
+        axis = node->parent->axis() - 1;
+        node = node->parent->children[1];
     }
 }
 

@@ -80,19 +80,14 @@ SimpleBitVector BinTreeBuilder::exportBitVector() const
 
 void BinTreeBuilder::importBitVector(SimpleBitVector const &bits)
 {
-    importBits(bits.bytes.data());
+    importBitView(BitView{bits.bytes.data()});
 }
 
 void BinTreeBuilder::importBitView(BitView const &bits)
 {
-    importBits(bits.bytes);
-}
-
-void BinTreeBuilder::importBits(unsigned char const *bytes)
-{
     qint32 index = 0;
-    auto const readBit = [bytes, &index] {
-        const bool bit = (bytes[index / 8] >> index % 8 & 1) != 0;
+    auto const readBit = [bytes = bits.bytes, &index] {
+        bool const bit = (bytes[index / 8] >> index % 8 & 1) != 0;
         ++index;
         return bit;
     };
