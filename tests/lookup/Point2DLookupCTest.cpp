@@ -293,6 +293,18 @@ TEST_F(Point2DLookup, AscendingInputLosesItsTail)
               std::sqrt(2.0 * (2000.0 - 1001.0) * (2000.0 - 1001.0)));
 }
 
+TEST_F(Point2DLookup, EqualPointsAndRasterRowsKeep1002)
+{
+    for (bool const equal : {true, false}) {
+        PRefPtr<Point2DLookupC> const chain(new Point2DLookupC);
+        for (int i = 0; i < 1000000; ++i) {
+            chain->insert({equal ? 3.0 : double(i), 4.0}, i);
+        }
+        EXPECT_EQ(1002, chain->findWithinRange({0, 0}, inf).size());
+        EXPECT_EQ(1001, chain->findNearest({2000, 4}, inf)->getUserData().toInt());
+    }
+}
+
 TEST_F(Point2DLookup, NanAndInfinityInQuestionsAndPoints)
 {
     insert({{nan, 0}, {0, nan}, {inf, 1}});

@@ -1,5 +1,10 @@
 #pragma once
 
+/// @file
+/// Points and boxes of the lookups.
+
+#include <utility>
+
 /// A point of K dimensions.
 template <int K>
 struct LookupPoint
@@ -9,6 +14,20 @@ struct LookupPoint
     double operator[](int i) const { return coordinates[i]; }
     double &operator[](int i) { return coordinates[i]; }
 };
+
+template <int K, int... I>
+double squaredDistance(LookupPoint<K> const &a, LookupPoint<K> const &b,
+                       std::integer_sequence<int, I...>)
+{
+    return (... + ((a[I] - b[I]) * (a[I] - b[I])));
+}
+
+/// The squares are added in the order of the coordinates.
+template <int K>
+double squaredDistance(LookupPoint<K> const &a, LookupPoint<K> const &b)
+{
+    return squaredDistance(a, b, std::make_integer_sequence<int, K>());
+}
 
 /// An axis-parallel box of K dimensions, both ends included.
 template <int K>

@@ -45,10 +45,7 @@ struct LookupSearch
         }
     }
 
-    double squaredDistance(Point const &p) const
-    {
-        return squaredDistance(p, std::make_integer_sequence<int, K>());
-    }
+    double squaredDistance(Point const &p) const { return ::squaredDistance<K>(query, p); }
 
     /// Whether a value beyond the plane at `split` across dimension d can still be the best.
     bool reachesPlane(double split, int d) const { return maxSq >= square(query[d] - split); }
@@ -74,11 +71,4 @@ struct LookupSearch
 
 private:
     static double square(double x) { return x * x; }
-
-    // A left fold: the squares are added in the order of the coordinates.
-    template <int... I>
-    double squaredDistance(Point const &p, std::integer_sequence<int, I...>) const
-    {
-        return (... + square(query[I] - p[I]));
-    }
 };

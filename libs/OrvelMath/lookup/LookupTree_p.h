@@ -67,6 +67,11 @@ public:
     template <typename Visit>
     void collectInRegion(LookupRegion<K> const &region, Visit visit) const;
 
+    /// Calls `visit(point, payload, squared distance)` with every value in the open disc or ball,
+    /// in pre-order: those of its box whose squared distance is below the square of the radius.
+    template <typename Visit>
+    void collectInDisc(Point const &centre, double radius, Visit visit) const;
+
 private:
     using Run = LookupRun<K, Payload>;
     struct Node;
@@ -306,6 +311,20 @@ void LookupTree<K, Payload>::collectInRegion(LookupRegion<K> const &region, Visi
     if (region.intersects(region)) { // not turned inside out
         collect(m_root, 0, region, visit);
     }
+}
+
+template <int K, typename Payload>
+template <typename Visit>
+void LookupTree<K, Payload>::collectInDisc(Point const &centre, double radius, Visit visit) const
+{
+    double const radiusSq = radius * radius;
+    collectInRegion(LookupRegion<K>::around(centre, radius),
+                    [&](Point const &p, Payload const &payload) {
+                        double const d2 = squaredDistance(centre, p);
+                        if (radiusSq > d2) {
+                            visit(p, payload, d2);
+                        }
+                    });
 }
 
 template <int K, typename Payload>

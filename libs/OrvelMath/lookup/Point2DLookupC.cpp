@@ -1,10 +1,8 @@
 #include <OrvelMath/lookup/Point2DLookupC.h>
 
 #include <OrvelCore/runtime/PPrivateData.h>
+#include <OrvelMath/lookup/LookupNeighbours_p.h>
 #include <OrvelMath/lookup/LookupTree_p.h>
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -86,55 +84,8 @@ public:
     {
     }
 
-    /// Calls `visit(point, userData, squared distance)` with each entry inside the open disc, in
-    /// the order of the tree.
-    template <typename Visit>
-    void visitDisc(Point2D const &centre, double radius, Visit visit) const
-    {
-        auto const region = LookupRegion<2>::around(coordinates(centre), radius);
-        tree->collectInRegion(region, [&](Tree::Point const &p, QVariant const &userData) {
-            double const dx = centre.x() - p[0];
-            double const dy = centre.y() - p[1];
-            double const squaredDistance = dx * dx + dy * dy;
-            if (radius * radius > squaredDistance) {
-                visit(p, userData, squaredDistance);
-            }
-        });
-    }
-
-    std::vector<Tree::Nearest> entriesInDisc(Point2D const &centre, double radius) const
-    {
-        std::vector<Tree::Nearest> entries;
-        visitDisc(centre, radius,
-                  [&](Tree::Point const &p, QVariant const &userData, double squaredDistance) {
-                      entries.push_back({p, &userData, std::sqrt(squaredDistance)});
-                  });
-        return entries;
-    }
-
-    std::vector<Tree::Nearest> growDisc(Point2D const &centre, int k, double nearest,
-                                        double maxDistance) const;
-
     std::unique_ptr<Tree> tree;
 };
-
-/// The entries of the first disc that holds k of them, or of the largest one: the first radius is
-/// twice the distance of the nearest other point, each further one twice the one before.
-std::vector<Tree::Nearest> Point2DLookupCPrivate::growDisc(Point2D const &centre, int k,
-                                                           double nearest, double maxDistance) const
-{
-    std::vector<Tree::Nearest> entries;
-    double radius = std::min(2.0 * nearest, maxDistance);
-    while (entries.size() < tree->size() && entries.size() < static_cast<std::size_t>(k)) {
-        entries = entriesInDisc(centre, radius);
-        if (radius >= maxDistance) {
-            break;
-        }
-        // A distance whose square underflows is 0 and stays 0 when doubled.
-        radius = radius == 0.0 ? maxDistance : std::min(2.0 * radius, maxDistance);
-    }
-    return entries;
-}
 
 Point2DLookupC::Point2DLookupC()
     : d(new Point2DLookupCPrivate(this))
@@ -181,11 +132,8 @@ Point2DLookupC::findKNearestNeighbors(Point2D const &point, int k, double maxDis
     if (!nearest) {
         return results;
     }
-    auto entries = d->growDisc(point, k, nearest->getDistance(), maxDistance);
-    std::stable_sort(
-        entries.begin(), entries.end(),
-        [](Tree::Nearest const &a, Tree::Nearest const &b) { return a.distance < b.distance; });
-    entries.resize(std::min(entries.size(), static_cast<std::size_t>(k)));
+    auto const entries =
+        nearestByGrowingDisc(*d->tree, coordinates(point), k, nearest->getDistance(), maxDistance);
     for (Tree::Nearest const &entry : entries) {
         results.append(makeResult(entry));
     }
@@ -195,9 +143,9 @@ Point2DLookupC::findKNearestNeighbors(Point2D const &point, int k, double maxDis
 QList<Point2D> Point2DLookupC::findWithinRange(Point2D const &point, double radius) const
 {
     QList<Point2D> result;
-    d->visitDisc(point, radius, [&](Tree::Point const &p, QVariant const &, double) {
-        result.append(pointOf(p));
-    });
+    d->tree->collectInDisc(
+        coordinates(point), radius,
+        [&](Tree::Point const &p, QVariant const &, double) { result.append(pointOf(p)); });
     return result;
 }
 
@@ -205,8 +153,9 @@ QList<QPair<Point2D, QVariant>> Point2DLookupC::findWithinRangeUserData(Point2D 
                                                                         double radius) const
 {
     QList<QPair<Point2D, QVariant>> result;
-    d->visitDisc(point, radius, [&](Tree::Point const &p, QVariant const &userData, double) {
-        result.append(qMakePair(pointOf(p), userData));
-    });
+    d->tree->collectInDisc(coordinates(point), radius,
+                           [&](Tree::Point const &p, QVariant const &userData, double) {
+                               result.append(qMakePair(pointOf(p), userData));
+                           });
     return result;
 }

@@ -60,14 +60,8 @@ std::pair<Point3D, bool> Point3DLookupC::findNearest(Point3D const &point, doubl
 QList<Point3D> Point3DLookupC::findWithinRange(Point3D const &point, double radius) const
 {
     QList<Point3D> result;
-    auto const region = LookupRegion<3>::around(coordinates(point), radius);
-    d->tree->collectInRegion(region, [&](Tree::Point const &p, NoPayload) {
-        double const dx = point.x() - p[0];
-        double const dy = point.y() - p[1];
-        double const dz = point.z() - p[2];
-        if (radius * radius > dx * dx + dy * dy + dz * dz) {
-            result.append(pointOf(p));
-        }
-    });
+    d->tree->collectInDisc(
+        coordinates(point), radius,
+        [&](Tree::Point const &p, NoPayload, double) { result.append(pointOf(p)); });
     return result;
 }

@@ -21,9 +21,10 @@ class Point3DLookupCPrivate;
 /// | findWithinRange  | is left out                  | set by the order of insertion, unsorted |
 ///
 /// The points form a k-d tree (Bentley, 1975) that is never balanced. Points in random order make a
-/// tree of logarithmic depth. Points in ascending order make a chain, and below 1001 levels nothing
-/// is stored: of points that ascend in all coordinates the first 1002 are kept and the rest is
-/// dropped without a report. Shuffle sorted input before you insert it.
+/// tree of logarithmic depth. Below 1001 levels **nothing is stored, without a report**: of a
+/// million equal points 1002 are kept, of a row of a raster 1002, of points that ascend in all
+/// coordinates 1002. Shuffle sorted input and drop copies before you insert points by the
+/// thousand.
 ///
 /// No function reports an error. A point with a NaN is stored and never found; a query point, limit
 /// or radius of NaN finds nothing.
