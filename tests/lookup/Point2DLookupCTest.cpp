@@ -297,7 +297,7 @@ TEST_F(Point2DLookup, EqualPointsAndRasterRowsKeep1002)
 {
     for (bool const equal : {true, false}) {
         PRefPtr<Point2DLookupC> const chain(new Point2DLookupC);
-        for (int i = 0; i < 1000000; ++i) {
+        for (int i = 0; i < 20000; ++i) {
             chain->insert({equal ? 3.0 : double(i), 4.0}, i);
         }
         EXPECT_EQ(1002, chain->findWithinRange({0, 0}, inf).size());
