@@ -100,6 +100,12 @@ Vector eigenvaluesByPeer(Matrix const &m)
     return {l[0], l[1], l[2]};
 }
 
+TEST(EigenVectorComputation, AMatrixConvertsToItsDecomposition)
+{
+    auto const isValid = [](EigenVectorComputationC const &result) { return result.isValid(); };
+    EXPECT_TRUE(isValid(matrixC3x3<double>::identity()));
+}
+
 TEST(GetEigenVector3d, UnknownAlgorithmIsRefused)
 {
     for (int algorithm : {-1, 3, 4, 1000}) {

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <type_traits>
 #include <vector>
 
 namespace {
@@ -29,6 +30,11 @@ TEST(JacobiMethod, DiagonalMatrixIsFinishedAtOnce)
     EXPECT_EQ(eigenvector(method, 0), (std::vector<double>{1, 0, 0}));
     EXPECT_EQ(eigenvector(method, 1), (std::vector<double>{0, 1, 0}));
     EXPECT_EQ(eigenvector(method, 2), (std::vector<double>{0, 0, 1}));
+}
+
+TEST(JacobiMethod, AMatrixConvertsToAMethod)
+{
+    EXPECT_TRUE((std::is_convertible_v<SymmetricMatrixIF *, JacobiMethod>));
 }
 
 TEST(JacobiMethod, SingleElementIsFinishedAtOnce)

@@ -249,6 +249,38 @@ TEST(SymmetricMatrixNXN, MovesItsCells)
     EXPECT_EQ(sizeOf(assigned), 2u);
 }
 
+TEST(SymmetricMatrixNXN, HasNoRowsAfterAMove)
+{
+    SymmetricMatrixNXN source(3);
+    SymmetricMatrixNXN target(2);
+    target.setElement(0, 1, 7.0);
+    target = std::move(source);
+    EXPECT_EQ(0u, sizeOf(source));
+    EXPECT_EQ(3u, sizeOf(target));
+    EXPECT_EQ(0.0, target.getElement(0, 1));
+    SymmetricMatrixNXN const constructed(std::move(target));
+    EXPECT_EQ(0u, sizeOf(target));
+    target.makeNull();
+    target.setElement(0, 0, 1.0);
+    EXPECT_EQ(0.0, target.getElement(0, 0));
+}
+
+TEST(SymmetricMatrixNXN, KeepsItsCellsWhenMovedOntoItself)
+{
+    SymmetricMatrixNXN matrix(2);
+    matrix.setElement(0, 1, 3.0);
+    SymmetricMatrixNXN &same = matrix;
+    matrix = std::move(same);
+    EXPECT_EQ(2u, sizeOf(matrix));
+    EXPECT_EQ(3.0, matrix.getElement(1, 0));
+}
+
+TEST(MatrixNXN, AnIntegerConvertsToAMatrix)
+{
+    EXPECT_TRUE((std::is_convertible_v<unsigned int, MatrixNXN>));
+    EXPECT_TRUE((std::is_convertible_v<unsigned int, SymmetricMatrixNXN>));
+}
+
 TEST(MatrixIF, ObjectsLiveOnTheHeapOfTheContainers)
 {
     MatrixIF *const matrix = new SymmetricMatrixNXN(2);

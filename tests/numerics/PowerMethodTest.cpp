@@ -314,6 +314,19 @@ TEST(WielandtMethod, SingleElementLeavesAMatrixOfSizeZero)
     EXPECT_TRUE(std::isnan(method.getEigenvector()[0]));
 }
 
+TEST(WielandtMethod, MatrixWithoutRowsLeavesOneWithoutRows)
+{
+    MatrixNXN matrix(0);
+    double v[1] = {support::preset};
+    WielandtMethod method(&matrix, 1.0, v, 1e-9);
+    unsigned int size = 9;
+    method.getDeflatedMatrix()->getSize(size);
+    EXPECT_EQ(0u, size);
+    EXPECT_TRUE(method.iterate());
+    EXPECT_NE(nullptr, method.getEigenvector());
+    EXPECT_TRUE(SameBits(support::preset, v[0]));
+}
+
 TEST(WielandtMethod, CopySharesItsParts)
 {
     MatrixNXN matrix(3);

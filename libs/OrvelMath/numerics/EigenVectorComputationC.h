@@ -55,7 +55,7 @@ class ORVELMATH_EXPORT EigenVectorComputationC
 public:
     /// Does all the work. A matrix that no result fits, such as one with a NaN, leaves the object
     /// invalid.
-    explicit EigenVectorComputationC(matrixC3x3<double> const &matrix);
+    EigenVectorComputationC(matrixC3x3<double> const &matrix);
     EigenVectorComputationC(EigenVectorComputationC const &) = delete;
     EigenVectorComputationC &operator=(EigenVectorComputationC const &);
     ~EigenVectorComputationC();

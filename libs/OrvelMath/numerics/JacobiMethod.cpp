@@ -3,6 +3,30 @@
 
 #include <cmath>
 
+namespace {
+
+double sumOfUpperTriangle(SymmetricMatrixIF &matrix, unsigned int size)
+{
+    double sum = 0.0;
+    for (unsigned int p = 0; p < size; ++p) {
+        for (unsigned int q = p + 1; q < size; ++q) {
+            sum += std::fabs(matrix.getElement(p, q));
+        }
+    }
+    return sum;
+}
+
+/// True when element (p, q) is lost in both diagonal elements even a hundredfold.
+bool isNegligible(double apq, double app, double aqq)
+{
+    double const pMagnitude = std::fabs(app);
+    double const qMagnitude = std::fabs(aqq);
+    double const g = 100.0 * std::fabs(apq);
+    return pMagnitude + g == pMagnitude && qMagnitude + g == qMagnitude;
+}
+
+} // namespace
+
 JacobiMethod::JacobiMethod(SymmetricMatrixIF *matrix)
     : m_matrix(matrix)
     , m_eigenvectors(nullptr)
@@ -26,7 +50,7 @@ JacobiMethod::~JacobiMethod()
 bool JacobiMethod::iterate()
 {
     ++m_iterations;
-    double const sum = sumOfUpperTriangle();
+    double const sum = sumOfUpperTriangle(*m_matrix, m_size);
     m_quality = sum;
     if (std::fabs(sum) <= 1e-8) { // sum of magnitudes; false for a NaN
         return true;
@@ -38,7 +62,17 @@ bool JacobiMethod::iterate()
         m_iterations <= 4 ? 0.2 * sum / (double(m_size) * double(m_size)) : 0.0;
     for (unsigned int p = 0; p < m_size; ++p) {
         for (unsigned int q = p + 1; q < m_size; ++q) {
-            visit(p, q, threshold);
+            double const apq = m_matrix->getElement(p, q);
+            double const app = m_matrix->getElement(p, p);
+            double const aqq = m_matrix->getElement(q, q);
+            if (m_iterations < 4 && threshold > std::fabs(apq)) {
+                continue;
+            }
+            if (isNegligible(apq, app, aqq)) {
+                m_matrix->setElement(p, q, 0.0);
+            } else {
+                rotate(p, q);
+            }
         }
     }
     return false;
@@ -58,33 +92,6 @@ void JacobiMethod::getEigenvector(unsigned int i, PValOrderedVector<double> &res
 {
     for (unsigned int row = 0; row < m_size; ++row) {
         result.append(m_eigenvectors->getElement(row, i));
-    }
-}
-
-double JacobiMethod::sumOfUpperTriangle()
-{
-    double sum = 0.0;
-    for (unsigned int p = 0; p < m_size; ++p) {
-        for (unsigned int q = p + 1; q < m_size; ++q) {
-            sum += std::fabs(m_matrix->getElement(p, q));
-        }
-    }
-    return sum;
-}
-
-void JacobiMethod::visit(unsigned int p, unsigned int q, double threshold)
-{
-    double const magnitude = std::fabs(m_matrix->getElement(p, q));
-    double const pMagnitude = std::fabs(m_matrix->getElement(p, p));
-    double const qMagnitude = std::fabs(m_matrix->getElement(q, q));
-    double const g = 100.0 * magnitude;
-    if (m_iterations < 4 && threshold > magnitude) {
-        return;
-    }
-    if (pMagnitude + g == pMagnitude && qMagnitude + g == qMagnitude) {
-        m_matrix->setElement(p, q, 0.0);
-    } else {
-        rotate(p, q);
     }
 }
 

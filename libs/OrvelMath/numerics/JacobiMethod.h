@@ -21,7 +21,7 @@ class ORVELMATH_EXPORT JacobiMethod : public AlgorithmIF
 {
 public:
     /// Starts on `matrix`, with the identity as eigenvectors.
-    explicit JacobiMethod(SymmetricMatrixIF *matrix);
+    JacobiMethod(SymmetricMatrixIF *matrix);
     JacobiMethod(JacobiMethod const &);
     JacobiMethod &operator=(JacobiMethod const &);
     ~JacobiMethod() override;
@@ -47,9 +47,6 @@ protected:
     void rotate(unsigned int p, unsigned int q);
 
 private:
-    double sumOfUpperTriangle();
-    void visit(unsigned int p, unsigned int q, double threshold);
-
     SymmetricMatrixIF *m_matrix;
     MatrixIF *m_eigenvectors;
     unsigned int m_size;

@@ -65,26 +65,12 @@ LinearDiophantineEquationC::LinearDiophantineEquationC(int a, int b)
     : m_a(a)
     , m_b(b)
 {
-    init();
-}
-
-LinearDiophantineEquationC::LinearDiophantineEquationC(LinearDiophantineEquationC const &) =
-    default;
-LinearDiophantineEquationC::LinearDiophantineEquationC(LinearDiophantineEquationC &&) noexcept =
-    default;
-LinearDiophantineEquationC &
-LinearDiophantineEquationC::operator=(LinearDiophantineEquationC const &) = default;
-LinearDiophantineEquationC &
-LinearDiophantineEquationC::operator=(LinearDiophantineEquationC &&) noexcept = default;
-
-void LinearDiophantineEquationC::init()
-{
     // Invariant: a*s0 + b*t0 = r0 and a*s1 + b*t1 = r1. With b = 0 the loop has no pass.
     int r0 = m_a, r1 = m_b;
     int s0 = 1, s1 = 0;
     int t0 = 0, t1 = 1;
     auto const advance = [](int &older, int &newer, int q) {
-        const int next = difference(older, product(q, newer));
+        int const next = difference(older, product(q, newer));
         older = newer;
         newer = next;
     };
@@ -100,6 +86,15 @@ void LinearDiophantineEquationC::init()
     m_xStep = quotient(m_b, m_g);
     m_yStep = negated(quotient(m_a, m_g));
 }
+
+LinearDiophantineEquationC::LinearDiophantineEquationC(LinearDiophantineEquationC const &) =
+    default;
+LinearDiophantineEquationC::LinearDiophantineEquationC(LinearDiophantineEquationC &&) noexcept =
+    default;
+LinearDiophantineEquationC &
+LinearDiophantineEquationC::operator=(LinearDiophantineEquationC const &) = default;
+LinearDiophantineEquationC &
+LinearDiophantineEquationC::operator=(LinearDiophantineEquationC &&) noexcept = default;
 
 bool LinearDiophantineEquationC::solve(int c, int &x, int &y, int &xStep, int &yStep) const
 {

@@ -2,15 +2,35 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <new>
 #include <utility>
 
 // The comparisons with m_size below are checkBounds() without its virtual call: element access is
 // the inner loop of the iterative methods.
 
+namespace {
+
+/// Memory that any object can hold at most, in doubles.
+constexpr std::size_t maxCells = PTRDIFF_MAX / sizeof(double);
+
+/// `cells` itself; throws where the bytes of so many doubles have no number.
+std::size_t holdable(std::size_t cells)
+{
+    if (cells > maxCells) {
+        throw std::bad_alloc();
+    }
+    return cells;
+}
+
+} // namespace
+
+// n * n and n * (n + 1) / 2 fit into 64 bits for every n of 32; their bytes don't.
+
 MatrixNXN::MatrixNXN(unsigned int n)
     : m_size(n)
-    , m_elements(static_cast<double *>(::operator new(std::size_t(n) * n * sizeof(double))))
+    , m_elements(
+          static_cast<double *>(::operator new(holdable(std::size_t(n) * n) * sizeof(double))))
 {
 }
 
@@ -54,7 +74,7 @@ void MatrixNXN::makeNull()
 
 SymmetricMatrixNXN::SymmetricMatrixNXN(unsigned int n)
     : m_size(n)
-    , m_elements(std::size_t(n) * (std::size_t(n) + 1) / 2, 0.0)
+    , m_elements(holdable(std::size_t(n) * (std::size_t(n) + 1) / 2), 0.0)
 {
 }
 
@@ -65,16 +85,16 @@ SymmetricMatrixNXN::~SymmetricMatrixNXN() = default;
 // What was moved from is a matrix of no rows, not one of n rows without cells.
 SymmetricMatrixNXN::SymmetricMatrixNXN(SymmetricMatrixNXN &&other) noexcept
     : SymmetricMatrixIF(other)
-    , m_size(other.m_size)
+    , m_size(std::exchange(other.m_size, 0))
     , m_elements(std::move(other.m_elements))
 {
-    other.m_size = 0;
 }
 
 SymmetricMatrixNXN &SymmetricMatrixNXN::operator=(SymmetricMatrixNXN &&other) noexcept
 {
-    std::swap(m_size, other.m_size);
-    m_elements.swap(other.m_elements);
+    SymmetricMatrixNXN taken(std::move(other)); // so that a move onto itself changes nothing
+    std::swap(m_size, taken.m_size);
+    m_elements.swap(taken.m_elements);
     return *this;
 }
 

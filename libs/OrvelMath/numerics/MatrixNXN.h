@@ -12,8 +12,9 @@
 class ORVELMATH_EXPORT MatrixNXN : public MatrixIF
 {
 public:
-    /// n rows and n columns of arbitrary values; see makeNull() and makeIdentity().
-    explicit MatrixNXN(unsigned int n);
+    /// n rows and n columns of arbitrary values; see makeNull() and makeIdentity(). Throws
+    /// `std::bad_alloc` when there is no memory for n * n doubles.
+    MatrixNXN(unsigned int n);
     MatrixNXN(MatrixNXN const &);
     MatrixNXN &operator=(MatrixNXN const &);
     ~MatrixNXN() override;
@@ -34,9 +35,10 @@ private:
 class ORVELMATH_EXPORT SymmetricMatrixNXN : public SymmetricMatrixIF
 {
 public:
-    /// n rows and n columns of zeros.
-    explicit SymmetricMatrixNXN(unsigned int n);
+    /// n rows and n columns of zeros. Throws `std::bad_alloc` when there is no memory.
+    SymmetricMatrixNXN(unsigned int n);
     SymmetricMatrixNXN(SymmetricMatrixNXN const &);
+    /// Takes the cells; the source is a matrix of no rows afterwards, here and in the assignment.
     SymmetricMatrixNXN(SymmetricMatrixNXN &&) noexcept;
     SymmetricMatrixNXN &operator=(SymmetricMatrixNXN const &);
     SymmetricMatrixNXN &operator=(SymmetricMatrixNXN &&) noexcept;

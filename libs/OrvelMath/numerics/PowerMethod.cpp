@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -32,8 +33,9 @@ PowerMethod::PowerMethod(MatrixIF *matrix, double accuracy)
     }
     unsigned int size;
     m_matrix->getSize(size);
-    m_vector = new double[size];
+    std::unique_ptr<double[]> vector(new double[size]); // given back if the next one fails
     m_product = new double[size];
+    m_vector = vector.release();
 }
 
 PowerMethod::PowerMethod(PowerMethod const &) = default;
@@ -51,43 +53,18 @@ bool PowerMethod::iterate()
         return true;
     }
     if (m_iterations == 0) {
-        drawStartVector();
+        unsigned int size;
+        m_matrix->getSize(size);
+        for (unsigned int i = 0; i < size; ++i) {
+            m_vector[i] = std::rand() * 3.0517578125e-5; // 1/32768
+        }
+        normalize(m_vector, size);
     }
     ++m_iterations;
-    return step();
+    return iterateVector();
 }
 
 bool PowerMethod::iterateVector()
-{
-    return step();
-}
-
-double PowerMethod::getQuality()
-{
-    return m_quality;
-}
-
-double PowerMethod::getEigenvalue()
-{
-    return m_eigenvalue;
-}
-
-double *PowerMethod::getEigenvector()
-{
-    return m_vector;
-}
-
-void PowerMethod::drawStartVector()
-{
-    unsigned int size;
-    m_matrix->getSize(size);
-    for (unsigned int i = 0; i < size; ++i) {
-        m_vector[i] = std::rand() * 3.0517578125e-5; // 1/32768
-    }
-    normalize(m_vector, size);
-}
-
-bool PowerMethod::step()
 {
     unsigned int size;
     m_matrix->getSize(size);
@@ -117,4 +94,19 @@ bool PowerMethod::step()
     }
     m_quality = squaredDistance;
     return m_accuracy > std::sqrt(squaredDistance);
+}
+
+double PowerMethod::getQuality()
+{
+    return m_quality;
+}
+
+double PowerMethod::getEigenvalue()
+{
+    return m_eigenvalue;
+}
+
+double *PowerMethod::getEigenvector()
+{
+    return m_vector;
 }

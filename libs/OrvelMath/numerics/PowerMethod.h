@@ -44,9 +44,6 @@ protected:
     bool iterateVector();
 
 private:
-    void drawStartVector();
-    bool step();
-
     MatrixIF *m_matrix;
     double *m_vector;
     double *m_product;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace {
 
@@ -34,6 +35,14 @@ void copyWithoutPivot(MatrixIF &full, unsigned int pivot, MatrixIF &reduced)
     }
 }
 
+/// w = y with a zero inserted at the pivot.
+void insertZero(double *w, double const *y, unsigned int pivot, unsigned int size)
+{
+    std::copy(y, y + pivot, w);
+    w[pivot] = 0.0;
+    std::copy(y + pivot, y + size, w + pivot + 1);
+}
+
 } // namespace
 
 WielandtMethod::WielandtMethod(MatrixIF *matrix, double lambda, double *eigenvector,
@@ -50,20 +59,23 @@ WielandtMethod::WielandtMethod(MatrixIF *matrix, double lambda, double *eigenvec
     matrix->getSize(size);
     m_pivot = indexOfLargest(v, size);
 
-    m_rowVector = new double[size];
+    // A matrix without rows leaves one without rows, and no row vector.
+    std::unique_ptr<double[]> rowVector(size != 0 ? new double[size] : nullptr);
     for (unsigned int i = 0; i < size; ++i) {
-        m_rowVector[i] = matrix->getElement(m_pivot, i) / (v[m_pivot] * lambda);
+        rowVector[i] = matrix->getElement(m_pivot, i) / (v[m_pivot] * lambda);
     }
 
     MatrixNXN deflated(size);
     for (unsigned int i = 0; i < size; ++i) {
         for (unsigned int j = 0; j < size; ++j) {
-            deflated.setElement(i, j, matrix->getElement(i, j) - v[i] * lambda * m_rowVector[j]);
+            deflated.setElement(i, j, matrix->getElement(i, j) - v[i] * lambda * rowVector[j]);
         }
     }
-    m_deflatedMatrix = new MatrixNXN(size - 1);
-    copyWithoutPivot(deflated, m_pivot, *m_deflatedMatrix);
-    m_innerMethod = new PowerMethod(m_deflatedMatrix, m_accuracy);
+    auto reduced = std::make_unique<MatrixNXN>(size != 0 ? size - 1 : 0);
+    copyWithoutPivot(deflated, m_pivot, *reduced);
+    m_innerMethod = new PowerMethod(reduced.get(), m_accuracy);
+    m_deflatedMatrix = reduced.release();
+    m_rowVector = rowVector.release();
 }
 
 WielandtMethod::WielandtMethod(WielandtMethod const &) = default;
@@ -106,16 +118,15 @@ double *WielandtMethod::getEigenvector()
 
     unsigned int reducedSize;
     m_deflatedMatrix->getSize(reducedSize);
-    unsigned int const size = reducedSize + 1;
+    unsigned int const size = m_rowVector != nullptr ? reducedSize + 1 : 0;
     double const mu = m_innerMethod->getEigenvalue();
     double const lambda = m_knownEigenvalue;
     double const *const y = m_innerMethod->getEigenvector();
 
-    // y with a zero inserted at the pivot
     double *const w = new double[size];
-    std::copy(y, y + m_pivot, w);
-    w[m_pivot] = 0.0;
-    std::copy(y + m_pivot, y + reducedSize, w + m_pivot + 1);
+    if (size != 0) {
+        insertZero(w, y, m_pivot, reducedSize);
+    }
 
     double dot = 0.0;
     for (unsigned int i = 0; i < size; ++i) {

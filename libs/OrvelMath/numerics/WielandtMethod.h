@@ -17,7 +17,8 @@ class ORVELMATH_EXPORT WielandtMethod : public AlgorithmIF
 {
 public:
     /// Deflates `matrix`, which is only read and not kept, by the pair `lambda` and `eigenvector`
-    /// (n components, of any length). `accuracy` is that of the inner PowerMethod. Costs O(n^2).
+    /// (n components, of any length). A matrix without rows leaves one without rows. `accuracy` is
+    /// that of the inner PowerMethod. Costs O(n^2).
     WielandtMethod(MatrixIF *matrix, double lambda, double *eigenvector, double accuracy);
     WielandtMethod(WielandtMethod const &);
     WielandtMethod &operator=(WielandtMethod const &);
