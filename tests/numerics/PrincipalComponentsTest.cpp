@@ -92,6 +92,33 @@ TEST(RunPCA, CollinearPoints)
     EXPECT_EQ(a.center[2], 2.0);
 }
 
+TEST(RunPCA, ReturnsWhileTheSquaredDistancesSumUpBelowTheLimit)
+{
+    std::mt19937_64 random(20261122);
+    std::normal_distribution<double> normal;
+    std::uniform_real_distribution<double> exponent(-320.0, 152.5);
+    for (int trial = 0; trial < 2000; ++trial) {
+        double const sizes[3] = {std::pow(10.0, exponent(random)), std::pow(10.0, exponent(random)),
+                                 trial % 2 == 0 ? 1e152 : std::pow(10.0, exponent(random))};
+        PValOrderedVector<Point3D> points;
+        for (int i = 0; i < 3 + trial % 8; ++i) {
+            points.append(Point3D(sizes[0] * normal(random), sizes[1] * normal(random),
+                                  sizes[2] * normal(random)));
+        }
+        Analysis const a = analyse(points);
+        ASSERT_TRUE(std::isfinite(a.values[0]));
+        ASSERT_GE(a.values[0], a.values[2]);
+    }
+}
+
+TEST(RunPCA, OverflowInOneCoordinateGivesAnInfiniteVariance)
+{
+    Analysis const a =
+        analyse({{1e200, 0, 0}, {-1e200, 1, 0}, {1e200, 0, 1}, {-1e200, 3, 0}, {0, 0, 0}});
+    EXPECT_EQ(support::inf, a.values[0]);
+    EXPECT_TRUE(std::isfinite(a.values[1]));
+}
+
 TEST(RunPCA, EqualPointsKeepTheCoordinateAxes)
 {
     const Analysis a = analyse({{5, 6, 7}, {5, 6, 7}, {5, 6, 7}});

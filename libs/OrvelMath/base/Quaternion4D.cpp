@@ -15,10 +15,10 @@ Quaternion4D::Quaternion4D()
 }
 
 Quaternion4D::Quaternion4D(double x, double y, double z, double w)
-    : mX(x)
-    , mY(y)
-    , mZ(z)
-    , mW(w)
+    : m_x(x)
+    , m_y(y)
+    , m_z(z)
+    , m_w(w)
 {
 }
 
@@ -44,10 +44,10 @@ void Quaternion4D::SetComponents(double x, double y, double z, double w)
 
 void Quaternion4D::GetComponents(double &x, double &y, double &z, double &w) const
 {
-    x = mX;
-    y = mY;
-    z = mZ;
-    w = mW;
+    x = m_x;
+    y = m_y;
+    z = m_z;
+    w = m_w;
 }
 
 void Quaternion4D::SetIdentity()
@@ -66,27 +66,29 @@ void Quaternion4D::SetEuler(Point3D const &angles)
     double const cb = std::cos(b);
     double const sc = std::sin(c);
     double const cc = std::cos(c);
-    mX = sa * cb * cc - ca * sb * sc;
-    mY = ca * sb * cc + sa * cb * sc;
-    mZ = ca * cb * sc - sa * sb * cc;
-    mW = ca * cb * cc + sa * sb * sc;
+    m_x = sa * cb * cc - ca * sb * sc;
+    m_y = ca * sb * cc + sa * cb * sc;
+    m_z = ca * cb * sc - sa * sb * cc;
+    m_w = ca * cb * cc + sa * sb * sc;
 }
 
 void Quaternion4D::GetEuler(double &aboutY, double &aboutZ, double &aboutX)
 {
-    double const halfSine = mX * mY + mZ * mW; // half the sine of the angle about z
+    double const halfSine = m_x * m_y + m_z * m_w; // half the sine of the angle about z
     if (halfSine > 0.499) {
-        aboutY = 2.0 * std::atan2(mX, mW);
+        aboutY = 2.0 * std::atan2(m_x, m_w);
         aboutZ = halfPi;
         aboutX = 0.0;
     } else if (-0.499 > halfSine) {
-        aboutY = -2.0 * std::atan2(mX, mW);
+        aboutY = -2.0 * std::atan2(m_x, m_w);
         aboutZ = -halfPi;
         aboutX = 0.0;
     } else {
-        aboutY = std::atan2(2.0 * mY * mW - 2.0 * mX * mZ, 1.0 - 2.0 * mY * mY - 2.0 * mZ * mZ);
+        aboutY =
+            std::atan2(2.0 * m_y * m_w - 2.0 * m_x * m_z, 1.0 - 2.0 * m_y * m_y - 2.0 * m_z * m_z);
         aboutZ = std::asin(2.0 * halfSine);
-        aboutX = std::atan2(2.0 * mX * mW - 2.0 * mY * mZ, 1.0 - 2.0 * mX * mX - 2.0 * mZ * mZ);
+        aboutX =
+            std::atan2(2.0 * m_x * m_w - 2.0 * m_y * m_z, 1.0 - 2.0 * m_x * m_x - 2.0 * m_z * m_z);
     }
 }
 
@@ -94,25 +96,25 @@ void Quaternion4D::SetRotation(Point3D const &axis, double angle)
 {
     const Point3D unitAxis = axis.Normalize();
     double const sine = std::sin(angle * 0.5);
-    mX = unitAxis.x() * sine;
-    mY = unitAxis.y() * sine;
-    mZ = unitAxis.z() * sine;
-    mW = std::cos(angle * 0.5);
+    m_x = unitAxis.x() * sine;
+    m_y = unitAxis.y() * sine;
+    m_z = unitAxis.z() * sine;
+    m_w = std::cos(angle * 0.5);
 }
 
 void Quaternion4D::GetAngleAxis(Point3D &axis, double &angle) const
 {
     angle = 0.0;
     axis = Point3D(1.0, 0.0, 0.0);
-    if (std::fabs(mW) > 1.0) {
+    if (std::fabs(m_w) > 1.0) {
         return;
     }
-    double const sine = std::sqrt(1.0 - mW * mW);
+    double const sine = std::sqrt(1.0 - m_w * m_w);
     if (0.0001 > std::fabs(sine)) { // sine of half the angle
         return;
     }
-    angle = 2.0 * std::acos(mW);
-    axis = Point3D(mX / sine, mY / sine, mZ / sine);
+    angle = 2.0 * std::acos(m_w);
+    axis = Point3D(m_x / sine, m_y / sine, m_z / sine);
 }
 
 void Quaternion4D::SetMatrix(Matrix4X4C const &matrix)
@@ -122,10 +124,10 @@ void Quaternion4D::SetMatrix(Matrix4X4C const &matrix)
     if (trace > 0.0) {
         double const root = std::sqrt(trace + 1.0);
         double const factor = 0.5 / root;
-        mW = root * 0.5;
-        mX = (m[1][2] - m[2][1]) * factor;
-        mY = (m[2][0] - m[0][2]) * factor;
-        mZ = (m[0][1] - m[1][0]) * factor;
+        m_w = root * 0.5;
+        m_x = (m[1][2] - m[2][1]) * factor;
+        m_y = (m[2][0] - m[0][2]) * factor;
+        m_z = (m[0][1] - m[1][0]) * factor;
         return;
     }
 
@@ -142,20 +144,20 @@ void Quaternion4D::SetMatrix(Matrix4X4C const &matrix)
     if (factor != 0.0) {
         factor = 0.5 / factor;
     }
-    mW = (m[j][k] - m[k][j]) * factor;
+    m_w = (m[j][k] - m[k][j]) * factor;
     vectorPart[j] = (m[i][j] + m[j][i]) * factor;
     vectorPart[k] = (m[i][k] + m[k][i]) * factor;
-    mX = vectorPart[0];
-    mY = vectorPart[1];
-    mZ = vectorPart[2];
+    m_x = vectorPart[0];
+    m_y = vectorPart[1];
+    m_z = vectorPart[2];
 }
 
 Matrix4X4C Quaternion4D::GetMatrix() const
 {
-    double const x = mX;
-    double const y = mY;
-    double const z = mZ;
-    double const w = mW;
+    double const x = m_x;
+    double const y = m_y;
+    double const z = m_z;
+    double const w = m_w;
     double const rows[4][4] = {
         {1.0 - 2.0 * y * y - 2.0 * z * z, 2.0 * x * y + 2.0 * w * z, 2.0 * x * z - 2.0 * w * y,
          0.0},
@@ -170,12 +172,12 @@ Matrix4X4C Quaternion4D::GetMatrix() const
 
 double Quaternion4D::Dot(Quaternion4D const &other) const
 {
-    return mY * other.mY + mX * other.mX + mZ * other.mZ + mW * other.mW;
+    return m_y * other.m_y + m_x * other.m_x + m_z * other.m_z + m_w * other.m_w;
 }
 
 double Quaternion4D::LengthSqr() const
 {
-    return mX * mX + mY * mY + mZ * mZ + mW * mW;
+    return m_x * m_x + m_y * m_y + m_z * m_z + m_w * m_w;
 }
 
 double Quaternion4D::Length() const
@@ -186,7 +188,7 @@ double Quaternion4D::Length() const
 Quaternion4D Quaternion4D::Normal() const
 {
     double const length = Length();
-    return Quaternion4D(mX / length, mY / length, mZ / length, mW / length);
+    return Quaternion4D(m_x / length, m_y / length, m_z / length, m_w / length);
 }
 
 void Quaternion4D::Normalize()
@@ -196,7 +198,7 @@ void Quaternion4D::Normalize()
 
 Quaternion4D Quaternion4D::Slerp(Quaternion4D const &to, double t) const
 {
-    double const dot = mX * to.mX + mW * to.mW + mY * to.mY + mZ * to.mZ;
+    double const dot = m_x * to.m_x + m_w * to.m_w + m_y * to.m_y + m_z * to.m_z;
     bool const isOpposite = 0.0 > dot;
     double const cosine = isOpposite ? -dot : dot;
 
@@ -210,14 +212,14 @@ Quaternion4D Quaternion4D::Slerp(Quaternion4D const &to, double t) const
     if (isOpposite) {
         weightTo = -weightTo;
     }
-    return Quaternion4D(weightThis * mX + weightTo * to.mX, weightThis * mY + weightTo * to.mY,
-                        weightThis * mZ + weightTo * to.mZ, weightThis * mW + weightTo * to.mW);
+    return Quaternion4D(weightThis * m_x + weightTo * to.m_x, weightThis * m_y + weightTo * to.m_y,
+                        weightThis * m_z + weightTo * to.m_z, weightThis * m_w + weightTo * to.m_w);
 }
 
 Quaternion4D Quaternion4D::Lerp(Quaternion4D const &to, double t) const
 {
-    return Quaternion4D((to.mX - mX) * t + mX, (to.mY - mY) * t + mY, (to.mZ - mZ) * t + mZ,
-                        (to.mW - mW) * t + mW);
+    return Quaternion4D((to.m_x - m_x) * t + m_x, (to.m_y - m_y) * t + m_y,
+                        (to.m_z - m_z) * t + m_z, (to.m_w - m_w) * t + m_w);
 }
 
 void Matrix4X4C::SetFromQuaternion(Quaternion4D &quaternion)

@@ -88,8 +88,8 @@ public:
     Quaternion4D Lerp(Quaternion4D const &to, double t) const;
 
 private:
-    double mX;
-    double mY;
-    double mZ;
-    double mW;
+    double m_x;
+    double m_y;
+    double m_z;
+    double m_w;
 };

@@ -12,9 +12,9 @@ TMatrix::TMatrix()
 }
 
 TMatrix::TMatrix(Point2D const &translation)
-    : mAngleFactor(1.0)
-    , mAngleOffset(0.0)
-    , mMatrix{{1.0, 0.0, translation.x()}, {0.0, 1.0, translation.y()}, {0.0, 0.0, 1.0}}
+    : m_angleFactor(1.0)
+    , m_angleOffset(0.0)
+    , m_matrix{{1.0, 0.0, translation.x()}, {0.0, 1.0, translation.y()}, {0.0, 0.0, 1.0}}
 {
 }
 
@@ -59,36 +59,36 @@ void TMatrix::setMatrix(double m00, double m01, double m02, double m10, double m
     double const elements[3][3] = {{m00, m01, m02}, {m10, m11, m12}, {m20, m21, m22}};
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
-            mMatrix[row][column] = elements[row][column];
+            m_matrix[row][column] = elements[row][column];
         }
     }
-    mAngleFactor = factor;
-    mAngleOffset = offset;
+    m_angleFactor = factor;
+    m_angleOffset = offset;
 }
 
 Point2D TMatrix::operator*(Point2D const &point) const
 {
-    return Point2D(mMatrix[0][1] * point.y() + mMatrix[0][0] * point.x() + mMatrix[0][2],
-                   mMatrix[1][1] * point.y() + mMatrix[1][0] * point.x() + mMatrix[1][2]);
+    return Point2D(m_matrix[0][1] * point.y() + m_matrix[0][0] * point.x() + m_matrix[0][2],
+                   m_matrix[1][1] * point.y() + m_matrix[1][0] * point.x() + m_matrix[1][2]);
 }
 
 double TMatrix::operator*(double angle) const
 {
-    return angle * mAngleFactor + mAngleOffset;
+    return angle * m_angleFactor + m_angleOffset;
 }
 
 TMatrix TMatrix::operator*(TMatrix const &other) const
 {
     TMatrix product;
-    product.mAngleFactor = other.mAngleFactor * mAngleFactor;
-    product.mAngleOffset = other.mAngleOffset * mAngleFactor + mAngleOffset;
+    product.m_angleFactor = other.m_angleFactor * m_angleFactor;
+    product.m_angleOffset = other.m_angleOffset * m_angleFactor + m_angleOffset;
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
             double sum = 0.0;
             for (int k = 0; k < 3; ++k) {
-                sum += mMatrix[row][k] * other.mMatrix[k][column];
+                sum += m_matrix[row][k] * other.m_matrix[k][column];
             }
-            product.mMatrix[row][column] = sum;
+            product.m_matrix[row][column] = sum;
         }
     }
     return product;
@@ -104,8 +104,8 @@ TMatrix TMatrix::operator~() const
 {
     TMatrix source(*this);
     TMatrix companion;
-    auto &a = source.mMatrix;
-    auto &b = companion.mMatrix;
+    auto &a = source.m_matrix;
+    auto &b = companion.m_matrix;
     for (int i = 0; i < 3; ++i) {
         if (a[i][i] == 0.0) {
             int donor = i;
@@ -148,14 +148,14 @@ double TMatrix::Laenge(double length) const
 
 bool TMatrix::isMirrorMatrix() const
 {
-    return 0.0 > mAngleFactor;
+    return 0.0 > m_angleFactor;
 }
 
 TMatrix &TMatrix::correct()
 {
     for (int row = 0; row < 2; ++row) {
         for (int column = 0; column < 2; ++column) {
-            double &value = mMatrix[row][column];
+            double &value = m_matrix[row][column];
             if (-1e-9 < value && value < 1e-9) { // an element
                 value = 0.0;
             }
@@ -168,7 +168,7 @@ TMatrix &TMatrix::correctOne()
 {
     for (int row = 0; row < 2; ++row) {
         for (int column = 0; column < 2; ++column) {
-            double &value = mMatrix[row][column];
+            double &value = m_matrix[row][column];
             if (0.999999999 < value && value < 1.000000001) { // within 1e-9 of 1
                 value = 1.0;
             } else if (-1.000000001 < value && value < -0.999999999) { // within 1e-9 of -1
@@ -181,5 +181,5 @@ TMatrix &TMatrix::correctOne()
 
 double TMatrix::getValue(int column, int row)
 {
-    return mMatrix[row][column];
+    return m_matrix[row][column];
 }

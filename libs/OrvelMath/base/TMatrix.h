@@ -85,7 +85,7 @@ public:
     double getValue(int column, int row);
 
 private:
-    double mAngleFactor;
-    double mAngleOffset;
-    double mMatrix[3][3];
+    double m_angleFactor;
+    double m_angleOffset;
+    double m_matrix[3][3];
 };
