@@ -32,7 +32,7 @@ std::vector<double> randomSymmetric(unsigned int n)
 void jacobiOurs(benchmark::State &state)
 {
     unsigned int const n = unsigned(state.range(0));
-    const std::vector<double> a = randomSymmetric(n);
+    std::vector<double> const a = randomSymmetric(n);
     SymmetricMatrixNXN matrix(n);
     for (auto _ : state) {
         for (unsigned int i = 0; i < n; ++i) {
@@ -68,7 +68,7 @@ void eigen3x3OursBestOfThree(benchmark::State &state)
     auto const matrices = smallMatrices();
     std::size_t i = 0;
     for (auto _ : state) {
-        const EigenVectorComputationC result(matrices[i++ % matrices.size()]);
+        EigenVectorComputationC const result(matrices[i++ % matrices.size()]);
         benchmark::DoNotOptimize(result.getEigenValues());
     }
 }
@@ -103,7 +103,7 @@ std::vector<double> cloudCoordinates()
 
 void pcaOurs(benchmark::State &state)
 {
-    const std::vector<double> c = cloudCoordinates();
+    std::vector<double> const c = cloudCoordinates();
     PValOrderedVector<Point3D> points;
     points.reserve(cloudSize);
     for (std::size_t i = 0; i < cloudSize; ++i) {
@@ -129,7 +129,7 @@ void diophantineConstruct(benchmark::State &state)
 
 void diophantineSolve(benchmark::State &state)
 {
-    const LinearDiophantineEquationC equation(28657, 46368);
+    LinearDiophantineEquationC const equation(28657, 46368);
     int c = 0, x = 0, y = 0, xStep = 0, yStep = 0;
     for (auto _ : state) {
         equation.solve(++c & 0xffff, x, y, xStep, yStep);
@@ -140,7 +140,7 @@ void diophantineSolve(benchmark::State &state)
 
 void diophantineRange(benchmark::State &state)
 {
-    const LinearDiophantineEquationC equation(3, 5);
+    LinearDiophantineEquationC const equation(3, 5);
     int c = 0, x = 0, y = 0;
     for (auto _ : state) {
         equation.findSolutionInRange(++c & 0xffff, 0, 10000, 0, 10000, x, y);
@@ -153,10 +153,10 @@ void diophantineRange(benchmark::State &state)
 void jacobiEigen(benchmark::State &state)
 {
     int const n = int(state.range(0));
-    const std::vector<double> a = randomSymmetric(unsigned(n));
-    const Eigen::MatrixXd matrix = Eigen::Map<const Eigen::MatrixXd>(a.data(), n, n);
+    std::vector<double> const a = randomSymmetric(unsigned(n));
+    Eigen::MatrixXd const matrix = Eigen::Map<Eigen::MatrixXd const>(a.data(), n, n);
     for (auto _ : state) {
-        const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> solver(matrix);
+        Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> const solver(matrix);
         benchmark::DoNotOptimize(solver.eigenvalues()[0]);
     }
 }
@@ -166,7 +166,7 @@ void eigen3x3Eigen(benchmark::State &state)
 {
     std::vector<Eigen::Matrix3d> matrices;
     for (auto const &m : smallMatrices()) {
-        matrices.push_back(Eigen::Map<const Eigen::Matrix3d>(m.data()));
+        matrices.push_back(Eigen::Map<Eigen::Matrix3d const>(m.data()));
     }
     Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d> solver;
     std::size_t i = 0;
@@ -179,13 +179,13 @@ void eigen3x3Eigen(benchmark::State &state)
 
 void pcaEigen(benchmark::State &state)
 {
-    const std::vector<double> c = cloudCoordinates();
-    const Eigen::Map<const Eigen::Matrix3Xd> points(c.data(), 3, cloudSize);
+    std::vector<double> const c = cloudCoordinates();
+    Eigen::Map<Eigen::Matrix3Xd const> const points(c.data(), 3, cloudSize);
     for (auto _ : state) {
-        const Eigen::Vector3d mean = points.rowwise().mean();
-        const Eigen::Matrix3Xd centred = points.colwise() - mean;
-        const Eigen::Matrix3d covariance = centred * centred.transpose() / double(cloudSize - 1);
-        const Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d> solver(covariance);
+        Eigen::Vector3d const mean = points.rowwise().mean();
+        Eigen::Matrix3Xd const centred = points.colwise() - mean;
+        Eigen::Matrix3d const covariance = centred * centred.transpose() / double(cloudSize - 1);
+        Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d> const solver(covariance);
         benchmark::DoNotOptimize(solver.eigenvectors()(0, 0));
     }
 }

@@ -111,7 +111,7 @@ void runFFTW(benchmark::State &state, unsigned int rigour)
 {
     int const n = int(state.range(0));
     Signal in(n), out(n);
-    const fftw_iodim size{n, 1, 1};
+    fftw_iodim const size{n, 1, 1};
     fftw_plan plan =
         fftw_plan_guru_split_dft(1, &size, 0, nullptr, in.im.data(), in.re.data(), out.im.data(),
                                  out.re.data(), rigour); // exchanged parts: positive exponent
@@ -139,7 +139,7 @@ void fftFFTWMeasure(benchmark::State &state)
 #ifdef ORVEL_HAVE_KISSFFT
 void fftKissFFT(benchmark::State &state)
 {
-    const std::size_t n = std::size_t(state.range(0));
+    std::size_t const n = std::size_t(state.range(0));
     kissfft<double> transform(n, true);
     std::vector<std::complex<double>> in(n), out(n);
     AlignedArray values(2 * n);

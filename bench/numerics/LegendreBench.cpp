@@ -60,7 +60,7 @@ void legendreOurs(benchmark::State &state)
 void legendrePlainLoop(benchmark::State &state)
 {
     Step step(state.range(0));
-    const std::size_t n = std::size_t(state.range(0));
+    std::size_t const n = std::size_t(state.range(0));
     for (auto _ : state) {
         for (std::size_t l = 0; l < n / 2; ++l) {
             double sum = 0.0;
@@ -126,10 +126,10 @@ void legendreReadOnly(benchmark::State &state)
 void legendreEigen(benchmark::State &state)
 {
     Step step(state.range(0));
-    const Eigen::Index n = state.range(0);
+    Eigen::Index const n = state.range(0);
     using RowMajor = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
-    const Eigen::Map<const RowMajor> table(step.table.data(), n / 2, n);
-    const Eigen::Map<const Eigen::VectorXd> x(step.scratch.data(), n);
+    Eigen::Map<RowMajor const> const table(step.table.data(), n / 2, n);
+    Eigen::Map<Eigen::VectorXd const> const x(step.scratch.data(), n);
     Eigen::Map<Eigen::VectorXd> result(step.result.data(), n / 2);
     for (auto _ : state) {
         result.noalias() = table * x;
@@ -157,7 +157,7 @@ void legendreOpenBLAS(benchmark::State &state)
 void sphericalOurs(benchmark::State &state)
 {
     int const b = int(state.range(0));
-    const std::size_t n = 2 * std::size_t(b);
+    std::size_t const n = 2 * std::size_t(b);
     AlignedArray re(n * n), im(n * n), coefficientsRe(n * n / 4), coefficientsIm(n * n / 4);
     AlignedArray workspace(2 * n * n + 5 * n), weights(n), table(n * n / 4 * (std::size_t(b) + 1));
     for (AlignedArray *array : {&re, &im, &weights, &table}) {

@@ -25,8 +25,8 @@ Components componentsOf(Quaternion4D const &q)
 
 double distance(Quaternion4D const &a, Quaternion4D const &b)
 {
-    const Components u = componentsOf(a);
-    const Components v = componentsOf(b);
+    Components const u = componentsOf(a);
+    Components const v = componentsOf(b);
     double sum = 0.0;
     for (std::size_t i = 0; i < 4; ++i) {
         sum += (u[i] - v[i]) * (u[i] - v[i]);
@@ -36,7 +36,7 @@ double distance(Quaternion4D const &a, Quaternion4D const &b)
 
 Quaternion4D negated(Quaternion4D const &q)
 {
-    const Components c = componentsOf(q);
+    Components const c = componentsOf(q);
     return Quaternion4D(-c[0], -c[1], -c[2], -c[3]);
 }
 
@@ -56,8 +56,8 @@ Rotation product(Rotation const &a, Rotation const &b)
 /// The textbook rotation about a coordinate axis, counter-clockwise against it.
 Rotation aboutAxis(std::size_t axis, double angle)
 {
-    const std::size_t j = (axis + 1) % 3;
-    const std::size_t k = (axis + 2) % 3;
+    std::size_t const j = (axis + 1) % 3;
+    std::size_t const k = (axis + 2) % 3;
     Rotation result{};
     result[axis][axis] = 1.0;
     result[j][j] = result[k][k] = std::cos(angle);
@@ -111,7 +111,7 @@ double anyNumber(double limit)
 
 Point3D anyAxis()
 {
-    const Point3D axis(anyNumber(1.0), anyNumber(1.0), anyNumber(1.0));
+    Point3D const axis(anyNumber(1.0), anyNumber(1.0), anyNumber(1.0));
     RC_PRE(axis.Length() > 1e-3);
     return axis;
 }
@@ -133,7 +133,7 @@ TEST(QuaternionValue, ConstructorsAndComponents)
     expectComponents(Quaternion4D(), 0.0, 0.0, 0.0, 1.0);
     Quaternion4D q(1.0, 2.0, 3.0, 4.0);
     expectComponents(q, 1.0, 2.0, 3.0, 4.0);
-    const Quaternion4D copy(q);
+    Quaternion4D const copy(q);
     expectComponents(copy, 1.0, 2.0, 3.0, 4.0);
     q.SetComponents(5.0, 6.0, 7.0, 8.0);
     expectComponents(q, 5.0, 6.0, 7.0, 8.0);
@@ -146,13 +146,13 @@ TEST(QuaternionValue, ConstructorsAndComponents)
 
 TEST(QuaternionValue, ConvertingConstructorsDoAsTheirSetters)
 {
-    const Point3D angles(0.3, 0.2, 0.1);
+    Point3D const angles(0.3, 0.2, 0.1);
     Quaternion4D set;
     set.SetEuler(angles);
     EXPECT_EQ(componentsOf(Quaternion4D(angles)), componentsOf(set));
     set.SetRotation(angles, 0.7);
     EXPECT_EQ(componentsOf(Quaternion4D(angles, 0.7)), componentsOf(set));
-    const Matrix4X4C matrix = set.GetMatrix();
+    Matrix4X4C const matrix = set.GetMatrix();
     Quaternion4D fromMatrix;
     fromMatrix.SetMatrix(matrix);
     EXPECT_EQ(componentsOf(Quaternion4D(matrix)), componentsOf(fromMatrix));
@@ -160,9 +160,9 @@ TEST(QuaternionValue, ConvertingConstructorsDoAsTheirSetters)
 
 TEST(QuaternionValue, AllocatesAndFreesThroughTheClass)
 {
-    const std::unique_ptr<Quaternion4D> one(new Quaternion4D(1.0, 2.0, 3.0, 4.0));
+    std::unique_ptr<Quaternion4D> const one(new Quaternion4D(1.0, 2.0, 3.0, 4.0));
     expectComponents(*one, 1.0, 2.0, 3.0, 4.0);
-    const std::unique_ptr<Quaternion4D[]> several(new Quaternion4D[3]);
+    std::unique_ptr<Quaternion4D[]> const several(new Quaternion4D[3]);
     expectComponents(several[2], 0.0, 0.0, 0.0, 1.0);
     alignas(Quaternion4D) unsigned char memory[sizeof(Quaternion4D)];
     Quaternion4D *const placed = new (memory) Quaternion4D(4.0, 3.0, 2.0, 1.0);
@@ -172,7 +172,7 @@ TEST(QuaternionValue, AllocatesAndFreesThroughTheClass)
 
 TEST(QuaternionValue, LengthAndDotProduct)
 {
-    const Quaternion4D q(1.0, 2.0, 3.0, 4.0);
+    Quaternion4D const q(1.0, 2.0, 3.0, 4.0);
     EXPECT_EQ(q.LengthSqr(), 30.0);
     EXPECT_EQ(q.Length(), std::sqrt(30.0));
     EXPECT_EQ(q.Dot(Quaternion4D(5.0, 6.0, 7.0, 8.0)), 70.0);
@@ -208,7 +208,7 @@ TEST(QuaternionMatrix, IsTheTransposeOfTheTextbookForm)
 {
     Quaternion4D q;
     q.SetRotation(Point3D(0.0, 0.0, 1.0), pi / 2.0);
-    const Matrix4X4C matrix = q.GetMatrix();
+    Matrix4X4C const matrix = q.GetMatrix();
     double const(&m)[4][4] = matrix.GetConstMatrixRef();
     EXPECT_NEAR(m[0][1], 1.0, 1e-15);
     EXPECT_NEAR(m[1][0], -1.0, 1e-15);
@@ -219,7 +219,7 @@ TEST(QuaternionMatrix, IsTheTransposeOfTheTextbookForm)
 
 TEST(QuaternionMatrix, ElementsOfAnUnevenQuaternion)
 {
-    const Matrix4X4C matrix = Quaternion4D(1.0, 2.0, 3.0, 4.0).GetMatrix();
+    Matrix4X4C const matrix = Quaternion4D(1.0, 2.0, 3.0, 4.0).GetMatrix();
     double const expected[4][4] = {{-25.0, 28.0, -10.0, 0.0},
                                    {-20.0, -19.0, 20.0, 0.0},
                                    {22.0, 4.0, -9.0, 0.0},
@@ -282,7 +282,7 @@ TEST(QuaternionMatrix, MembersOfTheMatrixGoThroughTheQuaternion)
 
 TEST(QuaternionRotation, NormalisesItsAxis)
 {
-    const Quaternion4D q(Point3D(0.0, 0.0, 8.0), 0.5);
+    Quaternion4D const q(Point3D(0.0, 0.0, 8.0), 0.5);
     expectComponents(q, 0.0, 0.0, std::sin(0.25), std::cos(0.25));
     expectComponents(Quaternion4D(Point3D(), 0.5), 0.0, 0.0, 0.0, std::cos(0.25));
 }
@@ -376,8 +376,8 @@ TEST(QuaternionEuler, PolesAreExact)
 
 TEST(QuaternionSlerp, EndsAndOpposites)
 {
-    const Quaternion4D q(Point3D(1.0, 2.0, 3.0), 0.4);
-    const Quaternion4D r(Point3D(3.0, -1.0, 0.5), 2.1);
+    Quaternion4D const q(Point3D(1.0, 2.0, 3.0), 0.4);
+    Quaternion4D const r(Point3D(3.0, -1.0, 0.5), 2.1);
     EXPECT_LT(distance(q.Slerp(r, 0.0), q), 1e-15);
     EXPECT_LT(distance(q.Slerp(r, 1.0), r), 1e-15);
     EXPECT_LT(distance(q.Slerp(negated(r), 1.0), r), 1e-15);
@@ -386,9 +386,9 @@ TEST(QuaternionSlerp, EndsAndOpposites)
 
 TEST(QuaternionSlerp, IsLinearFromTheLimitUpward)
 {
-    const Quaternion4D from(0.0, 0.0, 0.0, 1.0);
+    Quaternion4D const from(0.0, 0.0, 0.0, 1.0);
     double const s = std::sqrt(1.0 - 0.99999 * 0.99999);
-    const Quaternion4D atLimit(0.0, 0.0, s, 0.99999);
+    Quaternion4D const atLimit(0.0, 0.0, s, 0.99999);
     EXPECT_EQ(componentsOf(from.Slerp(atLimit, 0.5))[2], 0.5 * s);
     double const below = std::nextafter(0.99999, 0.0);
     double const angle = std::acos(below);
@@ -398,7 +398,7 @@ TEST(QuaternionSlerp, IsLinearFromTheLimitUpward)
 
 TEST(QuaternionLerp, TakesNoShortWay)
 {
-    const Quaternion4D q(1.0, 2.0, 3.0, 4.0);
+    Quaternion4D const q(1.0, 2.0, 3.0, 4.0);
     expectComponents(q.Lerp(negated(q), 0.5), 0.0, 0.0, 0.0, 0.0);
     expectComponents(q.Lerp(Quaternion4D(5.0, 6.0, 7.0, 8.0), 0.25), 2.0, 3.0, 4.0, 5.0);
     EXPECT_EQ(componentsOf(q.Lerp(Quaternion4D(), 0.0)), componentsOf(q));
@@ -406,7 +406,7 @@ TEST(QuaternionLerp, TakesNoShortWay)
 
 TEST(QuaternionNonFinite, PassesThrough)
 {
-    const Quaternion4D q(notANumber, 0.0, 0.0, 1.0);
+    Quaternion4D const q(notANumber, 0.0, 0.0, 1.0);
     EXPECT_TRUE(std::isnan(q.Length()));
     EXPECT_TRUE(std::isnan(q.GetMatrix().GetConstMatrixRef()[1][1]));
     EXPECT_TRUE(std::isnan(componentsOf(q.Slerp(Quaternion4D(), 0.5))[0]));
@@ -429,9 +429,9 @@ TEST(QuaternionNonFinite, PassesThrough)
 
 RC_GTEST_PROP(QuaternionProperty, MatrixIsTheTransposedRotationAboutTheAxis, ())
 {
-    const Point3D axis = anyAxis();
+    Point3D const axis = anyAxis();
     double const angle = anyNumber(2.0 * pi);
-    const Matrix4X4C m = Quaternion4D(axis, angle).GetMatrix();
+    Matrix4X4C const m = Quaternion4D(axis, angle).GetMatrix();
     RC_ASSERT(distanceFromTranspose(m, aboutDirection(axis.Normalize(), angle)) < 1e-14);
     RC_ASSERT(m.CheckMatrix());
     RC_ASSERT((Math3DVektorprodukt(m.GetMatX(), m.GetMatY()) - m.GetMatZ()).Length() < 1e-14);
@@ -439,26 +439,26 @@ RC_GTEST_PROP(QuaternionProperty, MatrixIsTheTransposedRotationAboutTheAxis, ())
 
 RC_GTEST_PROP(QuaternionProperty, MatrixAndBackIsTheSameRotation, ())
 {
-    const Quaternion4D q = anyRotation();
-    const Quaternion4D back(q.GetMatrix());
+    Quaternion4D const q = anyRotation();
+    Quaternion4D const back(q.GetMatrix());
     RC_ASSERT(std::fmin(distance(back, q), distance(back, negated(q))) < 1e-14);
 }
 
 RC_GTEST_PROP(QuaternionProperty, HalfTurnsComeBackFromTheMatrixToo, ())
 {
-    const Quaternion4D q(anyAxis(), pi + anyNumber(1e-6));
-    const Quaternion4D back(q.GetMatrix());
+    Quaternion4D const q(anyAxis(), pi + anyNumber(1e-6));
+    Quaternion4D const back(q.GetMatrix());
     RC_ASSERT(std::fmin(distance(back, q), distance(back, negated(q))) < 1e-13);
 }
 
 RC_GTEST_PROP(QuaternionProperty, AngleAndAxisComeBack, ())
 {
-    const Quaternion4D q = anyRotation();
+    Quaternion4D const q = anyRotation();
     Point3D axis;
     double angle = 0.0;
     q.GetAngleAxis(axis, angle);
     RC_ASSERT(angle >= 0.0 && angle <= 2.0 * pi);
-    const Quaternion4D back(axis, angle);
+    Quaternion4D const back(axis, angle);
     if (angle != 0.0) {
         RC_ASSERT(distance(back, q) < 1e-8);
     } else { // no more is lost than the guard swallows
@@ -468,8 +468,8 @@ RC_GTEST_PROP(QuaternionProperty, AngleAndAxisComeBack, ())
 
 RC_GTEST_PROP(QuaternionProperty, SetEulerTurnsAboutXThenYThenZ, ())
 {
-    const Point3D e(anyNumber(pi), anyNumber(pi), anyNumber(pi));
-    const Rotation expected =
+    Point3D const e(anyNumber(pi), anyNumber(pi), anyNumber(pi));
+    Rotation const expected =
         product(aboutAxis(2, e.z()), product(aboutAxis(1, e.y()), aboutAxis(0, e.x())));
     RC_ASSERT(distanceFromTranspose(Quaternion4D(e).GetMatrix(), expected) < 1e-14);
 }
@@ -482,31 +482,31 @@ RC_GTEST_PROP(QuaternionProperty, GetEulerReadsYThenZThenX, ())
     double x = 0.0;
     q.GetEuler(y, z, x);
     double const tolerance = std::fabs(z) < 1.5 ? 1e-12 : 0.1; // the poles are cut off
-    const Rotation expected = product(aboutAxis(1, y), product(aboutAxis(2, z), aboutAxis(0, x)));
+    Rotation const expected = product(aboutAxis(1, y), product(aboutAxis(2, z), aboutAxis(0, x)));
     RC_ASSERT(distanceFromTranspose(q.GetMatrix(), expected) < tolerance);
 }
 
 RC_GTEST_PROP(QuaternionProperty, SlerpKeepsTheLength, ())
 {
-    const Quaternion4D q = anyRotation();
+    Quaternion4D const q = anyRotation();
     double const t = uniform(0, 1001) * 1e-3;
-    const Quaternion4D far = anyRotation();
+    Quaternion4D const far = anyRotation();
     if (std::fabs(q.Dot(far)) < 0.99999) {
         RC_ASSERT(std::fabs(q.Slerp(far, t).Length() - 1.0) < 1e-12);
     }
-    const Quaternion4D near = q.Lerp(far, uniform(0, 1001) * 4e-6).Normal();
+    Quaternion4D const near = q.Lerp(far, uniform(0, 1001) * 4e-6).Normal();
     RC_ASSERT(std::fabs(q.Slerp(near, t).Length() - 1.0) < 1e-5);
     RC_ASSERT(std::fabs(q.Slerp(negated(near), t).Length() - 1.0) < 1e-5);
 }
 
 RC_GTEST_PROP(QuaternionProperty, SlerpTurnsInProportion, ())
 {
-    const Point3D axis = anyAxis();
+    Point3D const axis = anyAxis();
     double const start = anyNumber(1.0);
     double const turn = anyNumber(3.0);
     RC_PRE(std::fabs(turn) > 0.01);
     double const t = uniform(0, 1001) * 1e-3;
-    const Quaternion4D between =
+    Quaternion4D const between =
         Quaternion4D(axis, start).Slerp(Quaternion4D(axis, start + turn), t);
     RC_ASSERT(distance(between, Quaternion4D(axis, start + turn * t)) < 1e-12);
 }

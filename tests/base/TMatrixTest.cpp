@@ -34,7 +34,7 @@ std::array<double, 3> thirdRowOf(TMatrix t)
 }
 
 using Elements = std::array<double, 6>;
-const std::array<double, 3> plainThirdRow{0.0, 0.0, 1.0};
+std::array<double, 3> const plainThirdRow{0.0, 0.0, 1.0};
 
 /// An integer from [low, high), as likely early in a run as late.
 int uniform(int low, int high)
@@ -78,7 +78,7 @@ TMatrix anyTransformation()
 
 TEST(TMatrixValue, DefaultIsTheIdentity)
 {
-    const TMatrix t;
+    TMatrix const t;
     EXPECT_EQ(elementsOf(t), (Elements{1.0, 0.0, 0.0, 1.0, 0.0, 0.0}));
     EXPECT_EQ(thirdRowOf(t), plainThirdRow);
     EXPECT_EQ(factorOf(t), 1.0);
@@ -88,15 +88,15 @@ TEST(TMatrixValue, DefaultIsTheIdentity)
 
 TEST(TMatrixValue, TranslationMovesPointsAndKeepsAngles)
 {
-    const TMatrix t(Point2D(5.0, 7.0));
+    TMatrix const t(Point2D(5.0, 7.0));
     EXPECT_EQ(t * Point2D(1.0, 2.0), Point2D(6.0, 9.0));
     EXPECT_EQ(t * 30.0, 30.0);
 }
 
 TEST(TMatrixValue, RotationIsCounterClockwiseInDegrees)
 {
-    const TMatrix t(90.0);
-    const Point2D image = t * Point2D(1.0, 0.0);
+    TMatrix const t(90.0);
+    Point2D const image = t * Point2D(1.0, 0.0);
     EXPECT_NEAR(image.x(), 0.0, 1e-16);
     EXPECT_EQ(image.y(), 1.0);
     EXPECT_EQ(t * 10.0, 100.0);
@@ -137,17 +137,17 @@ TEST(TMatrixValue, UnknownMirrorLeavesTheMemoryUnwritten)
 
 TEST(TMatrixScaling, NegativeFactorsAreMirrors)
 {
-    const TMatrix mirrored(-2.0, 3.0);
+    TMatrix const mirrored(-2.0, 3.0);
     EXPECT_EQ(elementsOf(mirrored), (Elements{-2.0, 0.0, 0.0, 3.0, 0.0, 0.0}));
     EXPECT_EQ(factorOf(mirrored), -1.0);
     EXPECT_EQ(offsetOf(mirrored), 180.0);
 
-    const TMatrix flipped(2.0, -3.0);
+    TMatrix const flipped(2.0, -3.0);
     EXPECT_EQ(elementsOf(flipped), (Elements{2.0, 0.0, 0.0, -3.0, 0.0, 0.0}));
     EXPECT_EQ(factorOf(flipped), -1.0);
     EXPECT_EQ(offsetOf(flipped), 360.0);
 
-    const TMatrix halfTurn(-2.0, -3.0);
+    TMatrix const halfTurn(-2.0, -3.0);
     EXPECT_EQ(elementsOf(halfTurn), (Elements{-2.0, 0.0, 0.0, -3.0, 0.0, 0.0}));
     EXPECT_EQ(factorOf(halfTurn), 1.0);
     EXPECT_EQ(offsetOf(halfTurn), 180.0);
@@ -156,7 +156,7 @@ TEST(TMatrixScaling, NegativeFactorsAreMirrors)
 
 TEST(TMatrixScaling, PositiveFactorsKeepAngles)
 {
-    const TMatrix t(2.0, 3.0);
+    TMatrix const t(2.0, 3.0);
     EXPECT_EQ(t * Point2D(1.0, 1.0), Point2D(2.0, 3.0));
     EXPECT_EQ(factorOf(t), 1.0);
     EXPECT_EQ(offsetOf(t), 0.0);
@@ -188,7 +188,7 @@ TEST(TMatrixValue, CopyAndAssignmentTakeAllElevenValues)
 {
     TMatrix t;
     t.setMatrix(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, -1.0, 45.0);
-    const TMatrix copy(t);
+    TMatrix const copy(t);
     TMatrix assigned;
     assigned = t;
     EXPECT_EQ(std::memcmp(&copy, &t, sizeof t), 0);
@@ -197,9 +197,9 @@ TEST(TMatrixValue, CopyAndAssignmentTakeAllElevenValues)
 
 TEST(TMatrixProduct, DoesTheRightFactorFirst)
 {
-    const TMatrix turn(90.0);
-    const TMatrix shift(Point2D(5.0, 0.0));
-    const Point2D image = turn * shift * Point2D(1.0, 0.0);
+    TMatrix const turn(90.0);
+    TMatrix const shift(Point2D(5.0, 0.0));
+    Point2D const image = turn * shift * Point2D(1.0, 0.0);
     EXPECT_NEAR(image.x(), 0.0, 1e-15);
     EXPECT_EQ(image.y(), 6.0);
 
@@ -221,8 +221,8 @@ TEST(TMatrixProduct, MultipliesTheThirdRowToo)
 
 TEST(TMatrixProduct, ComposesTheAngleMapLikeThePointMap)
 {
-    const TMatrix mirror(0);
-    const TMatrix turn(20.0);
+    TMatrix const mirror(0);
+    TMatrix const turn(20.0);
     EXPECT_EQ((mirror * turn) * 5.0, mirror * (turn * 5.0));
     EXPECT_EQ((turn * mirror) * 5.0, turn * (mirror * 5.0));
     EXPECT_TRUE((mirror * turn).isMirrorMatrix());
@@ -231,14 +231,14 @@ TEST(TMatrixProduct, ComposesTheAngleMapLikeThePointMap)
 
 TEST(TMatrixInverse, InvertsDiagonalMatrices)
 {
-    const TMatrix inverse = ~TMatrix(2.0, 4.0);
+    TMatrix const inverse = ~TMatrix(2.0, 4.0);
     EXPECT_EQ(elementsOf(inverse), (Elements{0.5, 0.0, 0.0, 0.25, 0.0, 0.0}));
     EXPECT_EQ(thirdRowOf(inverse), plainThirdRow);
 }
 
 TEST(TMatrixInverse, LosesTheMirrorFlag)
 {
-    const TMatrix inverse = ~TMatrix(-2.0, 4.0);
+    TMatrix const inverse = ~TMatrix(-2.0, 4.0);
     EXPECT_EQ(elementsOf(inverse), (Elements{-0.5, 0.0, 0.0, 0.25, 0.0, 0.0}));
     EXPECT_FALSE(inverse.isMirrorMatrix());
     EXPECT_EQ(offsetOf(inverse), 0.0);
@@ -263,7 +263,7 @@ TEST(TMatrixInverse, SingularMatrixGivesTheDefault)
 {
     TMatrix zero;
     zero.setMatrix(0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, -1.0, 30.0);
-    const TMatrix inverse = ~zero;
+    TMatrix const inverse = ~zero;
     EXPECT_EQ(elementsOf(inverse), elementsOf(TMatrix()));
     EXPECT_EQ(thirdRowOf(inverse), plainThirdRow);
     EXPECT_EQ(factorOf(inverse), 1.0);
@@ -322,28 +322,28 @@ TEST(TMatrixNonFinite, PassesThrough)
 
 RC_GTEST_PROP(TMatrixProperty, CompositionActsOnPointsAsTheFactorsDo, ())
 {
-    const TMatrix a = anyTransformation();
-    const TMatrix b = anyTransformation();
-    const Point2D p(anyNumber(), anyNumber());
-    const Point2D atOnce = (a * b) * p;
-    const Point2D inTurn = a * (b * p);
+    TMatrix const a = anyTransformation();
+    TMatrix const b = anyTransformation();
+    Point2D const p(anyNumber(), anyNumber());
+    Point2D const atOnce = (a * b) * p;
+    Point2D const inTurn = a * (b * p);
     RC_ASSERT((atOnce - inTurn).Length() <= 1e-10 * (1.0 + inTurn.Length() + p.Length()) * 1e3);
 }
 
 RC_GTEST_PROP(TMatrixProperty, CompositionActsOnAnglesAsTheFactorsDo, ())
 {
-    const TMatrix a = anyTransformation();
-    const TMatrix b = anyTransformation();
+    TMatrix const a = anyTransformation();
+    TMatrix const b = anyTransformation();
     double const angle = anyNumber();
     RC_ASSERT(std::fabs((a * b) * angle - a * (b * angle)) < 1e-9);
 }
 
 RC_GTEST_PROP(TMatrixProperty, AngleMapIsThatOfDirections, ())
 {
-    const TMatrix t = anyTransformation();
+    TMatrix const t = anyTransformation();
     double const angle = anyNumber();
     Point2D turned = t * VecWin(angle) - t * Point2D();
-    const Point2D expected = VecWin(t * angle);
+    Point2D const expected = VecWin(t * angle);
     RC_PRE(turned.Length() > 1e-6);
     RC_ASSERT((turned.Normalize() - expected).Length() < 1e-6);
 }
@@ -353,7 +353,7 @@ RC_GTEST_PROP(TMatrixProperty, InverseOfADiagonalMatrixUndoesIt, ())
     double const sx = anyNumber();
     double const sy = anyNumber();
     RC_PRE(sx != 0.0 && sy != 0.0);
-    const TMatrix t(sx, sy);
-    const Point2D p(anyNumber(), anyNumber());
+    TMatrix const t(sx, sy);
+    Point2D const p(anyNumber(), anyNumber());
     RC_ASSERT((~t * (t * p) - p).Length() <= 1e-15 * p.Length());
 }

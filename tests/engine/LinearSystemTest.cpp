@@ -94,7 +94,7 @@ private:
             std::swap(rows[pivot], rows[row]);
             determinant = -determinant;
         }
-        const Fraction scale = rows[row][column];
+        Fraction const scale = rows[row][column];
         determinant *= scale;
         for (Fraction &value : rows[row]) {
             value /= scale;
@@ -103,7 +103,7 @@ private:
             if (r == row) {
                 continue;
             }
-            const Fraction factor = rows[r][column];
+            Fraction const factor = rows[r][column];
             for (int c = 0; c < C; ++c) {
                 rows[r][c] -= rows[row][c] * factor;
             }

@@ -74,7 +74,7 @@ TEST(KasaFit, CollinearPointsAreRefused)
 
 TEST(TaubinFit, CollinearPointsDependOnTheSmallestDeterminant)
 {
-    const Points line{{-1, 0}, {0, 0}, {1, 0}};
+    Points const line{{-1, 0}, {0, 0}, {1, 0}};
     for (double smallest : {1e-300, 1e-12, 1.0}) {
         expectNone(MatUtil::taubinFit(line, smallest));
     }
@@ -98,18 +98,18 @@ TEST(TaubinFit, TwoPointsAreRefusedWhateverTheDeterminant)
 
 TEST(TaubinFit, CoincidentPoints)
 {
-    const Points points{{3, 4}, {3, 4}, {3, 4}};
+    Points const points{{3, 4}, {3, 4}, {3, 4}};
     expectNone(MatUtil::taubinFit(points, 1e-300));
-    const Circle circle = MatUtil::taubinFit(points, 0.0); // 0.0 is not above 0.0
+    Circle const circle = MatUtil::taubinFit(points, 0.0); // 0.0 is not above 0.0
     EXPECT_TRUE(std::isnan(circle.first.x()));
-    const Circle accepted = MatUtil::taubinFit(points, -inf);
+    Circle const accepted = MatUtil::taubinFit(points, -inf);
     EXPECT_FALSE(std::isfinite(accepted.first.x()));
     EXPECT_FALSE(std::isfinite(accepted.first.y()));
 }
 
 TEST(TaubinFit, SmallestDeterminantIsASignedLimit)
 {
-    const Points points = withNoise(arc(0, 0, 1, 0, 3, 30), 0.01, 4);
+    Points const points = withNoise(arc(0, 0, 1, 0, 3, 30), 0.01, 4);
     double const above = MatUtil::taubinFit(points, 0.01).second;
     EXPECT_NEAR(above, 1.0, 0.05);
     expectNone(MatUtil::taubinFit(points, 10.0));
@@ -167,9 +167,9 @@ Circle plainTaubin(Points const &points)
 TEST(TaubinFit, HasItsOwnPolynomialAndRadius)
 {
     for (unsigned int seed = 0; seed < 200; ++seed) {
-        const Points points =
+        Points const points =
             withNoise(arc(3, -2, 1.0 + seed, 0, 0.2 + 0.03 * seed, 40), 0.001 * seed, seed);
-        const Circle expected = plainTaubin(points), actual = MatUtil::taubinFit(points, -inf);
+        Circle const expected = plainTaubin(points), actual = MatUtil::taubinFit(points, -inf);
         EXPECT_TRUE(SameBits(expected.first.x(), actual.first.x()));
         EXPECT_TRUE(SameBits(expected.first.y(), actual.first.y()));
         EXPECT_TRUE(SameBits(expected.second, actual.second));
@@ -178,7 +178,7 @@ TEST(TaubinFit, HasItsOwnPolynomialAndRadius)
 
 TEST(TaubinFit, NaNArrivesInTheResult)
 {
-    const Circle circle = MatUtil::taubinFit({{0, 0}, {1, nan}, {2, 0}, {1, 1}}, 0.0);
+    Circle const circle = MatUtil::taubinFit({{0, 0}, {1, nan}, {2, 0}, {1, 1}}, 0.0);
     EXPECT_TRUE(std::isnan(circle.second));
 }
 
@@ -192,7 +192,7 @@ TEST(CircleFits, FindKnownCirclesUnderNoise)
 {
     for (unsigned int seed = 0; seed < 50; ++seed) {
         double const radius = 2.0 + seed, x = 10.0 * seed, y = -3.0 * seed;
-        const Points points = withNoise(arc(x, y, radius, 0.0, 2 * pi, 200), 1e-3, seed);
+        Points const points = withNoise(arc(x, y, radius, 0.0, 2 * pi, 200), 1e-3, seed);
         expectCircle(x, y, radius, MatUtil::kasaFit(points), 1e-3);
         expectCircle(x, y, radius, MatUtil::taubinFit(points, 0.0), 1e-3);
     }
@@ -202,7 +202,7 @@ TEST(CircleFits, KasaShrinksShortArcsMoreThanTaubin)
 {
     int smaller = 0;
     for (unsigned int seed = 0; seed < 50; ++seed) {
-        const Points points = withNoise(arc(0, 0, 1, 1.2, 1.9, 100), 0.02, seed);
+        Points const points = withNoise(arc(0, 0, 1, 1.2, 1.9, 100), 0.02, seed);
         double const kasa = MatUtil::kasaFit(points).second;
         double const taubin = MatUtil::taubinFit(points, 0.0).second;
         EXPECT_LT(kasa, taubin);
@@ -217,7 +217,7 @@ RC_GTEST_PROP(CircleFits, ReproduceAnyCircle, ())
     double const radius = *rc::gen::inRange(1, 100);
     double const span = 0.01 * *rc::gen::inRange(100, 620);
     int const count = *rc::gen::inRange(3, 40);
-    const Points points = arc(x, y, radius, 0.3, 0.3 + span, count);
+    Points const points = arc(x, y, radius, 0.3, 0.3 + span, count);
     for (Circle const &circle : {MatUtil::kasaFit(points), MatUtil::taubinFit(points, 0.0)}) {
         RC_ASSERT(std::fabs(circle.first.x() - x) < 1e-7 * radius);
         RC_ASSERT(std::fabs(circle.first.y() - y) < 1e-7 * radius);

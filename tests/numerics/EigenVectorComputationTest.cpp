@@ -48,7 +48,7 @@ Candidate run(Matrix const &matrix, int algorithm)
 
 double score(Matrix const &matrix, Candidate const &c)
 {
-    const Vector cross = c.first.cross(c.second);
+    Vector const cross = c.first.cross(c.second);
     return EigenVectorComputationC::check(matrix, cross / cross.length(), c.values[1]) +
            EigenVectorComputationC::check(matrix, c.second, c.values[0]) +
            EigenVectorComputationC::check(matrix, c.first, c.values[2]);
@@ -56,8 +56,8 @@ double score(Matrix const &matrix, Candidate const &c)
 
 double score(Matrix const &matrix, EigenVectorComputationC const &result)
 {
-    const Matrix v = result.getEigenVectors();
-    const Vector l = result.getEigenValues();
+    Matrix const v = result.getEigenVectors();
+    Vector const l = result.getEigenValues();
     return EigenVectorComputationC::check(matrix, v.axis(1), l[1]) +
            EigenVectorComputationC::check(matrix, v.axis(0), l[0]) +
            EigenVectorComputationC::check(matrix, v.axis(2), l[2]);
@@ -83,7 +83,7 @@ Matrix randomMatrix(std::mt19937 &random, bool positive)
     for (int i = 0; i < 9; ++i) {
         a(i / 3, i % 3) = entry(random);
     }
-    const Eigen::Matrix3d s =
+    Eigen::Matrix3d const s =
         positive ? Eigen::Matrix3d(a * a.transpose()) : Eigen::Matrix3d(a + a.transpose());
     return symmetric(s(0, 0), s(0, 1), s(0, 2), s(1, 1), s(1, 2), s(2, 2));
 }
@@ -96,7 +96,7 @@ Vector eigenvaluesByPeer(Matrix const &m)
             a(i, j) = m(i, j);
         }
     }
-    const Eigen::Vector3d l = Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(a).eigenvalues();
+    Eigen::Vector3d const l = Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(a).eigenvalues();
     return {l[0], l[1], l[2]};
 }
 
@@ -109,7 +109,7 @@ TEST(EigenVectorComputation, AMatrixConvertsToItsDecomposition)
 TEST(GetEigenVector3d, UnknownAlgorithmIsRefused)
 {
     for (int algorithm : {-1, 3, 4, 1000}) {
-        const Candidate c = run(diagonal(1, 2, 3), algorithm);
+        Candidate const c = run(diagonal(1, 2, 3), algorithm);
         EXPECT_FALSE(c.found);
         EXPECT_EQ(c.first[0], preset);
         EXPECT_EQ(c.second[2], preset);
@@ -119,7 +119,7 @@ TEST(GetEigenVector3d, UnknownAlgorithmIsRefused)
 
 TEST(GetEigenVector3d, QROfADiagonalMatrix)
 {
-    const Candidate c = run(diagonal(1, 2, 3), MatUtil::EigenVectorQR);
+    Candidate const c = run(diagonal(1, 2, 3), MatUtil::EigenVectorQR);
     ASSERT_TRUE(c.found);
     expectNear({1, 2, 3}, c.values, 0.0);
     expectSameLine({0, 0, 1}, c.first, 0.0);
@@ -128,7 +128,7 @@ TEST(GetEigenVector3d, QROfADiagonalMatrix)
 
 TEST(GetEigenVector3d, PowerOfADiagonalMatrix)
 {
-    const Candidate c = run(diagonal(1, 2, 4), MatUtil::EigenVectorPower);
+    Candidate const c = run(diagonal(1, 2, 4), MatUtil::EigenVectorPower);
     ASSERT_TRUE(c.found);
     expectNear({1, 2, 4}, c.values, 1e-6);
     expectNear({0, 0, 1}, c.first, 1e-6);
@@ -137,7 +137,7 @@ TEST(GetEigenVector3d, PowerOfADiagonalMatrix)
 
 TEST(GetEigenVector3d, AnalyticOfADiagonalMatrix)
 {
-    const Candidate c = run(diagonal(2, -1, 3), MatUtil::EigenVectorAnalytic);
+    Candidate const c = run(diagonal(2, -1, 3), MatUtil::EigenVectorAnalytic);
     ASSERT_TRUE(c.found);
     expectNear({-1, 2, 3}, c.values, 1e-14);
     expectNear({0, 0, 1}, c.first, 1e-14);
@@ -146,9 +146,9 @@ TEST(GetEigenVector3d, AnalyticOfADiagonalMatrix)
 
 TEST(GetEigenVector3d, PowerAndQRLoseTheSign)
 {
-    const Matrix matrix = diagonal(-4, 2, 1);
+    Matrix const matrix = diagonal(-4, 2, 1);
     for (int algorithm : {0, 1}) {
-        const Candidate c = run(matrix, algorithm);
+        Candidate const c = run(matrix, algorithm);
         ASSERT_TRUE(c.found);
         expectNear({1, 2, 4}, c.values, 1e-6);
         expectSameLine({1, 0, 0}, c.first, 1e-6);
@@ -167,7 +167,7 @@ TEST(GetEigenVector3d, PowerFailsOnSingularMatrices)
 TEST(GetEigenVector3d, PowerFillsAnEmptyDiagonal)
 {
     // eigenvalues -1, -1 and 2, of which the power method tells the magnitudes
-    const Candidate c = run(symmetric(0, 1, 1, 0, 1, 0), 0);
+    Candidate const c = run(symmetric(0, 1, 1, 0, 1, 0), 0);
     ASSERT_TRUE(c.found);
     EXPECT_NEAR(c.values[2], 2.0, 1e-6);
     expectNear(Vector(1, 1, 1) / std::sqrt(3.0), c.first, 1e-6);
@@ -176,16 +176,16 @@ TEST(GetEigenVector3d, PowerFillsAnEmptyDiagonal)
 TEST(GetEigenVector3d, PowerAddsARowForAVanishedPivot)
 {
     // the second pivot vanishes after the first elimination, and row 2 stands in
-    const Candidate c = run(symmetric(1, 1, 1, 1, 2, 5), 0);
+    Candidate const c = run(symmetric(1, 1, 1, 1, 2, 5), 0);
     ASSERT_TRUE(c.found);
-    const Vector l = eigenvaluesByPeer(symmetric(1, 1, 1, 1, 2, 5));
+    Vector const l = eigenvaluesByPeer(symmetric(1, 1, 1, 1, 2, 5));
     EXPECT_NEAR(c.values[2], std::max(std::fabs(l[0]), std::fabs(l[2])), 1e-6);
 }
 
 TEST(GetEigenVector3d, PowerSnapsSmallElementsOfTheInverse)
 {
     // 1/1e13 lies below the snap limit, so the inverse is singular and knows the x axis only
-    const Candidate c = run(diagonal(1, 1e13, 1e13), 0);
+    Candidate const c = run(diagonal(1, 1e13, 1e13), 0);
     ASSERT_TRUE(c.found);
     expectNear({1, 0, 0}, c.second, 0.0);
     EXPECT_EQ(c.values[0], 1.0);
@@ -194,7 +194,7 @@ TEST(GetEigenVector3d, PowerSnapsSmallElementsOfTheInverse)
 TEST(GetEigenVector3d, AnalyticTakesAllVectorsOfATripleEigenvalueAtOnce)
 {
     for (double value : {5.0, 0.25, 1e3}) {
-        const Candidate c = run(diagonal(value, value, value), MatUtil::EigenVectorAnalytic);
+        Candidate const c = run(diagonal(value, value, value), MatUtil::EigenVectorAnalytic);
         ASSERT_TRUE(c.found);
         expectNear({value, value, value}, c.values, 0.0);
         expectNear({1, 0, 0}, c.first, 0.0); // null vectors come by descending column
@@ -204,8 +204,8 @@ TEST(GetEigenVector3d, AnalyticTakesAllVectorsOfATripleEigenvalueAtOnce)
 
 TEST(GetEigenVector3d, AnalyticTakesBothVectorsOfADoubleEigenvalue)
 {
-    const Matrix matrix = symmetric(2, 1, 1, 2, 1, 2); // 1, 1 and 4
-    const Candidate c = run(matrix, MatUtil::EigenVectorAnalytic);
+    Matrix const matrix = symmetric(2, 1, 1, 2, 1, 2); // 1, 1 and 4
+    Candidate const c = run(matrix, MatUtil::EigenVectorAnalytic);
     ASSERT_TRUE(c.found);
     expectNear({1, 1, 4}, c.values, 1e-7);
     EXPECT_LT(EigenVectorComputationC::check(matrix, c.second, 1.0), 1e-7);
@@ -231,12 +231,12 @@ TEST(GetEigenVector3d, QRUsesUpItsPassesOnANearlyOppositePair)
     // The shift would be negative and is dropped: the pair 3 and -3.0001 stays coupled.
     double const c = std::cos(0.5), s = std::sin(0.5);
     double const p = 3.0, q = -3.0001;
-    const Matrix matrix =
+    Matrix const matrix =
         symmetric(0.5, 0, 0, p * c * c + q * s * s, (p - q) * s * c, p * s * s + q * c * c);
-    const Candidate qr = run(matrix, MatUtil::EigenVectorQR);
+    Candidate const qr = run(matrix, MatUtil::EigenVectorQR);
     EXPECT_TRUE(qr.found);
     EXPECT_GT(score(matrix, qr), 1.0);
-    const EigenVectorComputationC best(matrix);
+    EigenVectorComputationC const best(matrix);
     expectNear({q, 0.5, p}, best.getEigenValues(), 1e-9);
 }
 
@@ -250,7 +250,7 @@ TEST(GetEigenVector3d, PowerAndQRHaveTheBitsOfTheirFormulas)
         int algorithm;
         Candidate expected;
     };
-    const Case cases[] = {
+    Case const cases[] = {
         {symmetric(4, 1, -2, 3, 0.5, 5),
          0,
          {true,
@@ -301,7 +301,7 @@ TEST(GetEigenVector3d, PowerAndQRHaveTheBitsOfTheirFormulas)
           {0x1.d59759dd32e6bp-1, 0x1.0b65f63874096p+1, 0x1.8065e657e0614p+2}}},
     };
     for (Case const &k : cases) {
-        const Candidate c = run(k.matrix, k.algorithm);
+        Candidate const c = run(k.matrix, k.algorithm);
         ASSERT_TRUE(c.found);
         for (int i = 0; i < 3; ++i) {
             EXPECT_TRUE(support::SameBits(k.expected.first[i], c.first[i]));
@@ -313,9 +313,9 @@ TEST(GetEigenVector3d, PowerAndQRHaveTheBitsOfTheirFormulas)
 
 TEST(GetEigenVector3d, NaNGivesNoGoodResult)
 {
-    const Matrix matrix = symmetric(nan, 1, 2, 3, 4, 5);
+    Matrix const matrix = symmetric(nan, 1, 2, 3, 4, 5);
     for (int algorithm = 0; algorithm < 3; ++algorithm) {
-        const Candidate c = run(matrix, algorithm);
+        Candidate const c = run(matrix, algorithm);
         EXPECT_TRUE(!c.found || std::isnan(score(matrix, c)));
     }
 }
@@ -323,10 +323,10 @@ TEST(GetEigenVector3d, NaNGivesNoGoodResult)
 TEST(EigenVectorComputation, ZeroMatrix)
 {
     EXPECT_FALSE(run(Matrix(), 0).found);
-    const Candidate qr = run(Matrix(), 1);
+    Candidate const qr = run(Matrix(), 1);
     EXPECT_TRUE(qr.found);
     EXPECT_EQ(score(Matrix(), qr), 0.0);
-    const EigenVectorComputationC result{Matrix()};
+    EigenVectorComputationC const result{Matrix()};
     EXPECT_TRUE(result.isValid());
     EXPECT_TRUE(result.getEigenVectors() == Matrix::identity());
     EXPECT_TRUE(result.getEigenValues() == Vector());
@@ -334,10 +334,10 @@ TEST(EigenVectorComputation, ZeroMatrix)
 
 TEST(EigenVectorComputation, LostSignLosesTheSelection)
 {
-    const Matrix matrix = diagonal(-1, 2, 3);
+    Matrix const matrix = diagonal(-1, 2, 3);
     EXPECT_NEAR(score(matrix, run(matrix, 0)), 2.0, 1e-5);
     EXPECT_NEAR(score(matrix, run(matrix, 1)), 2.0, 1e-12);
-    const EigenVectorComputationC result(matrix);
+    EigenVectorComputationC const result(matrix);
     ASSERT_TRUE(result.isValid());
     expectNear({-1, 2, 3}, result.getEigenValues(), 1e-14);
     for (int i = 0; i < 3; ++i) {
@@ -349,9 +349,9 @@ TEST(EigenVectorComputation, LostSignLosesTheSelection)
 
 TEST(EigenVectorComputation, SingularMatrixIsLeftToTheOthers)
 {
-    const Matrix matrix = symmetric(1, 1, 0, 1, 0, 3); // 0, 2, 3
+    Matrix const matrix = symmetric(1, 1, 0, 1, 0, 3); // 0, 2, 3
     EXPECT_FALSE(run(matrix, 0).found);
-    const EigenVectorComputationC result(matrix);
+    EigenVectorComputationC const result(matrix);
     ASSERT_TRUE(result.isValid());
     expectNear({0, 2, 3}, result.getEigenValues(), 1e-12);
     EXPECT_LT(score(matrix, result), 1e-7);
@@ -359,7 +359,7 @@ TEST(EigenVectorComputation, SingularMatrixIsLeftToTheOthers)
 
 TEST(EigenVectorComputation, ColumnsAreSecondMiddleFirst)
 {
-    const EigenVectorComputationC result(diagonal(1, 2, 3));
+    EigenVectorComputationC const result(diagonal(1, 2, 3));
     ASSERT_TRUE(result.isValid());
     expectNear({1, 2, 3}, result.getEigenValues(), 1e-12);
     expectSameLine({1, 0, 0}, result.getEigenVectors().axis(0), 1e-12);
@@ -370,7 +370,7 @@ TEST(EigenVectorComputation, ColumnsAreSecondMiddleFirst)
 TEST(EigenVectorComputation, NaNAndInfinityAreInvalid)
 {
     for (double bad : {nan, inf, -inf}) {
-        const EigenVectorComputationC result(symmetric(bad, 1, 2, 3, 4, 5));
+        EigenVectorComputationC const result(symmetric(bad, 1, 2, 3, 4, 5));
         EXPECT_FALSE(result.isValid());
         EXPECT_TRUE(result.getEigenVectors() == Matrix::identity());
         EXPECT_TRUE(result.getEigenValues() == Vector());
@@ -382,7 +382,7 @@ TEST(EigenVectorComputation, AssignmentSharesTheRecord)
     std::aligned_storage_t<sizeof(EigenVectorComputationC), alignof(EigenVectorComputationC)> place;
     auto *const handle = new (&place) EigenVectorComputationC(Matrix());
     handle->~EigenVectorComputationC(); // assignment would lose this record
-    const EigenVectorComputationC source(diagonal(1, 2, 3));
+    EigenVectorComputationC const source(diagonal(1, 2, 3));
     *handle = source;
     EXPECT_TRUE(handle->getEigenVectors() == source.getEigenVectors());
     EXPECT_TRUE(handle->getEigenValues() == source.getEigenValues());
@@ -403,13 +403,13 @@ TEST(EigenVectorComputation, ScoreIsTheBestOfTheThree)
         double best = 1e8;
         int winner = -1;
         for (int algorithm = 0; algorithm < 3; ++algorithm) {
-            const Candidate c = run(matrix, algorithm);
+            Candidate const c = run(matrix, algorithm);
             if (c.found && best > score(matrix, c)) {
                 best = score(matrix, c);
                 winner = algorithm;
             }
         }
-        const EigenVectorComputationC result(matrix);
+        EigenVectorComputationC const result(matrix);
         ASSERT_EQ(result.isValid(), winner >= 0);
         if (winner < 0) {
             continue;
@@ -425,14 +425,14 @@ TEST(EigenVectorComputation, AgreesWithEigen)
 {
     std::mt19937 random(11);
     for (int i = 0; i < 2000; ++i) {
-        const Matrix matrix = randomMatrix(random, i % 2 == 0);
-        const EigenVectorComputationC result(matrix);
+        Matrix const matrix = randomMatrix(random, i % 2 == 0);
+        EigenVectorComputationC const result(matrix);
         std::array<double, 3> values;
         for (int k = 0; k < 3; ++k) {
             values[std::size_t(k)] = result.getEigenValues()[k];
         }
         std::sort(values.begin(), values.end());
-        const Vector expected = eigenvaluesByPeer(matrix);
+        Vector const expected = eigenvaluesByPeer(matrix);
         for (int k = 0; k < 3; ++k) {
             ASSERT_NEAR(values[std::size_t(k)], expected[k], 1e-6);
         }
@@ -442,8 +442,8 @@ TEST(EigenVectorComputation, AgreesWithEigen)
 
 TEST(Check, IsTheResidual)
 {
-    const Matrix matrix = symmetric(2, 1, 0, 2, 0, 5);
-    const Vector v(0.6, 0.8, 0);
+    Matrix const matrix = symmetric(2, 1, 0, 2, 0, 5);
+    Vector const v(0.6, 0.8, 0);
     double const expected = std::sqrt((2 * 0.6 + 0.8 - 0.6 * 3) * (2 * 0.6 + 0.8 - 0.6 * 3) +
                                       (0.6 + 1.6 - 2.4) * (0.6 + 1.6 - 2.4));
     EXPECT_NEAR(EigenVectorComputationC::check(matrix, v, 3.0), expected, 1e-15);
@@ -451,8 +451,8 @@ TEST(Check, IsTheResidual)
 
 TEST(Check, IsNearZeroForAnEigenpairOfEitherSign)
 {
-    const Matrix matrix = symmetric(2, 1, 0, 2, 0, 5);
-    const Vector v = Vector(1, 1, 0) / std::sqrt(2.0);
+    Matrix const matrix = symmetric(2, 1, 0, 2, 0, 5);
+    Vector const v = Vector(1, 1, 0) / std::sqrt(2.0);
     EXPECT_LT(EigenVectorComputationC::check(matrix, v, 3.0), 1e-15);
     EXPECT_EQ(EigenVectorComputationC::check(matrix, v, 3.0),
               EigenVectorComputationC::check(matrix, -v, 3.0));
@@ -570,8 +570,8 @@ RC_GTEST_PROP(Standardize, IsCanonical, ())
 {
     auto const number = rc::gen::inRange(-1000, 1000);
     double const xx = *number, xy = *number, xz = *number, yy = *number, yz = *number, zz = *number;
-    const Matrix matrix = symmetric(xx, xy, xz, yy, yz, zz);
-    const EigenVectorComputationC result(matrix);
+    Matrix const matrix = symmetric(xx, xy, xz, yy, yz, zz);
+    EigenVectorComputationC const result(matrix);
     RC_PRE(result.isValid());
     Matrix vectors = result.getEigenVectors();
     Vector values = result.getEigenValues();
@@ -580,7 +580,7 @@ RC_GTEST_PROP(Standardize, IsCanonical, ())
     double const determinant = vectors.axis(0).cross(vectors.axis(1)).dot(vectors.axis(2));
     RC_ASSERT(determinant > -1e-9);
     for (int column : {0, 2}) {
-        const Vector v = vectors.axis(column);
+        Vector const v = vectors.axis(column);
         double dominant = 0.0;
         for (int i = 0; i < 3; ++i) {
             if (std::fabs(v[i]) > std::fabs(dominant)) {

@@ -73,7 +73,7 @@ Signal run(Signal const &input, bool inverse)
 /// The transform as plain loops over single butterflies.
 Signal plain(Signal const &input, bool inverse, Signal const &roots)
 {
-    const std::size_t n = input.re.size();
+    std::size_t const n = input.re.size();
     std::vector<double> re = input.re, im = input.im;
     int bits = 0;
     while ((2u << bits) <= n) {
@@ -83,7 +83,7 @@ Signal plain(Signal const &input, bool inverse, Signal const &roots)
     for (int stage = 0; stage < bits; ++stage) {
         for (std::size_t g = 0; g < groups; ++g) {
             for (std::size_t j = 0; j < half; ++j) {
-                const std::size_t a = 2 * half * g + j, b = a + half;
+                std::size_t const a = 2 * half * g + j, b = a + half;
                 double const wr = roots.re[j * groups];
                 double const wi = inverse ? -roots.im[j * groups] : roots.im[j * groups];
                 double const dr = re[a] - re[b], di = im[a] - im[b];
@@ -128,7 +128,7 @@ double greatestDifference(Signal const &a, Signal const &b)
 
 TEST(GenerateRoots, IsTheExponentialWithPositiveExponent)
 {
-    const Signal roots = rootsOf(8);
+    Signal const roots = rootsOf(8);
     for (int k = 0; k < 8; ++k) {
         double const angle = k * (-6.283185307179586 / 8);
         EXPECT_TRUE(SameBits(std::cos(angle), roots.re[std::size_t(k)]));
@@ -151,24 +151,24 @@ TEST(GenerateRoots, NothingHappensWithoutASize)
 
 TEST(ComputeFFT, SizeOneIsACopy)
 {
-    const Signal input{{3.5}, {-1.25}};
+    Signal const input{{3.5}, {-1.25}};
     expectSameBits(input, run(input, false));
     expectSameBits(input, run(input, true));
 }
 
 TEST(ComputeFFT, SizeTwoIsSumAndDifference)
 {
-    const Signal output = run({{3, 1}, {10, 4}}, false);
+    Signal const output = run({{3, 1}, {10, 4}}, false);
     EXPECT_EQ(output.re, (std::vector<double>{4, 2}));
     EXPECT_EQ(output.im, (std::vector<double>{14, 6}));
-    const Signal inverse = run({{3, 1}, {10, 4}}, true);
+    Signal const inverse = run({{3, 1}, {10, 4}}, true);
     EXPECT_EQ(inverse.re, (std::vector<double>{2, 1}));
     EXPECT_EQ(inverse.im, (std::vector<double>{7, 3}));
 }
 
 TEST(ComputeFFT, ImpulseTurnsForward)
 {
-    const Signal output = run({{0, 1, 0, 0}, {0, 0, 0, 0}}, false);
+    Signal const output = run({{0, 1, 0, 0}, {0, 0, 0, 0}}, false);
     double const re[] = {1, 0, -1, 0}, im[] = {0, 1, 0, -1};
     for (std::size_t k = 0; k < 4; ++k) {
         EXPECT_NEAR(output.re[k], re[k], 1e-15);
@@ -193,8 +193,8 @@ TEST(ComputeFFT, HasTheBitsOfThePlainLoop)
 {
     for (int n = 1; n <= 1 << 17; n *= 2) {
         SCOPED_TRACE(n);
-        const Signal input = randomSignal(n, unsigned(n));
-        const Signal roots = rootsOf(n);
+        Signal const input = randomSignal(n, unsigned(n));
+        Signal const roots = rootsOf(n);
         expectSameBits(plain(input, false, roots), run(input, false, roots));
         expectSameBits(plain(input, true, roots), run(input, true, roots));
     }
@@ -203,8 +203,8 @@ TEST(ComputeFFT, HasTheBitsOfThePlainLoop)
 TEST(ComputeFFT, TakesTheRootsFromTheTable)
 {
     for (int n : {2, 4, 16, 32, 64, 128, 256, 512}) {
-        const Signal input = randomSignal(n, 5);
-        const Signal roots = randomSignal(n, 6); // no roots of anything
+        Signal const input = randomSignal(n, 5);
+        Signal const roots = randomSignal(n, 6); // no roots of anything
         expectSameBits(plain(input, false, roots), run(input, false, roots));
         expectSameBits(plain(input, true, roots), run(input, true, roots));
     }
@@ -214,7 +214,7 @@ TEST(ComputeFFT, KeepsSignedZerosInfinitiesAndNaN)
 {
     for (int n : {4, 16, 64, 256}) {
         Signal input = randomSignal(n, 1);
-        const Signal roots = rootsOf(n);
+        Signal const roots = rootsOf(n);
         std::fill(input.re.begin(), input.re.end(), -0.0);
         std::fill(input.im.begin(), input.im.end(), 0.0);
         expectSameBits(plain(input, false, roots), run(input, false, roots));
@@ -232,8 +232,8 @@ TEST(ComputeFFT, SizesThatAreNoPowerOfTwoStayInsideTheArrays)
 {
     for (int n : {3, 5, 6, 7, 12, 48, 63, 65, 96, 100, 1000}) {
         SCOPED_TRACE(n);
-        const Signal input = randomSignal(n, unsigned(n));
-        const Signal roots = rootsOf(n);
+        Signal const input = randomSignal(n, unsigned(n));
+        Signal const roots = rootsOf(n);
         expectSameBits(plain(input, false, roots), run(input, false, roots));
         expectSameBits(plain(input, true, roots), run(input, true, roots));
     }
@@ -243,8 +243,8 @@ TEST(ComputeFFT, MayWriteOverItsInput)
 {
     for (int n = 1; n <= 4096; n *= 2) {
         SCOPED_TRACE(n);
-        const Signal input = randomSignal(n, 77);
-        const Signal expected = run(input, false);
+        Signal const input = randomSignal(n, 77);
+        Signal const expected = run(input, false);
         Signal data = input, roots = rootsOf(n);
         GuardedArray scratch(2 * n);
         computeFFT(data.re.data(), data.im.data(), data.re.data(), data.im.data(), n,
@@ -264,7 +264,7 @@ TEST(ComputeFFT, MayWriteOverTheRoots)
     for (int n : {4, 64, 128, 1024}) {
         SCOPED_TRACE(n);
         Signal input = randomSignal(n, 78), roots = rootsOf(n);
-        const Signal expected = run(input, true);
+        Signal const expected = run(input, true);
         GuardedArray scratch(2 * n);
         computeInverseFFT(input.re.data(), input.im.data(), roots.re.data(), roots.im.data(), n,
                           roots.re.data(), roots.im.data(), scratch.data());
@@ -276,9 +276,9 @@ TEST(ComputeFFT, MayWriteOverTheRoots)
 TEST(ComputeFFT, ArraysNeedNoAlignment)
 {
     int const n = 256;
-    const Signal input = randomSignal(n, 3);
-    const Signal expected = run(input, false);
-    const Signal roots = rootsOf(n);
+    Signal const input = randomSignal(n, 3);
+    Signal const expected = run(input, false);
+    Signal const roots = rootsOf(n);
     for (int shift = 0; shift < 8; ++shift) {
         std::vector<double> memory(std::size_t(9 * (n + 8)), 0.0);
         double *part[7];
@@ -313,8 +313,8 @@ void expectBitsAtWidth()
 {
     for (int n = Fourier::smallestSize(W); n <= 4096; n *= 2) {
         SCOPED_TRACE(n);
-        const Signal input = randomSignal(n, unsigned(n));
-        const Signal roots = rootsOf(n);
+        Signal const input = randomSignal(n, unsigned(n));
+        Signal const roots = rootsOf(n);
         expectSameBits(plain(input, false, roots), runAtWidth<W, false>(input, roots));
         expectSameBits(plain(input, true, roots), runAtWidth<W, true>(input, roots));
     }
@@ -330,8 +330,8 @@ TEST(ComputeFFT, EveryVectorWidthHasTheSameBits)
 TEST(ComputeFFT, AgreesWithANaiveSum)
 {
     for (int n : {4, 32, 256, 1 << 14, 1 << 20}) {
-        const Signal input = randomSignal(n, unsigned(n));
-        const Signal output = run(input, false);
+        Signal const input = randomSignal(n, unsigned(n));
+        Signal const output = run(input, false);
         double const tolerance = 1e-15 * std::sqrt(double(n)) * (4 + std::log2(n));
         for (std::int64_t k = 0; k < n; k += n / 4 + 1) {
             std::complex<long double> sum = 0;
@@ -351,7 +351,7 @@ Signal byFFTW(Signal input, bool inverse)
 {
     int const n = int(input.re.size());
     Signal output = input;
-    const fftw_iodim size{n, 1, 1};
+    fftw_iodim const size{n, 1, 1};
     // The plan of exchanged parts has the positive exponent.
     fftw_plan plan =
         inverse ? fftw_plan_guru_split_dft(1, &size, 0, nullptr, input.re.data(), input.im.data(),
@@ -373,7 +373,7 @@ Signal byFFTW(Signal input, bool inverse)
 TEST(ComputeFFT, AgreesWithFFTW)
 {
     for (int n = 2; n <= 1 << 20; n *= 2) {
-        const Signal input = randomSignal(n, unsigned(n) + 1);
+        Signal const input = randomSignal(n, unsigned(n) + 1);
         double const tolerance = 1e-15 * std::sqrt(double(n)) * (4 + std::log2(n));
         EXPECT_LT(greatestDifference(byFFTW(input, false), run(input, false)), tolerance) << n;
         EXPECT_LT(greatestDifference(byFFTW(input, true), run(input, true)), tolerance) << n;
@@ -383,7 +383,7 @@ TEST(ComputeFFT, AgreesWithFFTW)
 RC_GTEST_PROP(ComputeFFT, InverseUndoes, ())
 {
     int const n = 1 << *rc::gen::inRange(0, 11);
-    const Signal input = randomSignal(n, *rc::gen::arbitrary<unsigned int>());
+    Signal const input = randomSignal(n, *rc::gen::arbitrary<unsigned int>());
     RC_ASSERT(greatestDifference(input, run(run(input, false), true)) < 1e-14);
 }
 

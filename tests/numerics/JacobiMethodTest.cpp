@@ -175,7 +175,7 @@ TEST(JacobiMethod, RotationHasTheBitsOfTheFormula)
     EXPECT_TRUE(SameBits(9.0, matrix.getElement(1, 1)));
     EXPECT_TRUE(SameBits(g - s * (g * tau + h), matrix.getElement(0, 1)));
     EXPECT_TRUE(SameBits(h + s * (g - h * tau), matrix.getElement(2, 1)));
-    const std::vector<double> p = eigenvector(method, 0), q = eigenvector(method, 2);
+    std::vector<double> const p = eigenvector(method, 0), q = eigenvector(method, 2);
     EXPECT_TRUE(SameBits(1.0 - s * (1.0 * tau + 0.0), p[0]));
     EXPECT_TRUE(SameBits(0.0 - s * (0.0 * tau + 1.0), p[2]));
     EXPECT_TRUE(SameBits(0.0 + s * (1.0 - 0.0 * tau), q[0]));
@@ -232,7 +232,7 @@ TEST(JacobiMethod, StepsAfterTheEndAreAllowed)
 
 TEST(JacobiMethod, DiagonalisesAMatrixOfTheUser)
 {
-    const Eigen::MatrixXd a = randomSymmetric(7, 5);
+    Eigen::MatrixXd const a = randomSymmetric(7, 5);
     SparseMatrix sparse(7);
     SymmetricMatrixNXN packed(7);
     copyTo(sparse, a);
@@ -262,7 +262,7 @@ TEST(JacobiMethod, CopySharesMatrixAndEigenvectors)
 TEST(JacobiMethod, AgreesWithEigen)
 {
     for (int n : {2, 3, 5, 8, 13, 30, 60}) {
-        const Eigen::MatrixXd a = randomSymmetric(n, unsigned(n));
+        Eigen::MatrixXd const a = randomSymmetric(n, unsigned(n));
         SymmetricMatrixNXN matrix{unsigned(n)};
         copyTo(matrix, a);
         JacobiMethod method(&matrix);
@@ -272,8 +272,8 @@ TEST(JacobiMethod, AgreesWithEigen)
         double sum = 0.0;
         for (unsigned int i = 0; i < unsigned(n); ++i) {
             double const lambda = method.getEigenvalue(i);
-            const std::vector<double> components = eigenvector(method, i);
-            auto const v = Eigen::Map<const Eigen::VectorXd>(components.data(), n);
+            std::vector<double> const components = eigenvector(method, i);
+            auto const v = Eigen::Map<Eigen::VectorXd const>(components.data(), n);
             EXPECT_LT((a * v - lambda * v).norm(), 1e-8);
             EXPECT_NEAR(v.norm(), 1.0, 1e-12);
             values.push_back(lambda);
@@ -281,7 +281,7 @@ TEST(JacobiMethod, AgreesWithEigen)
         }
         EXPECT_NEAR(sum, a.trace(), 1e-10 * n);
         std::sort(values.begin(), values.end());
-        const Eigen::VectorXd expected =
+        Eigen::VectorXd const expected =
             Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd>(a).eigenvalues();
         for (int i = 0; i < n; ++i) {
             EXPECT_NEAR(values[unsigned(i)], expected[i], 1e-10 * n);

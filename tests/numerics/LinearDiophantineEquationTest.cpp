@@ -40,7 +40,7 @@ Solution solution(Equation const &equation, int c)
 
 TEST(LinearDiophantineEquation, ThreeAndFive)
 {
-    const Equation equation(3, 5);
+    Equation const equation(3, 5);
     EXPECT_TRUE(solution(equation, 1) == (Solution{2, -1, 5, -3}));
     EXPECT_TRUE(solution(equation, 7) == (Solution{14, -7, 5, -3}));
     EXPECT_TRUE(solution(equation, 0) == (Solution{0, 0, 5, -3}));
@@ -48,7 +48,7 @@ TEST(LinearDiophantineEquation, ThreeAndFive)
 
 TEST(LinearDiophantineEquation, NoMultipleOfTheDivisorLeavesTheOutputsAlone)
 {
-    const Equation equation(6, 4);
+    Equation const equation(6, 4);
     Solution s;
     EXPECT_FALSE(solve(equation, 3, s));
     EXPECT_TRUE(s == Solution());
@@ -60,7 +60,7 @@ TEST(LinearDiophantineEquation, NoMultipleOfTheDivisorLeavesTheOutputsAlone)
 
 TEST(LinearDiophantineEquation, FirstCoefficientZero)
 {
-    const Equation equation(0, 7);
+    Equation const equation(0, 7);
     EXPECT_TRUE(solution(equation, 14) == (Solution{0, 2, 1, 0}));
     int x = 111, y = 222;
     EXPECT_FALSE(equation.findSolutionInRange(14, -10, 10, -10, 10, x, y));
@@ -70,7 +70,7 @@ TEST(LinearDiophantineEquation, FirstCoefficientZero)
 
 TEST(LinearDiophantineEquation, SecondCoefficientZero)
 {
-    const Equation equation(7, 0);
+    Equation const equation(7, 0);
     EXPECT_TRUE(solution(equation, 14) == (Solution{2, 0, 0, -1}));
     int x = 111, y = 222;
     EXPECT_FALSE(equation.findSolutionInRange(14, -10, 10, -10, 10, x, y));
@@ -80,8 +80,8 @@ TEST(LinearDiophantineEquation, SecondCoefficientZero)
 
 TEST(LinearDiophantineEquation, DivisorMayBeNegative)
 {
-    const Equation equation(4, -6); // divisor -2
-    const Solution s = solution(equation, 2);
+    Equation const equation(4, -6); // divisor -2
+    Solution const s = solution(equation, 2);
     EXPECT_EQ(4 * s.x - 6 * s.y, 2);
     EXPECT_EQ(s.xStep, 3);
     EXPECT_EQ(s.yStep, 2);
@@ -92,7 +92,7 @@ TEST(LinearDiophantineEquation, DivisorMayBeNegative)
 TEST(LinearDiophantineEquation, RangeGivesTheSmallestOfEachForPositiveCoefficients)
 {
     // 3x + 5y = 100: (0, 20), (5, 17), ... (30, 2), (35, -1)
-    const Equation equation(3, 5);
+    Equation const equation(3, 5);
     int x, y;
     ASSERT_TRUE(equation.findSolutionInRange(100, 0, 100, 0, 100, x, y));
     EXPECT_EQ(x, 0);
@@ -102,7 +102,7 @@ TEST(LinearDiophantineEquation, RangeGivesTheSmallestOfEachForPositiveCoefficien
 
 TEST(LinearDiophantineEquation, SingleSolutionInRangeIsOne)
 {
-    const Equation equation(3, 5);
+    Equation const equation(3, 5);
     int x, y;
     ASSERT_TRUE(equation.findSolutionInRange(100, 20, 20, 8, 8, x, y));
     EXPECT_EQ(x, 20);
@@ -112,7 +112,7 @@ TEST(LinearDiophantineEquation, SingleSolutionInRangeIsOne)
 
 TEST(LinearDiophantineEquation, EmptyIntervalLeavesTheOutputsAlone)
 {
-    const Equation equation(3, 5);
+    Equation const equation(3, 5);
     int x = 111, y = 222;
     EXPECT_FALSE(equation.findSolutionInRange(100, 0, 10, 0, 5, x, y));
     EXPECT_EQ(x, 111);
@@ -122,7 +122,7 @@ TEST(LinearDiophantineEquation, EmptyIntervalLeavesTheOutputsAlone)
 TEST(LinearDiophantineEquation, SmallPositiveQuotientsAreNotRoundedUp)
 {
     // 3x + 5y = 1 from (2, -1): x >= 3 asks for t >= 1/5, which the rule turns into t >= 0
-    const Equation equation(3, 5);
+    Equation const equation(3, 5);
     int x, y;
     ASSERT_TRUE(equation.findSolutionInRange(1, 3, 100, -100, 100, x, y));
     EXPECT_EQ(x, 2); // below the range
@@ -141,7 +141,7 @@ TEST(LinearDiophantineEquation, TestSolutionWraps)
 
 TEST(LinearDiophantineEquation, CopiesAreEqual)
 {
-    const Equation equation(3, 5);
+    Equation const equation(3, 5);
     Equation assigned(1, 1), moved(1, 1);
     assigned = equation;
     moved = Equation(assigned);
@@ -156,7 +156,7 @@ TEST(LinearDiophantineEquation, SolvesExactlyTheSolvable)
             if (a == 0 && b == 0) {
                 continue;
             }
-            const Equation equation(a, b);
+            Equation const equation(a, b);
             int const g = std::gcd(a, b);
             for (int c = -120; c <= 120; ++c) {
                 Solution s;
@@ -182,15 +182,15 @@ bool expectedInRange(int a, int b, Solution const &s, int const (&range)[4], int
         return false;
     }
     auto const rounded = [](int p, int d) {
-        const bool positiveDividend = p > 0;
-        const int magnitude = std::abs(p) / std::abs(d);
-        const bool up = positiveDividend && p % d != 0 && magnitude != 0;
-        const int q = up ? magnitude + 1 : magnitude;
+        bool const positiveDividend = p > 0;
+        int const magnitude = std::abs(p) / std::abs(d);
+        bool const up = positiveDividend && p % d != 0 && magnitude != 0;
+        int const q = up ? magnitude + 1 : magnitude;
         return (p < 0) != (d < 0) ? -q : q;
     };
-    const std::pair<int, int> tx =
+    std::pair<int, int> const tx =
         std::minmax({rounded(range[0] - s.x, s.xStep), rounded(s.x - range[1], -s.xStep)});
-    const std::pair<int, int> ty =
+    std::pair<int, int> const ty =
         std::minmax({rounded(range[2] - s.y, s.yStep), rounded(s.y - range[3], -s.yStep)});
     int const low = std::max(tx.first, ty.first);
     int const high = std::min(tx.second, ty.second);
@@ -210,7 +210,7 @@ TEST(LinearDiophantineEquation, RangeQueryFollowsItsRounding)
             if (a == 0 && b == 0) {
                 continue;
             }
-            const Equation equation(a, b);
+            Equation const equation(a, b);
             for (int c = -60; c <= 60; c += 3) {
                 Solution s;
                 if (!solve(equation, c, s)) {
@@ -241,7 +241,7 @@ TEST(LinearDiophantineEquation, ExtremeArgumentsWrap)
         Solution solution;
         int x, y;
     };
-    const Case cases[] = {
+    Case const cases[] = {
         {minInt, 3, 5, {-100, 100, -100, 100}, {5, -715827881, 3, minInt}, 5, -715827881},
         {65536,
          65535,
@@ -268,7 +268,7 @@ TEST(LinearDiophantineEquation, ExtremeArgumentsWrap)
     };
     for (Case const &k : cases) {
         SCOPED_TRACE(testing::Message() << k.a << ' ' << k.b << ' ' << k.c);
-        const Equation equation(k.a, k.b);
+        Equation const equation(k.a, k.b);
         EXPECT_TRUE(solution(equation, k.c) == k.solution);
         EXPECT_TRUE(equation.testSolution(k.c, k.solution.x, k.solution.y));
         int x = 111, y = 222;
@@ -284,7 +284,7 @@ RC_GTEST_PROP(LinearDiophantineEquation, WrapsWithoutUndefinedBehaviour, ())
     auto const any = rc::gen::arbitrary<int>();
     int const a = *any, b = *any, c = *any;
     RC_PRE(a > minInt && b > minInt && c > minInt && (a != 0 || b != 0));
-    const Equation equation(a, b);
+    Equation const equation(a, b);
     Solution s;
     if (solve(equation, c, s)) {
         RC_ASSERT(equation.testSolution(c, s.x, s.y)); // holds modulo 2^32
@@ -299,11 +299,11 @@ TEST(LinearDiophantineEquationDeathTest, BothCoefficientsZeroFault)
 TEST(LinearDiophantineEquationDeathTest, OverflowingQuotientFaults)
 {
     EXPECT_DEATH(Equation(minInt, -1), "");
-    const Equation equation(0, -1);
+    Equation const equation(0, -1);
     Solution s;
     EXPECT_DEATH(solve(equation, minInt, s), "");
     // x - xMax wraps to -2147483648, by a step of -1
-    const Equation steps(1, 1);
+    Equation const steps(1, 1);
     int x, y;
     EXPECT_DEATH(steps.findSolutionInRange(0, 0, minInt, 0, 1, x, y), "");
 }

@@ -18,7 +18,7 @@ using support::allocationsOf;
 TEST_F(NumericsAllocations, TransformsMakeNone)
 {
     for (int n : {1, 2, 8, 16, 32, 64, 100, 128, 1024, 4096}) {
-        const std::size_t size = std::size_t(n);
+        std::size_t const size = std::size_t(n);
         std::vector<double> re(size, 1.0), im(size, 2.0), outRe(size), outIm(size);
         std::vector<double> rootsRe(size), rootsIm(size), scratch(2 * size);
         EXPECT_EQ(allocationsOf([&] {
@@ -43,7 +43,7 @@ TEST_F(NumericsAllocations, TransformsMakeNone)
 
 TEST_F(NumericsAllocations, CircleFitsMakeNone)
 {
-    const std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> points{
+    std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> const points{
         {6, 2}, {1, 7}, {-4, 2}};
     EXPECT_EQ(allocationsOf([&] {
                   MatUtil::kasaFit(points);
@@ -70,7 +70,7 @@ TEST_F(NumericsAllocations, LinearDiophantineEquationMakesNone)
 {
     EXPECT_EQ(allocationsOf([] {
                   int x, y, xStep, yStep;
-                  const LinearDiophantineEquationC equation(3, 5);
+                  LinearDiophantineEquationC const equation(3, 5);
                   equation.solve(1, x, y, xStep, yStep);
                   equation.findSolutionInRange(100, 0, 100, 0, 100, x, y);
               }),

@@ -178,9 +178,9 @@ TEST(PowerMethod, CopySharesTheVector)
 /// Symmetric, with the eigenpairs 6, (2, 1, 1)/sqrt(6), and 3 and 1 perpendicular to it.
 Eigen::Matrix3d knownMatrix()
 {
-    const Eigen::Vector3d a = Eigen::Vector3d(2, 1, 1) / std::sqrt(6.0);
-    const Eigen::Vector3d b = Eigen::Vector3d(0, 1, -1) / std::sqrt(2.0);
-    const Eigen::Vector3d c = a.cross(b);
+    Eigen::Vector3d const a = Eigen::Vector3d(2, 1, 1) / std::sqrt(6.0);
+    Eigen::Vector3d const b = Eigen::Vector3d(0, 1, -1) / std::sqrt(2.0);
+    Eigen::Vector3d const c = a.cross(b);
     return 6 * a * a.transpose() + 3 * b * b.transpose() + c * c.transpose();
 }
 
@@ -207,7 +207,7 @@ TEST(WielandtMethod, FindsTheSecondPair)
 
 TEST(WielandtMethod, DeflatedMatrixHasTheBitsOfTheFormula)
 {
-    const Eigen::MatrixXd a = randomSymmetric(4, 3);
+    Eigen::MatrixXd const a = randomSymmetric(4, 3);
     MatrixNXN matrix(4);
     copyTo(matrix, a);
     double v[4] = {0.25, -2.0, 1.0, 0.5};
@@ -229,7 +229,7 @@ TEST(WielandtMethod, DeflatedMatrixHasTheBitsOfTheFormula)
 
 TEST(WielandtMethod, EigenvectorHasTheBitsOfTheFormula)
 {
-    const Eigen::MatrixXd a = randomSymmetric(3, 8);
+    Eigen::MatrixXd const a = randomSymmetric(3, 8);
     MatrixNXN matrix(3);
     copyTo(matrix, a);
     double v[3] = {0.25, -2.0, 1.0};
@@ -265,7 +265,7 @@ TEST(WielandtMethod, EigenvectorHasTheBitsOfTheFormula)
 
 TEST(WielandtMethod, FirstOfEqualComponentsIsThePivot)
 {
-    const Eigen::MatrixXd a = randomSymmetric(3, 21);
+    Eigen::MatrixXd const a = randomSymmetric(3, 21);
     MatrixNXN matrix(3);
     copyTo(matrix, a);
     double v[3] = {-1.0, 1.0, 1.0};

@@ -47,18 +47,18 @@ void expectLikeEigen(PValOrderedVector<Point3D> const &points)
     for (int i = 0; i < points.size(); ++i) {
         m.row(i) << points[i].x(), points[i].y(), points[i].z();
     }
-    const Eigen::RowVector3d mean = m.colwise().mean();
-    const Eigen::MatrixXd centred = m.rowwise() - mean;
-    const Eigen::Matrix3d covariance = centred.transpose() * centred / double(points.size() - 1);
-    const Eigen::Vector3d expected =
+    Eigen::RowVector3d const mean = m.colwise().mean();
+    Eigen::MatrixXd const centred = m.rowwise() - mean;
+    Eigen::Matrix3d const covariance = centred.transpose() * centred / double(points.size() - 1);
+    Eigen::Vector3d const expected =
         Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(covariance).eigenvalues();
 
-    const Analysis a = analyse(points);
+    Analysis const a = analyse(points);
     double const scale = std::max(expected[2], 1e-300);
     for (int i = 0; i < 3; ++i) {
         EXPECT_NEAR(a.center[i], mean[i], 1e-11 * (1.0 + m.cwiseAbs().maxCoeff()));
         EXPECT_NEAR(a.values[i], expected[2 - i], 1e-7 * scale + 1e-8);
-        const Eigen::Vector3d axis(a.axes[i].x(), a.axes[i].y(), a.axes[i].z());
+        Eigen::Vector3d const axis(a.axes[i].x(), a.axes[i].y(), a.axes[i].z());
         EXPECT_NEAR(axis.norm(), 1.0, 1e-12);
         EXPECT_LT((covariance * axis - a.values[i] * axis).norm(), 1e-7 * scale + 1e-8);
     }
@@ -70,7 +70,7 @@ TEST(RunPCA, FewerThanThreePointsLeaveAllOutputsAlone)
 {
     PValOrderedVector<Point3D> points;
     for (int count = 0; count < 3; ++count) {
-        const Analysis a = analyse(points);
+        Analysis const a = analyse(points);
         for (int i = 0; i < 3; ++i) {
             EXPECT_EQ(a.values[i], preset);
             EXPECT_EQ(a.center[i], preset);
@@ -82,7 +82,7 @@ TEST(RunPCA, FewerThanThreePointsLeaveAllOutputsAlone)
 
 TEST(RunPCA, CollinearPoints)
 {
-    const Analysis a = analyse({{0, 0, 0}, {1, 2, 2}, {2, 4, 4}});
+    Analysis const a = analyse({{0, 0, 0}, {1, 2, 2}, {2, 4, 4}});
     EXPECT_NEAR(a.values[0], 9.0, 1e-14); // squared distances 9, 0, 9, divided by 2
     EXPECT_NEAR(a.values[1], 0.0, 1e-14);
     EXPECT_NEAR(a.values[2], 0.0, 1e-14);
@@ -121,7 +121,7 @@ TEST(RunPCA, OverflowInOneCoordinateGivesAnInfiniteVariance)
 
 TEST(RunPCA, EqualPointsKeepTheCoordinateAxes)
 {
-    const Analysis a = analyse({{5, 6, 7}, {5, 6, 7}, {5, 6, 7}});
+    Analysis const a = analyse({{5, 6, 7}, {5, 6, 7}, {5, 6, 7}});
     for (double value : a.values) {
         EXPECT_EQ(value, 0.0);
     }
@@ -132,7 +132,7 @@ TEST(RunPCA, EqualPointsKeepTheCoordinateAxes)
 
 TEST(RunPCA, PointsOnTheZAxis)
 {
-    const Analysis a = analyse({{0, 0, 1}, {0, 0, -3}, {0, 0, 5}, {0, 0, 1}});
+    Analysis const a = analyse({{0, 0, 1}, {0, 0, -3}, {0, 0, 5}, {0, 0, 1}});
     expectAxis(a.axes[0], 0, 0, 1, 0.0);
     EXPECT_EQ(a.center[0], 0.0);
     EXPECT_EQ(a.center[1], 0.0);
@@ -147,7 +147,7 @@ TEST(RunPCA, EqualVariancesFollowTheOrderOfTheColumns)
     for (int corner = 0; corner < 8; ++corner) {
         cube.append(Point3D(corner & 1 ? 1 : -1, corner & 2 ? 1 : -1, corner & 4 ? 1 : -1));
     }
-    const Analysis a = analyse(cube);
+    Analysis const a = analyse(cube);
     for (double value : a.values) {
         EXPECT_EQ(value, 8.0 / 7.0); // divided by n - 1
     }
@@ -156,7 +156,7 @@ TEST(RunPCA, EqualVariancesFollowTheOrderOfTheColumns)
     EXPECT_TRUE(a.axes[2] == Point3D(1, 0, 0));
 
     // y is the widest; x and z are equal, z counts as the larger
-    const Analysis b =
+    Analysis const b =
         analyse({{1, 0, 0}, {-1, 0, 0}, {0, 3, 0}, {0, -3, 0}, {0, 0, 1}, {0, 0, -1}});
     EXPECT_TRUE(b.axes[0] == Point3D(0, 1, 0));
     EXPECT_TRUE(b.axes[1] == Point3D(0, 0, 1));
@@ -176,7 +176,7 @@ TEST(RunPCA, MeanHasTheBitsOfThePlainSums)
         sums[1] += y;
         sums[2] += z;
     }
-    const Analysis a = analyse(points);
+    Analysis const a = analyse(points);
     for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(SameBits(sums[i] / 1001, a.center[i]));
     }
@@ -241,7 +241,7 @@ RC_GTEST_PROP(RunPCA, ShiftMovesTheCentreOnly, ())
         points.append(Point3D(x, y, z));
         shifted.append(Point3D(x + 64, y - 128, z + 32));
     }
-    const Analysis a = analyse(points), b = analyse(shifted);
+    Analysis const a = analyse(points), b = analyse(shifted);
     RC_ASSERT(std::fabs(b.center[0] - a.center[0] - 64) < 1e-9);
     RC_ASSERT(std::fabs(b.center[1] - a.center[1] + 128) < 1e-9);
     RC_ASSERT(std::fabs(b.center[2] - a.center[2] - 32) < 1e-9);

@@ -33,7 +33,7 @@ std::vector<double> randomNumbers(int count, unsigned int seed)
 std::vector<double> plainLegendre(std::vector<double> const &data, int order,
                                   std::vector<double> const &weights, double const *table)
 {
-    const std::size_t size = data.size();
+    std::size_t const size = data.size();
     double const s = order == 0 ? std::sqrt(12.566370614359172) : std::sqrt(6.283185307179586);
     std::vector<double> result;
     for (int l = 0; l < int(size) / 2 - order; ++l) {
@@ -218,14 +218,14 @@ TEST(ComputeFSTSlow, FindsTheCoefficientsOfASumOfHarmonics)
 {
     for (int b : {1, 2, 4, 8, 16}) {
         SCOPED_TRACE(b);
-        const Sphere sphere(b);
+        Sphere const sphere(b);
         int const n = 2 * b;
         auto const re = randomNumbers(b * b, 5), im = randomNumbers(b * b, 6);
         std::vector<double> rdata(std::size_t(n * n)), idata(std::size_t(n * n));
         std::size_t c = 0;
         for (int m : orders(b, false)) {
             for (int l = std::abs(m); l < b; ++l, ++c) {
-                const std::complex<double> coefficient(re[c], im[c]);
+                std::complex<double> const coefficient(re[c], im[c]);
                 for (int cell = 0; cell < n * n; ++cell) {
                     auto const value = coefficient * sphere.harmonic(l, m, cell / n, cell % n);
                     rdata[std::size_t(cell)] += value.real();
@@ -234,7 +234,7 @@ TEST(ComputeFSTSlow, FindsTheCoefficientsOfASumOfHarmonics)
             }
         }
         ASSERT_EQ(c, std::size_t(b * b));
-        const Coefficients found = transform(sphere, rdata, idata, false);
+        Coefficients const found = transform(sphere, rdata, idata, false);
         for (std::size_t i = 0; i < c; ++i) {
             EXPECT_NEAR(found.re[i], re[i], 1e-12 * b) << i;
             EXPECT_NEAR(found.im[i], im[i], 1e-12 * b) << i;
@@ -244,11 +244,11 @@ TEST(ComputeFSTSlow, FindsTheCoefficientsOfASumOfHarmonics)
 
 TEST(ComputeFSTSlow, RealDataGiveTheOrdersThatAreNotNegative)
 {
-    const Sphere sphere(8);
+    Sphere const sphere(8);
     auto const data = randomNumbers(256, 9);
-    const std::vector<double> zeros(256, 0.0);
-    const Coefficients half = transform(sphere, data, zeros, true);
-    const Coefficients all = transform(sphere, data, zeros, false);
+    std::vector<double> const zeros(256, 0.0);
+    Coefficients const half = transform(sphere, data, zeros, true);
+    Coefficients const all = transform(sphere, data, zeros, false);
     ASSERT_EQ(half.re.size(), 36u);
     ASSERT_EQ(all.re.size(), 64u);
     for (std::size_t i = 0; i < 36; ++i) {
@@ -272,10 +272,10 @@ TEST(ComputeFSTSlow, RealDataGiveTheOrdersThatAreNotNegative)
 
 TEST(ComputeFSTSlow, BandwidthOneHasOneCoefficient)
 {
-    const Sphere sphere(1);
-    const std::vector<double> ones(4, 1.0), zeros(4, 0.0);
+    Sphere const sphere(1);
+    std::vector<double> const ones(4, 1.0), zeros(4, 0.0);
     for (bool realData : {false, true}) {
-        const Coefficients found = transform(sphere, ones, zeros, realData);
+        Coefficients const found = transform(sphere, ones, zeros, realData);
         ASSERT_EQ(found.re.size(), 1u);
         EXPECT_NEAR(found.re[0], std::sqrt(4 * pi), 1e-14);
         EXPECT_NEAR(found.im[0], 0.0, 1e-15);
@@ -286,7 +286,7 @@ TEST(ComputeFSTSlow, BandwidthOneHasOneCoefficient)
 Coefficients plainTransform(Sphere const &sphere, std::vector<double> re, std::vector<double> im)
 {
     int const b = sphere.bandwidth, n = 2 * b;
-    const std::size_t size = std::size_t(n);
+    std::size_t const size = std::size_t(n);
     std::vector<double> rootsRe(size), rootsIm(size), scratch(2 * size);
     generateRoots(rootsRe.data(), rootsIm.data(), n);
     std::vector<std::vector<double>> columnsRe(size), columnsIm(size);
@@ -301,7 +301,7 @@ Coefficients plainTransform(Sphere const &sphere, std::vector<double> re, std::v
     Coefficients c;
     for (int m : orders(b, false)) {
         int const order = std::abs(m);
-        const std::size_t column = std::size_t(m < 0 ? n + m : m);
+        std::size_t const column = std::size_t(m < 0 ? n + m : m);
         double const *const table = sphere.table.data() + sphere.offsets[std::size_t(order)];
         double const sign = m < 0 && order % 2 == 1 ? -1.0 : 1.0;
         for (double value : plainLegendre(columnsRe[column], order, sphere.weights, table)) {
@@ -329,8 +329,8 @@ TEST(ComputeFSTSlow, HasTheBitsOfItsSteps)
             }
         }
         auto const re = randomNumbers(4 * b * b, 3), im = randomNumbers(4 * b * b, 4);
-        const Coefficients expected = plainTransform(sphere, re, im);
-        const Coefficients found = transform(sphere, re, im, false);
+        Coefficients const expected = plainTransform(sphere, re, im);
+        Coefficients const found = transform(sphere, re, im, false);
         ASSERT_EQ(found.re.size(), expected.re.size());
         for (std::size_t i = 0; i < expected.re.size(); ++i) {
             EXPECT_TRUE(SameBits(expected.re[i], found.re[i])) << i;

@@ -6,7 +6,7 @@
 namespace {
 
 template <typename T>
-void readColumnMajor(double (&m)[4][4], const T *values)
+void readColumnMajor(double (&m)[4][4], T const *values)
 {
     for (int col = 0; col < 4; ++col) {
         for (int row = 0; row < 4; ++row) {

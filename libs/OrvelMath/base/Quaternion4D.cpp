@@ -94,7 +94,7 @@ void Quaternion4D::GetEuler(double &aboutY, double &aboutZ, double &aboutX)
 
 void Quaternion4D::SetRotation(Point3D const &axis, double angle)
 {
-    const Point3D unitAxis = axis.Normalize();
+    Point3D const unitAxis = axis.Normalize();
     double const sine = std::sin(angle * 0.5);
     m_x = unitAxis.x() * sine;
     m_y = unitAxis.y() * sine;

@@ -142,7 +142,7 @@ TMatrix TMatrix::operator~() const
 double TMatrix::Laenge(double length) const
 {
     double const half = std::sqrt(0.5);
-    const Point2D diagonal = *this * Point2D(half, half) - *this * Point2D(0.0, 0.0);
+    Point2D const diagonal = *this * Point2D(half, half) - *this * Point2D(0.0, 0.0);
     return diagonal.Length() * length;
 }
 

@@ -52,7 +52,7 @@ std::pair<vectorC2d<double>, double>
 MatUtil::kasaFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> const &points)
 {
     double const n = double(points.size());
-    const Vector mean = findMean(points);
+    Vector const mean = findMean(points);
     double uu = 0.0, vv = 0.0, uv = 0.0, zu = 0.0, zv = 0.0;
     for (Vector const &p : points) {
         double const u = p.x() - mean.x();
@@ -86,7 +86,7 @@ MatUtil::taubinFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<doub
         return noCircle();
     }
     double const n = double(points.size());
-    const Vector mean = findMean(points);
+    Vector const mean = findMean(points);
     double uu = 0.0, vv = 0.0, uv = 0.0, zu = 0.0, zv = 0.0, zz = 0.0;
     for (Vector const &p : points) {
         double const u = p.x() - mean.x();

@@ -15,7 +15,7 @@ bool MatUtil::getEigenVector3d(matrixC3x3<double> const &matrix, double *first, 
                                double *values, EigenVectorAlgoE algorithm)
 {
     using Algorithm = bool (*)(Matrix const &, EigenVectorAlgorithms::Result &);
-    static const Algorithm algorithms[] = {EigenVectorAlgorithms::power,
+    static Algorithm const algorithms[] = {EigenVectorAlgorithms::power,
                                            EigenVectorAlgorithms::shiftedQR,
                                            EigenVectorAlgorithms::analytic};
     if (algorithm < EigenVectorPower || algorithm > EigenVectorAnalytic) {
@@ -51,10 +51,10 @@ EigenVectorComputationC::EigenVectorComputationC(matrixC3x3<double> const &matri
                                        MatUtil::EigenVectorAlgoE(algorithm))) {
             continue;
         }
-        const Vector a(first[0], first[1], first[2]);
-        const Vector b(second[0], second[1], second[2]);
-        const Vector cross = a.cross(b);
-        const Vector m = cross / cross.length();
+        Vector const a(first[0], first[1], first[2]);
+        Vector const b(second[0], second[1], second[2]);
+        Vector const cross = a.cross(b);
+        Vector const m = cross / cross.length();
         double const score =
             check(matrix, m, values[1]) + check(matrix, b, values[0]) + check(matrix, a, values[2]);
         if (best > score) { // false for a NaN
@@ -114,7 +114,7 @@ int dominantIndex(Vector const &v)
 
 void makeDominantPositive(Matrix &vectors, int column)
 {
-    const Vector v = vectors.axis(column);
+    Vector const v = vectors.axis(column);
     if (v[dominantIndex(v)] < 0.0) {
         vectors.setAxis(column, -v);
     }
@@ -124,8 +124,8 @@ void makeDominantPositive(Matrix &vectors, int column)
 /// order.
 void orderNearEqual(Matrix &vectors, int i, int j, double relativeDifference)
 {
-    const Vector u = vectors.axis(i);
-    const Vector w = vectors.axis(j);
+    Vector const u = vectors.axis(i);
+    Vector const w = vectors.axis(j);
     if (std::fabs(relativeDifference) < 0.0001 && dominantIndex(u) > dominantIndex(w)) {
         vectors.setAxis(i, w);
         vectors.setAxis(j, u);
@@ -139,7 +139,7 @@ void EigenVectorComputationC::standardize(matrixC3x3<double> &vectors, vectorC3d
     engine::sortComponents(values, vectors);
     makeDominantPositive(vectors, 2);
     makeDominantPositive(vectors, 0);
-    const Vector middle = vectors.axis(2).cross(vectors.axis(0));
+    Vector const middle = vectors.axis(2).cross(vectors.axis(0));
     vectors.setAxis(1, middle / middle.length());
 
     double const difference21 = (values[2] - values[1]) / values[2];

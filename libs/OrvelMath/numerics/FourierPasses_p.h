@@ -54,8 +54,8 @@ template <bool Inverse, typename Number>
 ORVEL_INLINE void butterfly(Number &aRe, Number &aIm, Number &bRe, Number &bIm, Number const &wRe,
                             Number const &wIm)
 {
-    const Number dRe = aRe - bRe;
-    const Number dIm = aIm - bIm;
+    Number const dRe = aRe - bRe;
+    Number const dIm = aIm - bIm;
     aRe = aRe + bRe;
     aIm = aIm + bIm;
     if constexpr (Inverse) {
@@ -242,7 +242,7 @@ constexpr int smallestSize(int width)
 
 inline bool overlap(double const *a, double const *b, int n)
 {
-    const std::less<double const *> before;
+    std::less<double const *> const before;
     return before(a, b + n) && before(b, a + n);
 }
 

@@ -112,8 +112,8 @@ void JacobiMethod::rotate(unsigned int p, unsigned int q)
     m_matrix->setElement(q, q, aqq + t * apq);
 
     auto const turn = [=](MatrixIF *matrix, unsigned int i) {
-        const double g = matrix->getElement(i, p);
-        const double h = matrix->getElement(i, q);
+        double const g = matrix->getElement(i, p);
+        double const h = matrix->getElement(i, q);
         matrix->setElement(i, p, g - s * (g * tau + h));
         matrix->setElement(i, q, h + s * (g - h * tau));
     };

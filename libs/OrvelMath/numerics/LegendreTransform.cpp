@@ -50,7 +50,7 @@ void legendreTrafo(double *data, double *result, int size, int order, double con
         scratch[j] = s * data[j] * weights[j];
     }
 
-    const Multiply multiply = chooseMultiply();
+    Multiply const multiply = chooseMultiply();
     int const count = size / 2 - order;
     for (int first = 0; first < count; first += rowsTogether) {
         Rows rows;

@@ -13,7 +13,7 @@ void transpose(double *grid, std::ptrdiff_t size)
     for (std::ptrdiff_t top = 0; top < size; top += tile) {
         for (std::ptrdiff_t left = top; left < size; left += tile) {
             for (std::ptrdiff_t i = top; i < std::min(top + tile, size); ++i) {
-                const std::ptrdiff_t begin = std::max(left, i + 1);
+                std::ptrdiff_t const begin = std::max(left, i + 1);
                 for (std::ptrdiff_t j = begin; j < std::min(left + tile, size); ++j) {
                     std::swap(grid[i * size + j], grid[j * size + i]);
                 }
@@ -50,8 +50,8 @@ void computeFSTSlow(double *rdata, double *idata, double *rcoeffs, double *icoef
                     int const *offsets, int bandwidth)
 {
     int const n = 2 * bandwidth;
-    const std::ptrdiff_t size = n;
-    const Workspace w(workspace, size);
+    std::ptrdiff_t const size = n;
+    Workspace const w(workspace, size);
 
     generateRoots(w.rootsRe, w.rootsIm, n);
     for (std::ptrdiff_t row = 0; row < size; ++row) {

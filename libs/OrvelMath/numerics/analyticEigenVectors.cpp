@@ -22,7 +22,7 @@ Matrix shifted(Matrix const &matrix, double value)
 Vector findEigenvalues(Matrix const &matrix)
 {
     double const q = (matrix(0, 0) + matrix(1, 1) + matrix(2, 2)) / 3.0;
-    const Matrix b = shifted(matrix, q);
+    Matrix const b = shifted(matrix, q);
     double const r = LinearSystemT<3, 3>(b.data(), 1e-12).determinant * 0.5;
     double sum = 0.0;
     for (int cell = 0; cell < 9; ++cell) {
@@ -50,7 +50,7 @@ Vector findEigenvalues(Matrix const &matrix)
 
 bool EigenVectorAlgorithms::analytic(matrixC3x3<double> const &matrix, Result &result)
 {
-    const Vector e = findEigenvalues(matrix);
+    Vector const e = findEigenvalues(matrix);
     Vector eigenvectors[3];
     int found = 0;
     while (found < 3) {
@@ -63,7 +63,7 @@ bool EigenVectorAlgorithms::analytic(matrixC3x3<double> const &matrix, Result &r
             return false;
         }
         for (int t = 0; t < dimension; ++t) {
-            const Vector v(nullSpace[3 * t], nullSpace[3 * t + 1], nullSpace[3 * t + 2]);
+            Vector const v(nullSpace[3 * t], nullSpace[3 * t + 1], nullSpace[3 * t + 2]);
             eigenvectors[found + t] = v / v.length();
         }
         found += dimension;

@@ -34,7 +34,7 @@ Matrix reduce(Matrix const &a, Matrix &basis)
         reduced(1, 0) = reduced(2, 0) = reduced(0, 1) = reduced(0, 2) = 0.0;
         return reduced;
     }
-    const Vector u(0.0, a(1, 0) - alpha, a(2, 0));
+    Vector const u(0.0, a(1, 0) - alpha, a(2, 0));
     double const h = (u[1] * u[1] + u[2] * u[2]) * 0.5;
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
@@ -147,7 +147,7 @@ bool diagonalize(Matrix &h, Matrix &basis, Vector &eigenvalues)
             eigenvalues[i] = h(i, i) + shift;
         }
 
-        const Matrix back = transposed(second * first);
+        Matrix const back = transposed(second * first);
         h = h * back;
         basis = basis * back;
         if (shift > 0.0) {

@@ -52,7 +52,7 @@ void runPCA(double &value1, double &centerX, Point3D &axis1, double &value2, dou
     if (points.size() < 3) {
         return;
     }
-    const Point3D mean = findMean(points);
+    Point3D const mean = findMean(points);
     centerX = mean.x();
     centerY = mean.y();
     centerZ = mean.z();
