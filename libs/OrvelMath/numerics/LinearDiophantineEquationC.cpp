@@ -65,6 +65,11 @@ LinearDiophantineEquationC::LinearDiophantineEquationC(int a, int b)
     : m_a(a)
     , m_b(b)
 {
+    init();
+}
+
+void LinearDiophantineEquationC::init()
+{
     // Invariant: a*s0 + b*t0 = r0 and a*s1 + b*t1 = r1. With b = 0 the loop has no pass.
     int r0 = m_a, r1 = m_b;
     int s0 = 1, s1 = 0;

@@ -44,6 +44,8 @@ public:
     bool testSolution(int c, int x, int y) const;
 
 private:
+    void init();
+
     int m_a;
     int m_b;
     int m_x0;
