@@ -1,6 +1,7 @@
 #include <OrvelMath/hull/ConvexHullBuilderC.h>
 
 #include <OrvelMath/hull/ConvexHullBuilderC_p.h>
+#include <OrvelMath/hull/HullPolygon_p.h>
 
 #include <cstddef>
 
@@ -17,13 +18,12 @@ ConvexHullBuilderC::ConvexHullBuilderC(QList<vectorC3d<double>> const &points)
 
 ConvexHullBuilderC::~ConvexHullBuilderC()
 {
-    reset();
     delete d;
 }
 
 void ConvexHullBuilderC::setData(QList<vectorC3d<double>> const &points)
 {
-    reset();
+    d->reset();
     d->points = points;
 }
 
@@ -59,7 +59,7 @@ QVector<vectorC3d<double>> ConvexHullBuilderC::hullVertices() const
 
 int ConvexHullBuilderC::triangleCount() const
 {
-    return static_cast<int>(d->faces.size());
+    return static_cast<int>(d->surface.size());
 }
 
 bool ConvexHullBuilderC::triangle(int index, vectorC3d<double> &a, vectorC3d<double> &b,
@@ -67,13 +67,30 @@ bool ConvexHullBuilderC::triangle(int index, vectorC3d<double> &a, vectorC3d<dou
 {
     // A negative index becomes a huge one.
     std::size_t const number = static_cast<std::size_t>(index);
-    if (number >= d->faces.size()) {
+    if (number >= d->surface.size()) {
         return false;
     }
-    HullFace const &face = *d->faces[number];
+    HullFace const &face = d->surface[number];
     a = d->points.at(face.edges[0]->tail);
     b = d->points.at(face.edges[1]->tail);
     c = d->points.at(face.edges[2]->tail);
     normal = face.normal;
     return true;
+}
+
+QList<int> ConvexHullBuilderC::computeConvexHullIndices2D(QVector<vectorC2d<double>> const &points)
+{
+    return hullPolygon(points);
+}
+
+QVector<vectorC2d<double>>
+ConvexHullBuilderC::computeConvexHull2D(QVector<vectorC2d<double>> const &points)
+{
+    QList<int> const indices = hullPolygon(points);
+    QVector<vectorC2d<double>> hull;
+    hull.reserve(indices.size());
+    for (int index : indices) {
+        hull.append(points.value(index)); // the empty input has no point 0
+    }
+    return hull;
 }

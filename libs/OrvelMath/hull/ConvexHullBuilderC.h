@@ -46,7 +46,7 @@ public:
     /// An empty builder: no points, `dimension()` -1.
     ConvexHullBuilderC();
     /// A builder loaded with `points`, as after `setData`.
-    explicit ConvexHullBuilderC(QList<vectorC3d<double>> const &points);
+    ConvexHullBuilderC(QList<vectorC3d<double>> const &points);
     ~ConvexHullBuilderC();
 
     /// Indices of the corners of the convex polygon of 2-d points.

@@ -1,18 +1,47 @@
+/// @file
+/// Graham's scan and the records that it sees (Graham, 1972).
 #pragma once
 
-#include <OrvelMath/hull/PolarRecord_p.h>
+#include <OrvelMath/base/vectorC.h>
 
 #include <QtCore/QList>
 #include <QtCore/QVector>
 
-/// Graham's scan: takes points in the order of their angle around the start and keeps the corners
-/// of the convex polygon.
+#include <cmath>
+
+/// A point as seen from the start point of a scan.
+struct PolarRecord
+{
+    vectorC2d<double> position;
+    double angle;    ///< direction from the start, radians
+    double distance; ///< from the start, in the units of the points
+    int index;       ///< position in the input
+
+    /// By angle, then by distance; exact.
+    bool operator<(PolarRecord const &o) const
+    {
+        return angle < o.angle || (angle == o.angle && distance < o.distance);
+    }
+};
+
+/// The record of the point `index`, seen from the point `start`.
+inline PolarRecord polarRecord(QVector<vectorC2d<double>> const &points, int start, int index)
+{
+    vectorC2d<double> const offset = points[index] - points[start];
+    return {points[index], std::atan2(offset.y(), offset.x()), offset.length(), index};
+}
+
+/// True if an offset from the start is so short that its point counts as a copy of the start.
+inline bool isCopyOfStart(vectorC2d<double> const &offset)
+{
+    return offset.length() < 1e-8; // a length
+}
+
+/// Takes points in the order of their angle around the start and keeps the corners of the convex
+/// polygon.
 class GrahamScan
 {
 public:
-    /// Index of a record of which only the position is known.
-    static constexpr int undecided = -1;
-
     explicit GrahamScan(PolarRecord const &start)
         : m_start(start)
     {
@@ -67,3 +96,28 @@ private:
     bool m_hasFirst = false;
     bool m_ended = false; ///< the stack has fallen to one entry: nothing can follow
 };
+
+/// Gives the scan the farthest record of each run of equal angles; the records are sorted.
+template <typename Records>
+void addFarthestPerAngle(Records const &sorted, GrahamScan &scan)
+{
+    PolarRecord const *kept = nullptr;
+    double lastAngle = -1e6; // far from every angle
+    double lastDistance = -1.0;
+    for (PolarRecord const &record : sorted) {
+        // Radians. A run is measured against its first angle, not against the neighbour's.
+        if (!(std::abs(lastAngle - record.angle) < 1e-8)) {
+            if (kept) {
+                scan.add(*kept);
+            }
+            lastAngle = record.angle;
+        } else if (!(record.distance > lastDistance)) {
+            continue;
+        }
+        kept = &record;
+        lastDistance = record.distance;
+    }
+    if (kept) {
+        scan.add(*kept);
+    }
+}

@@ -1,3 +1,5 @@
+/// @file
+/// Triangles and half edges of a hull in space, and the vector algebra on them.
 #pragma once
 
 #include <OrvelCore/runtime/OrvelAllocatorT.h>
@@ -14,6 +16,12 @@ using HullVector = std::vector<T, OrvelAllocatorT<T>>;
 
 /// The coordinates of a build, read out of the caller's list once.
 using HullPoints = HullVector<vectorC3d<double>>;
+
+/// The point with an index of the caller's, which is an int.
+inline vectorC3d<double> const &pointAt(HullPoints const &points, int index)
+{
+    return points[static_cast<std::size_t>(index)];
+}
 
 struct HullFace;
 
@@ -41,22 +49,30 @@ struct HullFace
 {
     HullEdge *edges[3];
     int furthestPoint = -1; ///< index of the furthest outside point, -1 without outside points
-    double furthestDistance = 0.0;
-    QList<int> outsidePoints; ///< in order of assignment
-    vectorC3d<double> normal; ///< unit normal, pointing out of the hull
-    bool alive = true;        ///< false once the face has been replaced
-
-    // Working data of a build.
+    int corner;             ///< edges[0]->tail, without the way over the edge
+    double furthestDistance = 0.0; ///< of the furthest outside point above the plane
+    QList<int> outsidePoints;      ///< in order of assignment
+    vectorC3d<double> normal;      ///< unit normal, pointing out of the hull
+    bool alive = true;             ///< false once the face has been replaced
     HullFaceMark mark = HullFaceMark::None;
-    int corner;      ///< edges[0]->tail, without the way over the edge
     unsigned number; ///< place in the order of creation
+
+    /// The next face of which only the memory is kept.
+    HullFace *nextSpare = nullptr;
 
     /// Signed distance of `p` above the plane of the face.
     double height(vectorC3d<double> const &p, HullPoints const &points) const
     {
-        return (p - points[static_cast<std::size_t>(corner)]).dot(normal);
+        return (p - pointAt(points, corner)).dot(normal);
     }
 };
+
+/// Makes the two edges twins of each other.
+inline void joinTwins(HullEdge *a, HullEdge *b)
+{
+    a->twin = b;
+    b->twin = a;
+}
 
 /// True if `p` comes before `q` in the order of x, then y, then z; exact.
 inline bool lexicographicallyLess(vectorC3d<double> const &p, vectorC3d<double> const &q)
@@ -65,7 +81,8 @@ inline bool lexicographicallyLess(vectorC3d<double> const &p, vectorC3d<double> 
            (p.x() == q.x() && (p.y() < q.y() || (p.y() == q.y() && p.z() < q.z())));
 }
 
-/// `v` multiplied by the reciprocal of its length; NaN for the zero vector.
+/// `v` multiplied by the reciprocal of its length, not divided by it: the bits differ. NaN for the
+/// zero vector.
 inline vectorC3d<double> hullUnit(vectorC3d<double> const &v)
 {
     return v * (1.0 / v.length());

@@ -1,30 +1,8 @@
 #include <OrvelMath/hull/HullHorizon_p.h>
 
+#include <OrvelMath/engine/CycleGuard_p.h>
+
 namespace {
-
-/// Notices that a walk runs in a circle (Brent, 1980): sooner or later the place that it remembers
-/// lies on the circle and comes again.
-class CircleDetector
-{
-public:
-    bool comesAgain(HullEdge const *edge)
-    {
-        if (edge == m_remembered) {
-            return true;
-        }
-        if (--m_stepsLeft == 0) {
-            m_remembered = edge;
-            m_span *= 2;
-            m_stepsLeft = m_span;
-        }
-        return false;
-    }
-
-private:
-    HullEdge const *m_remembered = nullptr;
-    std::size_t m_span = 8;
-    std::size_t m_stepsLeft = 8;
-};
 
 bool isVisible(HullEdge const *edge)
 {
@@ -35,6 +13,7 @@ bool isVisible(HullEdge const *edge)
 
 HullHorizon::HullHorizon()
 {
+    // Enough for nearly every step of a build, so that the lists don't grow during it.
     m_edges.reserve(1000);
     m_removed.reserve(1000);
 }
@@ -44,6 +23,9 @@ bool HullHorizon::collect(HullFace *first, vectorC3d<double> const &eye, HullPoi
     m_edges.clear();
     m_removed.clear();
     m_hidden.clear();
+    m_stack.clear();
+    m_boundarySize = 0;
+    m_isWhole = false;
 
     HullEdge *const start = findVisibleFaces(first, eye, points);
     bool const closed = start && walkBoundary(start);
@@ -68,6 +50,8 @@ HullEdge *HullHorizon::findVisibleFaces(HullFace *first, vectorC3d<double> const
                                         HullPoints const &points)
 {
     HullEdge *start = nullptr;
+    // A neighbour at this height or above never begins the walk. Where all are so high, the hull
+    // is left as it is.
     double lowest = 100000.0;
     m_stack.push_back(first);
     while (!m_stack.empty()) {
@@ -83,6 +67,8 @@ HullEdge *HullHorizon::findVisibleFaces(HullFace *first, vectorC3d<double> const
             // A second look at a face gives the same height, which is never below the lowest then.
             if (neighbour->mark == HullFaceMark::Seen) {
                 m_stack.push_back(neighbour);
+            } else if (neighbour->mark == HullFaceMark::Hidden) {
+                ++m_boundarySize;
             }
             if (neighbour->mark != HullFaceMark::None) {
                 continue;
@@ -93,6 +79,7 @@ HullEdge *HullHorizon::findVisibleFaces(HullFace *first, vectorC3d<double> const
                 m_stack.push_back(neighbour);
             } else {
                 neighbour->mark = HullFaceMark::Hidden;
+                ++m_boundarySize;
                 m_hidden.push_back(neighbour);
             }
             if (height < lowest) {
@@ -108,10 +95,12 @@ HullEdge *HullHorizon::findVisibleFaces(HullFace *first, vectorC3d<double> const
 /// comes back to the start.
 bool HullHorizon::walkBoundary(HullEdge *start)
 {
-    CircleDetector horizon;
+    engine::CycleGuard<HullEdge const *> horizon;
+    bool leadsOut = true;
     HullEdge *edge = start;
     do {
         HullFace *const beyond = edge->twin->face;
+        leadsOut = leadsOut && beyond->mark != HullFaceMark::Visible;
         if (beyond->mark == HullFaceMark::Hidden) {
             beyond->mark = HullFaceMark::None;
         }
@@ -119,7 +108,7 @@ bool HullHorizon::walkBoundary(HullEdge *start)
 
         edge = edge->next;
         HullEdge *const anchor = edge;
-        CircleDetector fan;
+        engine::CycleGuard<HullEdge const *> fan;
         while (isVisible(edge)) {
             edge = edge->twin->next;
             if (edge == anchor) {
@@ -133,5 +122,8 @@ bool HullHorizon::walkBoundary(HullEdge *start)
             return false;
         }
     } while (edge != start);
+    // Then the walk has taken every edge of the boundary: from edge to edge it goes by a way that
+    // can be gone back, so it meets none of them twice before it comes back to the start.
+    m_isWhole = leadsOut && m_edges.size() == m_boundarySize;
     return true;
 }

@@ -1,4 +1,6 @@
-#include <OrvelMath/hull/ConvexHullBuilderC_p.h>
+#include <OrvelMath/hull/HullPlanar_p.h>
+
+#include <OrvelMath/hull/HullPolygon_p.h>
 
 #include <cmath>
 
@@ -14,7 +16,9 @@ struct PlaneBasis
 PlaneBasis planeBasis(vectorC3d<double> const &normal)
 {
     vectorC3d<double> const n = hullUnit(normal);
-    bool const nearX = std::abs(n.x()) > 0.7; // a cosine
+    // A cosine: the axis across is at least 45 degrees away from a normal near the x axis, and at
+    // least as far from any other.
+    bool const nearX = std::abs(n.x()) > 0.7;
     vectorC3d<double> const auxiliary =
         nearX ? vectorC3d<double>(0.0, 1.0, 0.0) : vectorC3d<double>(1.0, 0.0, 0.0);
     vectorC3d<double> const u = hullUnit(n.cross(auxiliary));
@@ -30,34 +34,35 @@ vectorC3d<double> arithmeticMean(HullPoints const &points)
     return sum / static_cast<double>(points.size());
 }
 
+QVector<vectorC2d<double>> projected(HullPoints const &points, vectorC3d<double> const &normal)
+{
+    vectorC3d<double> const mean = arithmeticMean(points);
+    PlaneBasis const basis = planeBasis(normal);
+    QVector<vectorC2d<double>> flat;
+    flat.reserve(static_cast<int>(points.size()));
+    for (vectorC3d<double> const &p : points) {
+        vectorC3d<double> const offset = p - mean;
+        flat.append({offset.dot(basis.u), offset.dot(basis.v)});
+    }
+    return flat;
+}
+
 } // namespace
 
-/// Replaces the face that the simplex has found by the fan of the hull polygon in its plane.
-void ConvexHullBuilderCPrivate::buildPlanar(HullPoints const &coordinates)
+QList<int> buildPlanar(HullSurface &surface, HullPoints const &points, HullWay way)
 {
-    vectorC3d<double> const normal = faces.back()->normal;
-    destroyFaces();
+    vectorC3d<double> const normal = surface[surface.size() - 1].normal;
+    surface.clear();
 
-    vectorC3d<double> const mean = arithmeticMean(coordinates);
-    PlaneBasis const basis = planeBasis(normal);
-    QVector<vectorC2d<double>> projected;
-    projected.reserve(static_cast<int>(coordinates.size()));
-    for (vectorC3d<double> const &p : coordinates) {
-        vectorC3d<double> const offset = p - mean;
-        projected.append({offset.dot(basis.u), offset.dot(basis.v)});
-    }
-
-    QList<int> const polygon = ConvexHullBuilderC::computeConvexHullIndices2D(projected);
+    QList<int> const polygon = hullPolygon(projected(points, normal), way);
     HullEdge *lastOfPrevious = nullptr;
     for (int i = 2; i < polygon.size(); ++i) {
-        HullEdge *const first = makeHullEdge(polygon[0], polygon[i - 1]);
-        HullEdge *const second = makeHullEdge(polygon[i - 1], polygon[i]);
-        HullEdge *const third = makeHullEdge(polygon[i], polygon[0]);
-        makeFace(coordinates, first, second, third);
+        HullFace const *const face =
+            surface.makeTriangle(points, polygon[0], polygon[i - 1], polygon[i]);
         if (lastOfPrevious) {
-            joinTwins(first, lastOfPrevious);
+            joinTwins(face->edges[0], lastOfPrevious);
         }
-        lastOfPrevious = third;
+        lastOfPrevious = face->edges[2];
     }
-    hullIndices = polygon;
+    return polygon;
 }

@@ -1,7 +1,10 @@
-#include <OrvelMath/hull/ConvexHullBuilderC_p.h>
+#include <OrvelMath/hull/HullSolid_p.h>
+
 #include <OrvelMath/hull/HullHorizon_p.h>
 #include <OrvelMath/hull/HullOutside_p.h>
 #include <OrvelMath/hull/HullQueue_p.h>
+#include <OrvelMath/hull/quick/QuickOutside_p.h>
+#include <OrvelMath/hull/quick/QuickQueue_p.h>
 
 #include <algorithm>
 
@@ -10,54 +13,59 @@ namespace {
 /// Quickhull from a tetrahedron on: the furthest point of the face with the largest outside
 /// distance sees part of the hull, and a fan from its horizon to the point takes the place of that
 /// part.
-class HullSolid
+template <typename Queue, typename Outside>
+class Quickhull
 {
 public:
-    HullSolid(ConvexHullBuilderCPrivate &hull, HullPoints const &points)
-        : m_hull(hull)
+    Quickhull(HullSurface &surface, HullPoints const &points)
+        : m_surface(surface)
         , m_points(points)
         , m_outside(points)
+        , m_queue(surface, points)
     {
-        m_fan.reserve(1000);
+        m_fan.reserve(1000); // enough for nearly every horizon
     }
 
-    /// Builds from the four faces of the tetrahedron, the last ones of the hull.
     void build();
-    /// True if a face that stays has lost an edge to a new one, as rounding may bring about.
-    bool hasTornSurface() const { return m_torn; }
 
 private:
     void waitForTetrahedron();
     HullFace *nextFace();
-    void fetchAhead() const;
     void removeFaces(int eye);
     void makeFan(int eye);
+    void recycleFaces();
     void distribute();
 
-    ConvexHullBuilderCPrivate &m_hull;
+    HullSurface &m_surface;
     HullPoints const &m_points;
-    HullOutside m_outside;
+    Outside m_outside;
     HullHorizon m_horizon;
-    HullQueue m_queue;
+    Queue m_queue;
     HullVector<HullFace *> m_fan; ///< the newest faces
-    bool m_torn = false;
+    bool m_isIntact = true;       ///< nothing that is alive leads to a replaced face
 };
 
-void HullSolid::build()
+template <typename Queue, typename Outside>
+void Quickhull<Queue, Outside>::build()
 {
-    m_fan.assign(m_hull.faces.end() - 4, m_hull.faces.end());
+    std::size_t const first = m_surface.size() - 4;
+    for (std::size_t i = first; i < first + 4; ++i) {
+        m_fan.push_back(m_surface.liveFace(static_cast<unsigned>(i)));
+    }
     waitForTetrahedron();
     distribute();
     while (HullFace *const face = nextFace()) {
         int const eye = face->furthestPoint;
         removeFaces(eye);
         makeFan(eye);
+        recycleFaces();
         distribute();
     }
 }
 
 /// Lets all points but the four corners wait, in the order of their indices.
-void HullSolid::waitForTetrahedron()
+template <typename Queue, typename Outside>
+void Quickhull<Queue, Outside>::waitForTetrahedron()
 {
     int corners[12];
     for (std::size_t i = 0; i < 12; ++i) {
@@ -76,73 +84,25 @@ void HullSolid::waitForTetrahedron()
 }
 
 /// The next face to expand, with its horizon; null when no face has outside points.
-HullFace *HullSolid::nextFace()
+template <typename Queue, typename Outside>
+HullFace *Quickhull<Queue, Outside>::nextFace()
 {
-    while (HullFace *const face = m_queue.takeLargest()) {
-        fetchAhead();
+    unsigned number;
+    while (m_queue.takeLargest(number)) {
+        HullFace *const face = m_surface.liveFace(number);
         // A horizon that doesn't close leaves the hull as it is.
-        if (face->alive &&
-            m_horizon.collect(face, m_points[static_cast<std::size_t>(face->furthestPoint)],
-                              m_points)) {
+        if (face && face->furthestPoint >= 0 &&
+            m_horizon.collect(face, pointAt(m_points, face->furthestPoint), m_points)) {
             return face;
         }
     }
     return nullptr;
 }
 
-/// Fetches what the next faces need: they lie anywhere in the memory, each thing is found through
-/// the one before, and waiting for them would take most of the time of a large hull.
-void HullSolid::fetchAhead() const
-{
-    if (HullFace const *const face = m_queue.lookAhead(24)) {
-        __builtin_prefetch(face);
-        __builtin_prefetch(&face->normal);
-    }
-    if (HullFace const *const face = m_queue.lookAhead(18)) {
-        __builtin_prefetch(&m_points[static_cast<std::size_t>(face->furthestPoint)]);
-        for (HullEdge const *edge : face->edges) {
-            __builtin_prefetch(edge);
-        }
-    }
-    if (HullFace const *const face = m_queue.lookAhead(12)) {
-        for (HullEdge const *edge : face->edges) {
-            __builtin_prefetch(edge->twin);
-        }
-    }
-    if (HullFace const *const face = m_queue.lookAhead(8)) {
-        for (HullEdge const *edge : face->edges) {
-            __builtin_prefetch(edge->twin->face);
-            __builtin_prefetch(&edge->twin->face->corner);
-        }
-    }
-    if (HullFace const *const face = m_queue.lookAhead(4)) {
-        for (HullEdge const *edge : face->edges) {
-            HullFace const *const neighbour = edge->twin->face;
-            __builtin_prefetch(&m_points[static_cast<std::size_t>(neighbour->corner)]);
-            for (HullEdge const *further : neighbour->edges) {
-                __builtin_prefetch(further);
-            }
-        }
-    }
-    if (HullFace const *const face = m_queue.lookAhead(2)) {
-        for (HullEdge const *edge : face->edges) {
-            for (HullEdge const *further : edge->twin->face->edges) {
-                __builtin_prefetch(further->twin);
-            }
-        }
-    }
-    if (HullFace const *const face = m_queue.lookAhead(0)) {
-        for (HullEdge const *edge : face->edges) {
-            for (HullEdge const *further : edge->twin->face->edges) {
-                __builtin_prefetch(&further->twin->face->normal);
-            }
-        }
-    }
-}
-
 /// Ends the life of the faces that the eye replaces and lets their outside points wait for the new
 /// ones.
-void HullSolid::removeFaces(int eye)
+template <typename Queue, typename Outside>
+void Quickhull<Queue, Outside>::removeFaces(int eye)
 {
     for (HullFace *face : m_horizon.removedFaces()) {
         for (int index : qAsConst(face->outsidePoints)) {
@@ -157,63 +117,52 @@ void HullSolid::removeFaces(int eye)
 
 /// Makes a face from each edge of the horizon to the eye. The edge goes over to the new face and
 /// keeps its twin: the neighbour beyond needs no change.
-void HullSolid::makeFan(int eye)
+template <typename Queue, typename Outside>
+void Quickhull<Queue, Outside>::makeFan(int eye)
 {
+    Q_ASSERT(!m_horizon.edges().empty());
     m_fan.clear();
-    HullEdge *firstIn = nullptr;
-    HullEdge *previousOut = nullptr;
     for (HullEdge *edge : m_horizon.edges()) {
-        m_torn = m_torn || edge->face->alive;
-        HullEdge *const out = makeHullEdge(edge->head, eye);
-        HullEdge *const in = makeHullEdge(eye, edge->tail);
-        m_fan.push_back(m_hull.makeFace(m_points, edge, out, in));
-        if (previousOut) {
-            joinTwins(in, previousOut);
-        } else {
-            firstIn = in;
-        }
-        previousOut = out;
+        Q_ASSERT(!m_isIntact || (!edge->face->alive && edge->twin->twin == edge));
+        m_fan.push_back(m_surface.makeFanTriangle(m_points, edge, eye));
     }
-    joinTwins(firstIn, previousOut);
+    HullFace const *previous = m_fan.back();
+    for (HullFace const *face : m_fan) {
+        joinTwins(face->edges[2], previous->edges[1]);
+        previous = face;
+    }
 }
 
-/// Distributes the waiting points among the newest faces and queues those that got some. Faces
-/// without are never expanded: they would only leave the queue again.
-void HullSolid::distribute()
+/// Gives the replaced faces back, as long as nothing that is alive leads to them. A horizon that is
+/// the whole boundary of the seen faces cuts them off from the rest.
+template <typename Queue, typename Outside>
+void Quickhull<Queue, Outside>::recycleFaces()
+{
+    m_isIntact = m_isIntact && m_horizon.isWholeBoundary();
+    if (m_isIntact) {
+        for (HullFace *face : m_horizon.removedFaces()) {
+            m_surface.recycle(face);
+        }
+    }
+}
+
+/// Distributes the waiting points among the newest faces and queues these.
+template <typename Queue, typename Outside>
+void Quickhull<Queue, Outside>::distribute()
 {
     m_outside.distribute(m_fan);
-    for (HullFace *face : m_fan) {
-        if (face->furthestPoint >= 0) {
-            m_queue.insert(face);
-        }
+    for (HullFace const *face : m_fan) {
+        m_queue.insert(*face);
     }
 }
 
 } // namespace
 
-void ConvexHullBuilderCPrivate::buildSolid(HullPoints const &coordinates)
+void buildSolid(HullSurface &surface, HullPoints const &points, HullWay way)
 {
-    HullSolid solid(*this, coordinates);
-    solid.build();
-    if (solid.hasTornSurface()) {
-        claimEdges();
-    }
-}
-
-/// Appends the indices of the vertices of all live faces, ascending.
-void ConvexHullBuilderCPrivate::collectHullIndices()
-{
-    HullVector<char> isVertex(static_cast<std::size_t>(points.size()), 0);
-    for (HullFace const *face : faces) {
-        if (face->alive) {
-            for (HullEdge const *edge : face->edges) {
-                isVertex[static_cast<std::size_t>(edge->tail)] = 1;
-            }
-        }
-    }
-    for (int i = 0; i < points.size(); ++i) {
-        if (isVertex[static_cast<std::size_t>(i)]) {
-            hullIndices.append(i);
-        }
+    if (way == HullWay::Quick) {
+        Quickhull<QuickQueue, QuickOutside>(surface, points).build();
+    } else {
+        Quickhull<HullQueue, HullOutside>(surface, points).build();
     }
 }

@@ -1,3 +1,5 @@
+/// @file
+/// A rough sort of points by their direction.
 #pragma once
 
 #include <OrvelMath/base/vectorC.h>

@@ -1,17 +1,17 @@
-#include <OrvelMath/hull/HullOutside_p.h>
+#include <OrvelMath/hull/quick/QuickOutside_p.h>
 
-#include <OrvelMath/hull/HullBlock_p.h>
+#include <OrvelMath/hull/quick/HullBlock_p.h>
 
 #include <algorithm>
 #include <limits>
 
-HullOutside::HullOutside(HullPoints const &points)
+QuickOutside::QuickOutside(HullPoints const &points)
     : m_points(points)
 {
     m_waiting.reserve(points.size());
 }
 
-void HullOutside::distribute(HullVector<HullFace *> const &faces)
+void QuickOutside::distribute(HullVector<HullFace *> const &faces)
 {
     // No height reaches the furthest distance of the slot that stands for no face.
     m_slots.assign(1, {std::numeric_limits<double>::infinity(), -1, 0});
@@ -22,7 +22,7 @@ void HullOutside::distribute(HullVector<HullFace *> const &faces)
 }
 
 /// Finds the face of each waiting point, a block at a time, and the furthest point of each face.
-void HullOutside::assign(HullVector<HullFace *> const &faces)
+void QuickOutside::assign(HullVector<HullFace *> const &faces)
 {
     m_slotOf.resize(m_waiting.size());
     HullBlock block;
@@ -31,8 +31,7 @@ void HullOutside::assign(HullVector<HullFace *> const &faces)
                    std::min(HullBlock::capacity, m_waiting.size() - first));
         long long slot = 0;
         for (HullFace const *face : faces) {
-            if (!block.claim(++slot, m_points[static_cast<std::size_t>(face->corner)],
-                             face->normal)) {
+            if (!block.claim(++slot, pointAt(m_points, face->corner), face->normal)) {
                 break;
             }
         }
@@ -41,7 +40,7 @@ void HullOutside::assign(HullVector<HullFace *> const &faces)
 }
 
 /// Notes the findings of a block whose first point is the waiting point `first`.
-void HullOutside::noteBlock(HullBlock const &block, std::size_t first)
+void QuickOutside::noteBlock(HullBlock const &block, std::size_t first)
 {
     for (std::size_t i = 0; i < block.size; ++i) {
         std::size_t const number = static_cast<std::size_t>(block.slot[i]);
@@ -55,18 +54,17 @@ void HullOutside::noteBlock(HullBlock const &block, std::size_t first)
 }
 
 /// Of points equally far the lexicographically smallest is the furthest.
-void HullOutside::noteFurthest(Slot &slot, int index, double height) const
+void QuickOutside::noteFurthest(Slot &slot, int index, double height) const
 {
-    auto const at = [&](int i) { return m_points[static_cast<std::size_t>(i)]; };
     if (height > slot.furthestDistance ||
-        lexicographicallyLess(at(index), at(slot.furthestPoint))) {
+        lexicographicallyLess(pointAt(m_points, index), pointAt(m_points, slot.furthestPoint))) {
         slot.furthestPoint = index;
         slot.furthestDistance = height;
     }
 }
 
 /// Sorts the waiting points by their face, keeping their order, and gives each face its part.
-void HullOutside::handOut(HullVector<HullFace *> const &faces)
+void QuickOutside::handOut(HullVector<HullFace *> const &faces)
 {
     m_grouped.reserve(static_cast<int>(m_waiting.size()));
     while (static_cast<std::size_t>(m_grouped.size()) < m_waiting.size()) {

@@ -1,3 +1,5 @@
+/// @file
+/// A block of points that look for their faces together.
 #pragma once
 
 #include <OrvelMath/hull/HullFace_p.h>

@@ -1,4 +1,6 @@
-#include <OrvelMath/hull/DirectionSort_p.h>
+#include <OrvelMath/hull/quick/DirectionSort_p.h>
+
+#include <OrvelMath/hull/GrahamScan_p.h>
 
 #include <array>
 #include <cmath>
@@ -23,7 +25,7 @@ bool DirectionSort::readDirections(QVector<vectorC2d<double>> const &points, int
         if (!(span < 1e150)) { // a square must not overflow
             return false;
         }
-        if (offset.length() < 1e-8) { // a length: the start or a copy of it
+        if (isCopyOfStart(offset)) { // or the start itself
             continue;
         }
         double const steps = (offset.y() / span + 1.0) * 2147483647.0;

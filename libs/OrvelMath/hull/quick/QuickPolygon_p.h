@@ -1,0 +1,22 @@
+/// @file
+/// The convex polygon of many points without the sort of all their angles.
+#pragma once
+
+#include <OrvelMath/base/vectorC.h>
+
+#include <QtCore/QList>
+#include <QtCore/QVector>
+
+/// Answers for 200 points or more what hullPolygon answers.
+///
+/// Directions are sorted as whole numbers, see DirectionSort. Where two of them differ by enough,
+/// the angles differ by more than 1e-8 radians, in the same sense: such points are in the order of
+/// the definition and are not merged. Points that come closer to each other get their angles and
+/// are sorted and merged by them as the definition does. So the scan sees the same points in the
+/// same order. Equal records alone are left, whose order depends on the course of the sort.
+///
+/// @param start index of the lexicographically smallest point
+/// @param hull  written only if the answer is true
+/// @return false if the answer can't be proven: there are few points, a point is no number or very
+///         far away, different points have equal records, or a corner is one of equal records
+bool quickPolygon(QVector<vectorC2d<double>> const &points, int start, QList<int> &hull);
