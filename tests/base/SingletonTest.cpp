@@ -2,10 +2,13 @@
 #include <OrvelMath/base/PThreadStorage_p.h>
 #include <OrvelMath/base/Singleton_p.h>
 
+#include "support/AllocationCount.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <cstring>
+#include <memory>
 #include <mutex>
 #include <set>
 #include <stdexcept>
@@ -115,6 +118,8 @@ TEST(SingletonThread, AccessDuringDestructionWaitsAndBuildsAnew)
     EXPECT_EQ(SlowToBuild::built, SlowToBuild::destroyed);
 }
 
+using SingletonMemory = support::AllocationCounting;
+
 struct Plain
 {
     int value = 41;
@@ -160,6 +165,50 @@ TEST(Singleton, ThrowingConstructionRestoresTheState)
     EXPECT_EQ((std::vector<int>{0, 0, 0, 1, 2}), log.phasesOf<Failing>());
 }
 
+TEST_F(SingletonMemory, FailedRegistrationDestroysWhatWasBuilt)
+{
+    // The list of clean-ups asks for memory only when it has to grow.
+    int failures = 0;
+    for (int round = 0; round < 1000 && failures == 0; ++round) {
+        support::FailingAllocation const failing(1); // 0 is the instance
+        try {
+            Singleton<Plain>::instance();
+            Singleton<Plain>::cleanUp();
+        } catch (std::bad_alloc const &) {
+            ++failures;
+        }
+    }
+    ASSERT_EQ(1, failures);
+    EXPECT_EQ(41, Singleton<Plain>::instance()->value); // and doesn't wait for ever
+    Singleton<Plain>::cleanUp();
+}
+
+TEST_F(SingletonMemory, NothingLeaksWhicheverRequestFails)
+{
+    long const failures = support::failEachAllocation([] {
+        Singleton<Plain>::instance();
+        Singleton<Plain>::cleanUp();
+    });
+    EXPECT_GE(failures, 1);
+}
+
+TEST_F(SingletonMemory, NoAccuracyIsLostWhicheverRequestFails)
+{
+    struct CleanUp
+    {
+        ~CleanUp() { mzRunGlobalCleanupFor(reinterpret_cast<void *>(&GetAccuracy)); }
+    };
+    {
+        CleanUp const before;
+    }
+    long const failures = support::failEachAllocation([] {
+        CleanUp const after;
+        SetAccuracy(Accuracy3DClass4);
+        EXPECT_EQ(4, GetAccuracy());
+    });
+    EXPECT_GE(failures, 2); // the storage and the cell
+}
+
 TEST(Singleton, GlobalCleanUpOfTheModuleRunsItsOwnOnly)
 {
     SingletonLog log;
@@ -196,11 +245,32 @@ TEST(ThreadStorage, CellIsReleasedWithItsThread)
     EXPECT_EQ(nullptr, storage.cell());
     std::thread([&] {
         EXPECT_EQ(nullptr, storage.cell());
-        CountedCell *const cell = storage.setCell(new CountedCell);
+        CountedCell *const cell = storage.setCell(std::make_unique<CountedCell>());
         EXPECT_EQ(cell, storage.cell());
         EXPECT_EQ(1, CountedCell::living);
     }).join();
     EXPECT_EQ(0, CountedCell::living);
+}
+
+TEST(ThreadStorage, TheNextStorageDoesNotFindTheCellsOfTheFormer)
+{
+    {
+        PThreadStorage<CountedCell> storage;
+        storage.setCell(std::make_unique<CountedCell>());
+        EXPECT_EQ(1, CountedCell::living);
+    }
+    EXPECT_EQ(0, CountedCell::living);
+    PThreadStorage<CountedCell> const next;
+    EXPECT_EQ(nullptr, next.cell());
+}
+
+TEST(ThreadStorage, ANewCellTakesThePlaceOfTheOldOne)
+{
+    PThreadStorage<CountedCell> storage;
+    storage.setCell(std::make_unique<CountedCell>());
+    CountedCell *const second = storage.setCell(std::make_unique<CountedCell>());
+    EXPECT_EQ(second, storage.cell());
+    EXPECT_EQ(1, CountedCell::living);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace {
 
@@ -14,7 +15,7 @@ Accuracy3D &threadCell(Accuracy3D initial)
     PThreadStorage<Accuracy3D> *const storage = Singleton<PThreadStorage<Accuracy3D>>::instance();
     Accuracy3D *cell = storage->cell();
     if (!cell) {
-        cell = storage->setCell(new Accuracy3D(initial));
+        cell = storage->setCell(std::make_unique<Accuracy3D>(initial));
     }
     return *cell;
 }

@@ -3,6 +3,7 @@
 #include <OrvelCore/runtime/ProcessServices.h>
 
 #include <typeinfo>
+#include <utility>
 
 /// The one instance of T in this module, built at the first access and torn down by the core's
 /// global clean-up; an access after that builds it anew.
@@ -13,7 +14,8 @@ template <typename T>
 class Singleton
 {
 public:
-    /// The instance. What its construction throws comes through, and the state is then as before.
+    /// The instance. What its construction or the registration of its clean-up throws comes
+    /// through; what was built is then destroyed, and the next access starts anew.
     static T *instance()
     {
         for (;;) {
@@ -46,16 +48,16 @@ private:
 
     static T *build()
     {
-        baselog_singleton_changed(typeid(T).name(), cleanUp, 0, 0);
-        T *built = nullptr;
         try {
-            built = new T;
+            baselog_singleton_changed(typeid(T).name(), cleanUp, 0, 0);
+            s_instance = new T;
+            mzRegisterGlobalCleanup(cleanUp, 0);
         } catch (...) {
+            delete std::exchange(s_instance, nullptr);
             mzThreadSafeExchangeInt(&s_state, BeingBuilt, Absent);
             throw;
         }
-        s_instance = built;
-        mzRegisterGlobalCleanup(cleanUp, 0);
+        T *const built = s_instance; // once the state is Ready another thread may destroy it
         mzThreadSafeExchangeInt(&s_state, BeingBuilt, Ready);
         return built;
     }
