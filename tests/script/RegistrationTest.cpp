@@ -1,8 +1,13 @@
 #include "TestProxies.h"
 
+#include "support/AllocationCount.h"
+
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -41,6 +46,13 @@ proxyMemberDescListS temporaryClass(char const *identifier)
     return list;
 }
 
+mzComValueMarshalS unregisteredRecord()
+{
+    mzComValueMarshalS record = *pairRecord();
+    record.id = 0;
+    return record;
+}
+
 /// Registers a class and a value type when the server starts, as a library does.
 class Library : public mzComServerStateEventC
 {
@@ -60,15 +72,33 @@ public:
     int typeId() const { return m_record.id; }
 
 private:
-    static mzComValueMarshalS freshRecord()
+    proxyMemberDescListS m_class = temporaryClass("test.temporary");
+    mzComValueMarshalS m_record = unregisteredRecord();
+};
+
+/// Registers value types while the server runs and takes them away again.
+class TypeOwner : public mzComServerStateEventC
+{
+public:
+    TypeOwner(mzComValueMarshalS *records, std::size_t count)
+        : mzComServerStateEventC(mzServerStarted)
+        , m_records(records)
+        , m_count(count)
     {
-        mzComValueMarshalS record = *pairRecord();
-        record.id = 0;
-        return record;
+        init();
+    }
+    int serverStarted() override
+    {
+        for (std::size_t i = 0; i < m_count; ++i) {
+            mzComVariantC::registerValueType(&m_records[i]);
+            mzComVariantC::registerUserTypeProxy(m_records[i].id, mzIIDS("test.pair"));
+        }
+        return 0;
     }
 
-    proxyMemberDescListS m_class = temporaryClass("test.temporary");
-    mzComValueMarshalS m_record = freshRecord();
+private:
+    mzComValueMarshalS *m_records;
+    std::size_t m_count;
 };
 
 /// Stops the server at the end of a test.
@@ -181,4 +211,101 @@ TEST(ServerState, WhatALibraryRegisteredGoesWithIt)
     }
     EXPECT_EQ(proxyFactoryC::instance().findClass(mzIIDS("test.temporary")), nullptr);
     EXPECT_TRUE(mzComVariantC::fromUserData(id, nullptr).isEmpty());
+}
+
+TEST(ValueTypes, AnIdIsNeverGivenTwice)
+{
+    ServerGuard const guard;
+    mzComServerStateEventC::startServer();
+    std::set<int> ids;
+    for (int round = 0; round < 1000; ++round) {
+        Library const library;
+        EXPECT_GT(library.typeId(), 0);
+        ids.insert(library.typeId());
+        EXPECT_EQ(library.typeId(),
+                  mzComVariantC::fromUserData(library.typeId(), nullptr).userType());
+    }
+    EXPECT_EQ(1000u, ids.size());
+    for (int const id : ids) {
+        EXPECT_TRUE(mzComVariantC::fromUserData(id, nullptr).isEmpty());
+    }
+}
+
+TEST(ValueTypes, IdsThatWereNeverGivenNameNothing)
+{
+    for (int const id : {0, -1, 32767, 32768, 32768 * 65535 + 1, 2147483647, -2147483647 - 1}) {
+        EXPECT_TRUE(mzComVariantC::fromUserData(id, nullptr).isEmpty()) << id;
+    }
+    mzComVariantC::registerUserTypeProxy(32766, mzIIDS("test.probe")); // does nothing
+    EXPECT_TRUE(mzComVariantC::fromUserData(32766, nullptr).isEmpty());
+}
+
+TEST(ValueTypes, ManyTypesMayBeThereAtATime)
+{
+    ServerGuard const guard;
+    mzComServerStateEventC::startServer();
+    std::vector<mzComValueMarshalS> records(300, unregisteredRecord());
+    Pair const pair = {3.0, 4.0};
+    {
+        TypeOwner const owner(records.data(), records.size());
+        for (mzComValueMarshalS const &record : records) {
+            mzComVariantC const variant = mzComVariantC::fromUserData(record.id, &pair);
+            Pair read;
+            EXPECT_EQ(mzUserDataOk, variant.getUserData(record.id, &read));
+            EXPECT_EQ(4.0, read.second);
+        }
+    }
+    for (mzComValueMarshalS const &record : records) {
+        EXPECT_TRUE(mzComVariantC::fromUserData(record.id, &pair).isEmpty());
+    }
+}
+
+using ValueTypesMemory = support::AllocationCounting;
+
+TEST_F(ValueTypesMemory, StaysLevelHoweverOftenLibrariesComeAndGo)
+{
+    ServerGuard const guard;
+    mzComServerStateEventC::startServer();
+    {
+        Library const first;
+    }
+    long const before = support::livingAllocations();
+    for (int round = 0; round < 10000; ++round) {
+        Library const library;
+    }
+    EXPECT_EQ(before, support::livingAllocations());
+}
+
+TEST(ValueTypesThread, ATypeThatComesOrGoesIsThereAsAWholeOrNotAtAll)
+{
+    ServerGuard const guard;
+    mzComServerStateEventC::startServer();
+    static std::vector<mzComValueMarshalS> records(2000, unregisteredRecord());
+    std::atomic<int> latest{pairTypeId()};
+    std::atomic<bool> done{false};
+    std::vector<std::thread> readers;
+    for (int i = 0; i < 7; ++i) {
+        readers.emplace_back([&latest, &done] {
+            Pair const pair = {1.0, 2.0};
+            while (!done) {
+                int const id = latest;
+                mzComVariantC const variant = mzComVariantC::fromUserData(id, &pair);
+                Pair read;
+                if (!variant.isEmpty()) {
+                    EXPECT_EQ(mzUserDataOk, variant.getUserData(id, &read));
+                    EXPECT_EQ(2.0, read.second);
+                }
+                EXPECT_EQ(pairTypeId(),
+                          mzComVariantC::fromUserData(pairTypeId(), &pair).userType());
+            }
+        });
+    }
+    for (mzComValueMarshalS &record : records) {
+        TypeOwner const owner(&record, 1);
+        latest = record.id;
+    }
+    done = true;
+    for (std::thread &reader : readers) {
+        reader.join();
+    }
 }

@@ -4,6 +4,8 @@
 
 #include <QtCore/QByteArray>
 
+#include <utility>
+
 /// A sequence of doubles in memory, written at the end and read from the front. Each takes eight
 /// bytes, the least significant first, on every machine.
 class ORVELCORE_EXPORT mzComDataStreamC
@@ -15,6 +17,24 @@ public:
         : m_data(data)
     {
     }
+
+    mzComDataStreamC(mzComDataStreamC const &) = default;
+    mzComDataStreamC &operator=(mzComDataStreamC const &) = default;
+    /// A move leaves `other` as a new stream.
+    mzComDataStreamC(mzComDataStreamC &&other) noexcept
+        : m_data(std::exchange(other.m_data, QByteArray()))
+        , m_position(std::exchange(other.m_position, 0))
+        , m_ok(std::exchange(other.m_ok, true))
+    {
+    }
+    mzComDataStreamC &operator=(mzComDataStreamC &&other) noexcept
+    {
+        m_data = std::exchange(other.m_data, QByteArray());
+        m_position = std::exchange(other.m_position, 0);
+        m_ok = std::exchange(other.m_ok, true);
+        return *this;
+    }
+    ~mzComDataStreamC() = default;
 
     mzComDataStreamC &operator<<(double value);
     /// Reads the next value. With fewer than eight bytes left `value` stays as it is and the stream

@@ -5,6 +5,8 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <utility>
+
 /// The string of the script layer: UTF-8 text, shared on copy. Names of members and classes, string
 /// arguments and messages are of this type.
 class ORVELCORE_EXPORT mzComStringC
@@ -24,6 +26,17 @@ public:
         : m_utf8(text.toUtf8())
     {
     }
+
+    mzComStringC(mzComStringC const &) = default;
+    mzComStringC &operator=(mzComStringC const &) = default;
+    /// A move leaves `other` empty.
+    mzComStringC(mzComStringC &&other) noexcept = default;
+    mzComStringC &operator=(mzComStringC &&other) noexcept
+    {
+        m_utf8 = std::exchange(other.m_utf8, QByteArray());
+        return *this;
+    }
+    ~mzComStringC() = default;
 
     /// The text with a terminating zero; never null, valid until the string changes or dies.
     char const *utf8() const { return m_utf8.constData(); }

@@ -23,14 +23,21 @@ mzComStringC mzComReadableTypeName(mzComStringC const &name)
     return result;
 }
 
+// Not in the header: make_shared has a static object that the linker unites over all modules, and a
+// module that brings one is never unloaded.
+mzComVariantC::mzComVariantC(mzComStringC const &value)
+    : m_kind(Kind::String)
+    , m_shared(std::make_shared<mzComStringC>(value))
+{
+}
+
 mzComVariantC mzComVariantC::fromUserData(int id, void const *value)
 {
     mzComVariantC variant;
-    if (valueTypeRegistry::Entry const *entry = valueTypeRegistry::find(id)) {
-        mzComValueMarshalS const *record = entry->record;
-        variant.m_kind = Kind::User;
-        variant.m_record = record;
+    if (mzComValueMarshalS const *record = valueTypeRegistry::find(id).record) {
         variant.m_shared.reset(record->create(value), record->destroy);
+        variant.m_record = record;
+        variant.m_kind = Kind::User;
     }
     return variant;
 }
@@ -70,11 +77,11 @@ mzComVariantC mzComVariantC::toSkalarValue() &&
 
 mzComVariantC mzComVariantC::toScriptObject() const
 {
-    valueTypeRegistry::Entry const *entry = valueTypeRegistry::find(userType());
-    if (entry == nullptr || entry->proxyClass == mzIIDS()) {
+    valueTypeRegistry::Entry const entry = valueTypeRegistry::find(userType());
+    if (entry.record == nullptr || entry.proxyClass == mzIIDS()) {
         return *this;
     }
-    mzComPtrT<proxyObjectC> const proxy = proxyFactoryC::instance().create(entry->proxyClass);
+    mzComPtrT<proxyObjectC> const proxy = proxyFactoryC::instance().create(entry.proxyClass);
     mzComPtrT<prxQVariantBaseC> holder;
     if (!proxy || !proxy->queryInterface(prxQVariantBaseC::IID(), holder)) {
         return *this;
@@ -110,11 +117,10 @@ bool mzComVariantC::writeUserData(mzComDataStreamC &stream) const
 
 bool mzComVariantC::readUserData(int id, mzComDataStreamC &stream)
 {
-    valueTypeRegistry::Entry const *entry = valueTypeRegistry::find(id);
-    if (entry == nullptr) {
+    mzComValueMarshalS const *record = valueTypeRegistry::find(id).record;
+    if (record == nullptr) {
         return false;
     }
-    mzComValueMarshalS const *record = entry->record;
     const std::unique_ptr<void, void (*)(void *)> value(record->create(nullptr), record->destroy);
     if (!record->read(value.get(), stream)) {
         return false;

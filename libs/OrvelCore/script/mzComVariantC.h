@@ -48,11 +48,7 @@ public:
         , m_number(value)
     {
     }
-    mzComVariantC(mzComStringC const &value)
-        : m_kind(Kind::String)
-        , m_shared(std::make_shared<mzComStringC>(value))
-    {
-    }
+    mzComVariantC(mzComStringC const &value);
     mzComVariantC(char const *utf8)
         : mzComVariantC(mzComStringC(utf8))
     {
@@ -70,7 +66,7 @@ public:
     mzComVariantC(mzComVariantC &&other) noexcept
         : m_kind(std::exchange(other.m_kind, Kind::Empty))
         , m_number(std::exchange(other.m_number, 0.0))
-        , m_record(other.m_record)
+        , m_record(std::exchange(other.m_record, nullptr))
         , m_object(std::move(other.m_object))
         , m_shared(std::move(other.m_shared))
     {
@@ -79,7 +75,7 @@ public:
     {
         m_kind = std::exchange(other.m_kind, Kind::Empty);
         m_number = std::exchange(other.m_number, 0.0);
-        m_record = other.m_record;
+        m_record = std::exchange(other.m_record, nullptr);
         m_object = std::move(other.m_object);
         m_shared = std::move(other.m_shared);
         return *this;

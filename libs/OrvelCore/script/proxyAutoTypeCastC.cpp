@@ -85,9 +85,9 @@ bool proxyAutoTypeCastC::isConvertibleTo(std::type_info const &type, bool lenien
     if (type == typeid(mzComPtrT<mzIUnknown>)) {
         return m_variant->isObject() || m_variant->isEmpty();
     }
-    valueTypeRegistry::Entry const *entry =
+    valueTypeRegistry::Entry const entry =
         valueTypeRegistry::find(m_variant->toSkalarValue().userType());
-    return entry != nullptr && std::strcmp(entry->name.utf8(), type.name()) == 0;
+    return entry.record != nullptr && std::strcmp(entry.name, type.name()) == 0;
 }
 
 proxyAutoTypeCastC proxyAutoParaListC::operator[](int index) const

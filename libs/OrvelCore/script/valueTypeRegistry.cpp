@@ -1,33 +1,59 @@
 #include <OrvelCore/script/valueTypeRegistry_p.h>
 
+#include <array>
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <set>
+#include <stdexcept>
+#include <string>
 #include <vector>
+
+#include <dlfcn.h>
 
 namespace valueTypeRegistry {
 namespace {
 
-using Table = std::vector<Entry>;
+// An id is how many types the slot held before, over 15 bits of the slot's number, counted from 1.
+constexpr int slotBits = 15;
+constexpr unsigned slotMask = (1u << slotBits) - 1;
+constexpr unsigned mostUses = 1u << (31 - slotBits); // an id is positive
+constexpr std::size_t blockSize = 64;
+constexpr std::size_t mostBlocks = (slotMask + 1) / blockSize;
 
-/// Superseded tables stay until the end of the process, since a reader may still look at one; there
-/// are as many as types are registered.
+/// A place for a type. `id` is written last when a type comes and first when it goes; each other
+/// field is stored with release and loaded with acquire, so that a reader who has seen a new field
+/// also sees that the id has changed.
+struct Slot
+{
+    std::atomic<int> id{0}; // 0 while the slot is free
+    std::atomic<mzComValueMarshalS const *> record{nullptr};
+    std::atomic<char const *> name{nullptr};
+    std::atomic<char const *> proxyClass{mzIIDS().name};
+    // Under the mutex.
+    unsigned uses = 0;
+    void const *owner = nullptr;
+    void const *module = nullptr;
+};
+
+using Block = std::array<Slot, blockSize>;
+
 struct Registry
 {
     std::mutex mutex;
-    std::vector<std::unique_ptr<const Table>> tables;
-    std::atomic<Table const *> current{nullptr};
+    std::array<std::atomic<Block *>, mostBlocks> blocks{}; // never freed: readers take no lock
+    unsigned usedSlots = 0;                                // those that ever held a type
+    std::vector<unsigned> freeSlots;                       // has room for all used ones
+    std::set<std::string> names;                           // never shrinks: entries point into it
+    std::atomic<int> count{0};
 
-    Table copy() const
+    Slot &slot(unsigned number) const
     {
-        Table const *table = current.load(std::memory_order_acquire);
-        return table != nullptr ? *table : Table();
+        Block *const block = blocks[number / blockSize].load(std::memory_order_acquire);
+        return (*block)[number % blockSize];
     }
-    void publish(Table table)
-    {
-        tables.push_back(std::make_unique<const Table>(std::move(table)));
-        current.store(tables.back().get(), std::memory_order_release);
-    }
+    unsigned freeSlot();
+    void release(unsigned number) noexcept;
 };
 
 // Never destroyed: libraries take their things away after the static objects of this one are gone.
@@ -37,67 +63,129 @@ Registry &registry()
     return *instance;
 }
 
+/// The number of a slot that is free; it is not taken yet.
+unsigned Registry::freeSlot()
+{
+    if (!freeSlots.empty()) {
+        return freeSlots.back();
+    }
+    if (usedSlots == slotMask) {
+        throw std::length_error("no id is left for another value type");
+    }
+    freeSlots.reserve(usedSlots + 1);
+    std::atomic<Block *> &block = blocks[usedSlots / blockSize];
+    if (block.load(std::memory_order_relaxed) == nullptr) {
+        block.store(new Block, std::memory_order_release);
+    }
+    freeSlots.push_back(usedSlots);
+    return usedSlots++;
+}
+
+void Registry::release(unsigned number) noexcept
+{
+    Slot &gone = slot(number);
+    gone.id.store(0, std::memory_order_relaxed);
+    gone.record.store(nullptr, std::memory_order_release);
+    gone.name.store(nullptr, std::memory_order_release);
+    gone.proxyClass.store(mzIIDS().name, std::memory_order_release);
+    gone.owner = nullptr;
+    gone.module = nullptr;
+    // A slot that has given all its ids stays free for good.
+    if (gone.uses < mostUses) {
+        freeSlots.push_back(number);
+    }
+}
+
+unsigned numberOf(int id)
+{
+    return (unsigned(id) & slotMask) - 1; // wraps for an id that names no slot
+}
+
+/// The slot that holds the type of this id at the moment, or null.
+Slot *slotOf(int id)
+{
+    unsigned const number = numberOf(id);
+    if (id <= 0 || number >= slotMask) {
+        return nullptr;
+    }
+    Block *const block = registry().blocks[number / blockSize].load(std::memory_order_acquire);
+    if (block == nullptr) {
+        return nullptr;
+    }
+    Slot &slot = (*block)[number % blockSize];
+    return slot.id.load(std::memory_order_acquire) == id ? &slot : nullptr;
+}
+
+/// Load address of the module that contains `address`; null for the stack and the heap.
+void const *moduleOf(void const *address)
+{
+    Dl_info info;
+    return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
+}
+
 } // namespace
 
 void add(mzComValueMarshalS *record)
 {
     Registry &types = registry();
-    const std::lock_guard<std::mutex> lock(types.mutex);
+    std::lock_guard<std::mutex> const lock(types.mutex);
     if (record->id != 0) {
         return;
     }
-    Table table = types.copy();
-    table.push_back({record, record->name(), mzIIDS(), nullptr});
-    int const id = int(table.size());
-    types.publish(std::move(table));
+    char const *const name = types.names.insert(record->name().utf8()).first->c_str();
+    unsigned const number = types.freeSlot();
+    types.freeSlots.pop_back(); // nothing throws from here on
+    Slot &slot = types.slot(number);
+    int const id = int(slot.uses++ << slotBits | (number + 1));
+    slot.module = moduleOf(record);
+    slot.record.store(record, std::memory_order_release);
+    slot.name.store(name, std::memory_order_release);
+    slot.id.store(id, std::memory_order_release);
+    types.count.fetch_add(1, std::memory_order_relaxed);
     // Other threads look at the id without the lock.
     __atomic_store_n(&record->id, id, __ATOMIC_RELEASE);
 }
 
 void setProxyClass(int id, mzIIDS const &classIdentifier, void const *owner)
 {
-    Registry &types = registry();
-    const std::lock_guard<std::mutex> lock(types.mutex);
-    Table table = types.copy();
-    if (id < 1 || std::size_t(id) > table.size()) {
-        return;
+    std::lock_guard<std::mutex> const lock(registry().mutex);
+    if (Slot *const slot = slotOf(id)) {
+        slot->proxyClass.store(classIdentifier.name, std::memory_order_release);
+        slot->owner = owner;
     }
-    table[std::size_t(id) - 1].proxyClass = classIdentifier;
-    table[std::size_t(id) - 1].owner = owner;
-    types.publish(std::move(table));
 }
 
-void removeOwner(void const *owner)
+void removeOwner(void const *owner) noexcept
 {
     Registry &types = registry();
-    const std::lock_guard<std::mutex> lock(types.mutex);
-    Table table = types.copy();
-    bool changed = false;
-    for (Entry &entry : table) {
-        if (entry.owner == owner) {
-            entry = Entry();
-            changed = true;
+    void const *const module = moduleOf(owner);
+    std::lock_guard<std::mutex> const lock(types.mutex);
+    for (unsigned number = 0; number < types.usedSlots; ++number) {
+        Slot const &slot = types.slot(number);
+        bool const isOwned = owner != nullptr && slot.owner == owner;
+        bool const isInModule = module != nullptr && slot.module == module;
+        if (slot.id.load(std::memory_order_relaxed) != 0 && (isOwned || isInModule)) {
+            types.release(number);
         }
     }
-    if (changed) {
-        types.publish(std::move(table));
-    }
 }
 
-Entry const *find(int id)
+Entry find(int id) noexcept
 {
-    Table const *table = registry().current.load(std::memory_order_acquire);
-    if (table == nullptr || id < 1 || std::size_t(id) > table->size()) {
-        return nullptr;
+    Slot const *const slot = slotOf(id);
+    if (slot == nullptr) {
+        return Entry();
     }
-    Entry const &entry = (*table)[std::size_t(id) - 1];
-    return entry.record != nullptr ? &entry : nullptr;
+    Entry const entry = {slot->record.load(std::memory_order_acquire),
+                         slot->name.load(std::memory_order_acquire),
+                         mzIIDS(slot->proxyClass.load(std::memory_order_acquire))};
+    // If the type went in between, some of what was read is not its own.
+    return slot->id.load(std::memory_order_relaxed) == id ? entry : Entry();
 }
 
-int count()
+int count() noexcept
 {
-    Table const *table = registry().current.load(std::memory_order_acquire);
-    return table != nullptr ? int(table->size()) : 0;
+    return registry().count.load(std::memory_order_relaxed);
 }
 
 } // namespace valueTypeRegistry

@@ -1,9 +1,13 @@
 #include <OrvelCore/runtime/ProcessServices.h>
 #include <OrvelCore/script/ScriptLayer.h>
 
+#include "support/AllocationCount.h"
+
 #include <gtest/gtest.h>
 
 #include <dlfcn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <string>
 #include <vector>
@@ -53,6 +57,15 @@ public:
     int accuracy() const
     {
         return reinterpret_cast<int (*)()>(dlsym(m_handle, "_Z11GetAccuracyv"))();
+    }
+    /// The id of vectorC3d<double>, which the call registers.
+    int vectorTypeId() const
+    {
+        auto *const record = reinterpret_cast<mzComValueMarshalS *(*)()>(
+            dlsym(m_handle, "_Z16proxyValueRecordI9vectorC3dIdEEP18mzComValueMarshalSv"));
+        auto *const registered = reinterpret_cast<int (*)(mzComValueMarshalS *)>(
+            dlsym(m_handle, "_Z22proxyRegisterValueTypeP18mzComValueMarshalS"));
+        return registered(record());
     }
     static bool isLoaded()
     {
@@ -158,4 +171,73 @@ TEST_F(LibraryLoad, IsToldOfAStartThatHasBeen)
         EXPECT_STREQ(result.typeName().utf8(), "prxMatrix4x4C");
     }
     EXPECT_EQ(knownClasses(), Names());
+}
+
+TEST_F(LibraryLoad, MemoryStaysLevelOverAThousandLoads)
+{
+    if (support::allocationCount() < 0) {
+        GTEST_SKIP() << "allocations cannot be counted here";
+    }
+    mzComServerStateEventC::startServer();
+    auto const loadAndUse = [] {
+        Library const library;
+        EXPECT_EQ(2, library.accuracy());
+        EXPECT_TRUE(proxyFactoryC::instance().create(mzIIDS("linquet.matrix4x4")));
+    };
+    for (int round = 0; round < 10; ++round) {
+        loadAndUse();
+    }
+    long const before = support::livingAllocations();
+    for (int round = 0; round < 1000; ++round) {
+        loadAndUse();
+    }
+    EXPECT_EQ(before, support::livingAllocations());
+}
+
+TEST_F(LibraryLoad, MemoryStaysLevelWithoutAServerToo)
+{
+    if (support::allocationCount() < 0) {
+        GTEST_SKIP() << "allocations cannot be counted here";
+    }
+    auto const loadAndUse = [] {
+        Library const library;
+        EXPECT_GT(library.vectorTypeId(), 0);
+    };
+    for (int round = 0; round < 10; ++round) {
+        loadAndUse();
+    }
+    long const before = support::livingAllocations();
+    for (int round = 0; round < 1000; ++round) {
+        loadAndUse();
+    }
+    EXPECT_EQ(before, support::livingAllocations());
+}
+
+TEST_F(LibraryLoad, AChildProcessHasALibraryOfItsOwn)
+{
+    mzComServerStateEventC::startServer();
+    Library const library;
+    EXPECT_EQ(2, library.accuracy());
+    pid_t const child = fork();
+    ASSERT_NE(-1, child);
+    if (child == 0) {
+        // Exit codes say what failed; the child runs no test of its own.
+        if (library.accuracy() != 2) {
+            _exit(1);
+        }
+        if (!proxyFactoryC::instance().create(mzIIDS("linquet.vector3d"))) {
+            _exit(2);
+        }
+        mzComServerStateEventC::stopServer();
+        mzComServerStateEventC::startServer();
+        if (knownClasses() != allClasses) {
+            _exit(3);
+        }
+        _exit(0);
+    }
+    int status = -1;
+    EXPECT_EQ(child, waitpid(child, &status, 0));
+    EXPECT_EQ(0, status);
+    EXPECT_EQ(2, library.accuracy());
+    EXPECT_TRUE(proxyFactoryC::instance().create(mzIIDS("linquet.vector3d")));
 }
