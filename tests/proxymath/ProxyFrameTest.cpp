@@ -1,11 +1,30 @@
 #include "ProxyValues.h"
 
+#include <atomic>
 #include <cstring>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include <dlfcn.h>
+
 using namespace proxyValues;
+
+namespace {
+
+std::atomic<int> registerCalls{0};
+
+} // namespace
+
+// The program's function comes before the companion's, also for calls from the library: it counts
+// and hands over.
+void mzComVariantC::registerValueType(mzComValueMarshalS *record)
+{
+    ++registerCalls;
+    void *const next =
+        dlsym(RTLD_NEXT, "_ZN13mzComVariantC17registerValueTypeEP18mzComValueMarshalS");
+    reinterpret_cast<void (*)(mzComValueMarshalS *)>(next)(record);
+}
 
 namespace {
 
@@ -223,6 +242,57 @@ TEST(ProxyFrame, IdsAreDistinctAndStay)
     EXPECT_EQ(proxyValueTypeId<Vector3>(), ids[1]);
     EXPECT_EQ(proxyValueRecord<Vector3>()->id, ids[1]);
     EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), count);
+}
+
+TEST(ProxyFrame, ThreadsThatRaceForAnIdRegisterTheRecordOnce)
+{
+    static mzComValueMarshalS record = *proxyValueRecord<Vector3>();
+    int const count = mzComVariantC::registeredValueTypeCount();
+    int const calls = registerCalls;
+    record.id = 0;
+    std::atomic<bool> go{false};
+    std::vector<int> ids(8);
+    std::vector<std::thread> threads;
+    for (int &id : ids) {
+        threads.emplace_back([&id, &go] {
+            while (!go) {
+            }
+            id = proxyRegisterValueType(&record);
+        });
+    }
+    go = true;
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(calls + 1, registerCalls);
+    EXPECT_EQ(count + 1, mzComVariantC::registeredValueTypeCount());
+    EXPECT_EQ(std::vector<int>(8, record.id), ids);
+}
+
+TEST(ProxyFrame, EachRecordIsRegisteredByOneCall)
+{
+    proxyValueTypeId<Vector2>();
+    proxyValueTypeId<Vector3>();
+    proxyValueTypeId<Matrix3>();
+    proxyValueTypeId<Matrix4>();
+    int const calls = registerCalls;
+    EXPECT_GE(calls, 4);
+    proxyValueTypeId<Vector2>();
+    mzComServerStateEventC::startServer();
+    mzComServerStateEventC::stopServer();
+    EXPECT_TRUE(scriptCall::call(vector3(1, 2, 3), "mul", {2.0}).ok);
+    EXPECT_EQ(calls, registerCalls);
+}
+
+TEST(ProxyFrame, RegistrationObjectsAnswer0)
+{
+    // Other global objects of the program don't listen.
+    QVector<mzComServerStateEventC *> const waiting = mzComServerStateEventC::waiting();
+    EXPECT_EQ(5, waiting.size());
+    for (mzComServerStateEventC *event : waiting) {
+        EXPECT_EQ(0, event->serverStarted());
+        EXPECT_EQ(0, event->serverDone());
+    }
 }
 
 TEST(ProxyFrame, FromTheServersStartOnAValueReachesScriptsAsItsClass)

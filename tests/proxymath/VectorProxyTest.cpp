@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 using namespace proxyValues;
 using scriptCall::Answer;
@@ -33,6 +34,16 @@ TEST(Vector3Proxy, StartsAtZero)
 {
     EXPECT_TRUE(valueOf<Vector3>(Object(new prxVector3dC)) == Vector3(0, 0, 0));
     EXPECT_TRUE(valueOf<Vector2>(Object(new prxVector2dC)) == Vector2(0, 0));
+}
+
+TEST(ValueProxies, AreMadeFromAValueWithoutNamingTheClass)
+{
+    EXPECT_TRUE((std::is_convertible_v<Vector2, prxVector2dC>));
+    EXPECT_TRUE((std::is_convertible_v<Vector3, prxVector3dC>));
+    EXPECT_TRUE((std::is_convertible_v<Matrix3, prxMatrix3x3C>));
+    EXPECT_TRUE((std::is_convertible_v<Matrix4, prxMatrix4x4C>));
+    prxVector2dC const vector = Vector2(3, 4);
+    EXPECT_EQ(5.0, vector.len());
 }
 
 TEST(Vector3Proxy, Arithmetic)

@@ -1,5 +1,7 @@
 #include <OrvelMath/proxymath/proxyValueType.h>
 
+#include <mutex>
+
 namespace {
 
 template <typename T>
@@ -53,7 +55,18 @@ template <typename T>
 mzComValueMarshalS record = {0,       int(sizeof(T)), typeName<T>, create<T>,
                              copy<T>, destroy<T>,     read<T>,     write<T>};
 
+std::mutex registration;
+
 } // namespace
+
+int proxyRegisterValueType(mzComValueMarshalS *record)
+{
+    std::lock_guard<std::mutex> const lock(registration);
+    if (__atomic_load_n(&record->id, __ATOMIC_ACQUIRE) == 0) {
+        mzComVariantC::registerValueType(record);
+    }
+    return __atomic_load_n(&record->id, __ATOMIC_ACQUIRE);
+}
 
 template <>
 mzComValueMarshalS *proxyValueRecord<vectorC2d<double>>()

@@ -19,13 +19,16 @@ ORVELMATH_EXPORT mzComValueMarshalS *proxyValueRecord<matrixC3x3<double>>();
 template <>
 ORVELMATH_EXPORT mzComValueMarshalS *proxyValueRecord<matrixC4x4<double>>();
 
-/// The id under which `T` travels in an mzComVariantC. The first call registers the record.
+/// Gives `record` an id, by one call of mzComVariantC::registerValueType, if it has none; returns
+/// the id. Threads that need the same id at the same time wait for the one that registers it.
+ORVELMATH_EXPORT int proxyRegisterValueType(mzComValueMarshalS *record);
+
+/// The id under which `T` travels in an mzComVariantC. The first call registers the record. May be
+/// called from any thread.
 template <typename T>
 int proxyValueTypeId()
 {
-    mzComValueMarshalS *record = proxyValueRecord<T>();
-    if (__atomic_load_n(&record->id, __ATOMIC_ACQUIRE) == 0) {
-        mzComVariantC::registerValueType(record);
-    }
-    return __atomic_load_n(&record->id, __ATOMIC_ACQUIRE);
+    mzComValueMarshalS *const record = proxyValueRecord<T>();
+    int const id = __atomic_load_n(&record->id, __ATOMIC_ACQUIRE);
+    return id != 0 ? id : proxyRegisterValueType(record);
 }

@@ -15,7 +15,7 @@ class ORVELMATH_EXPORT prxMatrix3x3C : public prxVariantUserTypeBaseC<matrixC3x3
 public:
     /// The zero matrix.
     prxMatrix3x3C();
-    explicit prxMatrix3x3C(matrixC3x3<double> const &value);
+    prxMatrix3x3C(matrixC3x3<double> const &value);
     ~prxMatrix3x3C() override;
 
     /// A new matrix: this times other.
@@ -50,10 +50,10 @@ public:
     static void *_castTo(proxyObjectC const *object);
 
 private:
-    vectorC3d<double> getX();
-    vectorC3d<double> getY();
-    vectorC3d<double> getZ();
-    void setX(vectorC3d<double> const &axis);
-    void setY(vectorC3d<double> const &axis);
-    void setZ(vectorC3d<double> const &axis);
+    Q_DECL_HIDDEN vectorC3d<double> getX();
+    Q_DECL_HIDDEN vectorC3d<double> getY();
+    Q_DECL_HIDDEN vectorC3d<double> getZ();
+    Q_DECL_HIDDEN void setX(vectorC3d<double> const &axis);
+    Q_DECL_HIDDEN void setY(vectorC3d<double> const &axis);
+    Q_DECL_HIDDEN void setZ(vectorC3d<double> const &axis);
 };

@@ -44,6 +44,35 @@ matrixC4x4<double> homogeneous(RotationColumns const &rotation)
     return matrix;
 }
 
+/// As Quaternion4D::GetEuler gives them; radians.
+struct EulerAngles
+{
+    double first;
+    double second;
+    double third;
+};
+
+EulerAngles eulerAnglesOf(prxMatrix4x4C &proxy)
+{
+    // A handle per element: each reading writes the matrix back, as a script sees that listens to
+    // setComVariant.
+    auto const element = [&proxy](int cell) { return proxy.value()->operator[](cell); };
+    auto const column = [&element](int i) {
+        return Point3D(element(4 * i), element(4 * i + 1), element(4 * i + 2));
+    };
+    Matrix4X4C matrix; // the identity, whose fourth row stays
+    matrix.SetMatX(column(0));
+    matrix.SetMatY(column(1));
+    matrix.SetMatZ(column(2));
+    matrix.SetMatT(column(3));
+
+    Quaternion4D quaternion;
+    quaternion.SetMatrix(matrix);
+    EulerAngles angles;
+    quaternion.GetEuler(angles.first, angles.second, angles.third);
+    return angles;
+}
+
 } // namespace
 
 prxMatrix4x4C::prxMatrix4x4C() = default;
@@ -154,17 +183,17 @@ prxMatrix4x4C *prxMatrix4x4C::setTVec(vectorC3d<double> const &translation)
 
 double prxMatrix4x4C::getRoll()
 {
-    return degrees(eulerAngles().first);
+    return degrees(eulerAnglesOf(*this).first);
 }
 
 double prxMatrix4x4C::getPitch()
 {
-    return degrees(eulerAngles().second);
+    return degrees(eulerAnglesOf(*this).second);
 }
 
 double prxMatrix4x4C::getYaw()
 {
-    return degrees(eulerAngles().third);
+    return degrees(eulerAnglesOf(*this).third);
 }
 
 prxMathFactoryC *prxMatrix4x4C::getFactory() const
@@ -210,27 +239,4 @@ void prxMatrix4x4C::setZ(vectorC3d<double> const &axis)
 void prxMatrix4x4C::setT(vectorC3d<double> const &translation)
 {
     value()->setAxis(3, translation);
-}
-
-double prxMatrix4x4C::element(int cell)
-{
-    return value()->operator[](cell);
-}
-
-prxMatrix4x4C::EulerAngles prxMatrix4x4C::eulerAngles()
-{
-    auto const column = [this](int i) {
-        return Point3D(element(4 * i), element(4 * i + 1), element(4 * i + 2));
-    };
-    Matrix4X4C matrix; // the identity, whose fourth row stays
-    matrix.SetMatX(column(0));
-    matrix.SetMatY(column(1));
-    matrix.SetMatZ(column(2));
-    matrix.SetMatT(column(3));
-
-    Quaternion4D quaternion;
-    quaternion.SetMatrix(matrix);
-    EulerAngles angles;
-    quaternion.GetEuler(angles.first, angles.second, angles.third);
-    return angles;
 }

@@ -16,7 +16,7 @@ class ORVELMATH_EXPORT prxMatrix4x4C : public prxVariantUserTypeBaseC<matrixC4x4
 public:
     /// The zero matrix.
     prxMatrix4x4C();
-    explicit prxMatrix4x4C(matrixC4x4<double> const &value);
+    prxMatrix4x4C(matrixC4x4<double> const &value);
     ~prxMatrix4x4C() override;
 
     /// A new matrix: this times other.
@@ -66,21 +66,12 @@ public:
     static void *_castTo(proxyObjectC const *object);
 
 private:
-    struct EulerAngles
-    {
-        double first;
-        double second;
-        double third;
-    };
-
-    vectorC3d<double> getX();
-    vectorC3d<double> getY();
-    vectorC3d<double> getZ();
-    vectorC3d<double> getT();
-    void setX(vectorC3d<double> const &axis);
-    void setY(vectorC3d<double> const &axis);
-    void setZ(vectorC3d<double> const &axis);
-    void setT(vectorC3d<double> const &translation);
-    double element(int cell);
-    EulerAngles eulerAngles();
+    Q_DECL_HIDDEN vectorC3d<double> getX();
+    Q_DECL_HIDDEN vectorC3d<double> getY();
+    Q_DECL_HIDDEN vectorC3d<double> getZ();
+    Q_DECL_HIDDEN vectorC3d<double> getT();
+    Q_DECL_HIDDEN void setX(vectorC3d<double> const &axis);
+    Q_DECL_HIDDEN void setY(vectorC3d<double> const &axis);
+    Q_DECL_HIDDEN void setZ(vectorC3d<double> const &axis);
+    Q_DECL_HIDDEN void setT(vectorC3d<double> const &translation);
 };

@@ -71,7 +71,7 @@ protected:
         const T zero{};
         setComVariant(mzComVariantC::fromUserData(proxyValueTypeId<T>(), &zero));
     }
-    explicit prxVariantUserTypeBaseC(const T &value)
+    prxVariantUserTypeBaseC(const T &value)
         : prxQVariantBaseC(mzComVariantC::fromUserData(proxyValueTypeId<T>(), &value))
     {
     }

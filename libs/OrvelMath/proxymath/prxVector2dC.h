@@ -10,7 +10,7 @@ class ORVELMATH_EXPORT prxVector2dC : public prxVectorBaseC<vectorC2d<double>, p
 public:
     /// The zero vector.
     prxVector2dC();
-    explicit prxVector2dC(vectorC2d<double> const &value);
+    prxVector2dC(vectorC2d<double> const &value);
     ~prxVector2dC() override;
 
     /// A component. Reading goes through the editing handle and writes the value back.

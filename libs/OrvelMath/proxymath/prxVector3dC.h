@@ -10,7 +10,7 @@ class ORVELMATH_EXPORT prxVector3dC : public prxVectorBaseC<vectorC3d<double>, p
 public:
     /// The zero vector.
     prxVector3dC();
-    explicit prxVector3dC(vectorC3d<double> value);
+    prxVector3dC(vectorC3d<double> value);
     ~prxVector3dC() override;
 
     /// A new vector: this × other, right-handed.
