@@ -6,17 +6,74 @@
 #include <OrvelCore/runtime/PValOrderedVector.h>
 #include <OrvelCore/runtime/ProcessServices.h>
 
+#include <QtCore/qglobal.h>
+
+#include "support/AllocationCount.h"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <thread>
 #include <type_traits>
 #include <vector>
 
+// This program's qMalloc and qFree take the place of Qt's, so that a test can see what an arena
+// takes and gives back.
 namespace {
+
+struct Block
+{
+    unsigned char *start;
+    std::size_t size;
+};
+std::vector<Block> takenBlocks;
+
+} // namespace
+
+Q_DECL_EXPORT void *qMalloc(std::size_t size)
+{
+    void *const memory = std::malloc(size);
+    if (memory != nullptr) {
+        takenBlocks.push_back({static_cast<unsigned char *>(memory), size});
+    }
+    return memory;
+}
+
+Q_DECL_EXPORT void qFree(void *memory)
+{
+    auto const isThis = [memory](Block const &block) { return block.start == memory; };
+    auto const taken = std::find_if(takenBlocks.begin(), takenBlocks.end(), isThis);
+    EXPECT_TRUE(memory == nullptr || taken != takenBlocks.end());
+    if (taken != takenBlocks.end()) {
+        takenBlocks.erase(taken);
+    }
+    std::free(memory);
+}
+
+namespace {
+
+/// Where a block of an arena lies: in one of the chunks that it took, as a whole.
+bool liesInAChunk(void const *block, std::size_t size)
+{
+    auto const *const start = static_cast<unsigned char const *>(block);
+    return std::any_of(takenBlocks.begin(), takenBlocks.end(), [&](Block const &chunk) {
+        return start >= chunk.start && start + size <= chunk.start + chunk.size;
+    });
+}
+
+std::size_t bytesTaken()
+{
+    std::size_t sum = 0;
+    for (Block const &chunk : takenBlocks) {
+        sum += chunk.size;
+    }
+    return sum;
+}
 
 struct Counted : PRefObject
 {
@@ -153,6 +210,106 @@ TEST(Arena, BlocksAreAlignedAndDoNotOverlap)
     EXPECT_GE(arena.bytesReserved(), 50u * 2000000u);
 }
 
+TEST(Arena, BlocksLieInTheChunksThatItTook)
+{
+    ASSERT_EQ(0u, takenBlocks.size());
+    PArena arena;
+    EXPECT_EQ(0u, arena.bytesReserved());
+    // Each size to the end of a chunk and beyond, and blocks larger than a chunk.
+    std::size_t const sizes[] = {8, 4088, 4096, 4097, 16, 100000, 1, 3000, 3000, 3000000, 8, 0};
+    for (int round = 0; round < 40; ++round) {
+        for (std::size_t const size : sizes) {
+            void *const block = arena.allocateAligned(size);
+            EXPECT_TRUE(liesInAChunk(block, size)) << size;
+            EXPECT_EQ(bytesTaken(), arena.bytesReserved());
+        }
+    }
+}
+
+TEST(Arena, SmallBlocksShareAChunkToItsLastByte)
+{
+    ASSERT_EQ(0u, takenBlocks.size());
+    PArena arena;
+    arena.allocateAligned(1);
+    ASSERT_EQ(1u, takenBlocks.size());
+    EXPECT_EQ(4096u + 8u, takenBlocks[0].size); // the content and the link to the former chunk
+    for (int i = 1; i < 4096 / 8; ++i) {
+        arena.allocateAligned(8);
+    }
+    EXPECT_EQ(1u, takenBlocks.size());
+    arena.allocateAligned(8);
+    EXPECT_EQ(2u, takenBlocks.size());
+}
+
+TEST(Arena, ChunksGrowToAMegabyteWithWhatWasTaken)
+{
+    PArena arena;
+    std::size_t largest = 0;
+    while (arena.bytesReserved() < 8000000u) {
+        std::size_t const before = arena.bytesReserved();
+        arena.allocateAligned(8);
+        std::size_t const taken = arena.bytesReserved() - before;
+        if (taken != 0) {
+            EXPECT_EQ(std::clamp<std::size_t>(before, 4096, 1 << 20) + 8, taken);
+            largest = taken;
+        }
+    }
+    EXPECT_EQ((1u << 20) + 8, largest);
+}
+
+TEST(Arena, ALargeBlockLeavesTheRestOfTheChunkInUse)
+{
+    PArena arena;
+    auto *const first = static_cast<unsigned char *>(arena.allocateAligned(8));
+    arena.allocateAligned(100000);
+    EXPECT_EQ(first + 8, arena.allocateAligned(8));
+}
+
+TEST(Arena, GivesEveryChunkBack)
+{
+    {
+        PArena arena;
+        for (std::size_t size = 1; size < 5000000; size *= 3) {
+            arena.allocateAligned(size);
+        }
+        EXPECT_LT(3u, takenBlocks.size());
+    }
+    EXPECT_EQ(0u, takenBlocks.size());
+}
+
+using ArenaMemory = support::AllocationCounting;
+
+TEST_F(ArenaMemory, AFailedRequestLeavesTheArenaAsItWas)
+{
+    takenBlocks.reserve(1000);
+    long const failures = support::failEachAllocation([] {
+        static int destroyed;
+        destroyed = 0;
+        int registered = 0;
+        {
+            PArena arena;
+            auto const leavesItAsItWas = [&arena](auto const &step) {
+                std::size_t const before = arena.bytesReserved();
+                try {
+                    step();
+                } catch (std::bad_alloc const &) {
+                    EXPECT_EQ(before, arena.bytesReserved());
+                }
+            };
+            for (int i = 0; i < 5; ++i) {
+                leavesItAsItWas([&] {
+                    arena.addDestructor(&destroyed, [](void *n) { ++*static_cast<int *>(n); });
+                    ++registered;
+                });
+                leavesItAsItWas([&] { arena.allocateAligned(20000); });
+            }
+        }
+        EXPECT_EQ(registered, destroyed);
+        EXPECT_EQ(0u, takenBlocks.size());
+    });
+    EXPECT_GE(failures, 3);
+}
+
 TEST(Arena, DestructorsRunLastFirst)
 {
     static std::vector<int> order;
@@ -212,6 +369,24 @@ TEST(OrderedVectors, KeepOrderAndShareUntilWritten)
     EXPECT_EQ(2, pointers.size());
     EXPECT_EQ(&b, pointers[0]);
     EXPECT_EQ(&a, pointers[1]);
+}
+
+TEST(OrderedVectors, AreEmptyAfterAMove)
+{
+    PValOrderedVector<double> values{1.5, 2.5};
+    PValOrderedVector<double> movedValues(std::move(values));
+    EXPECT_TRUE(values.isEmpty());
+    values = std::move(movedValues);
+    EXPECT_TRUE(movedValues.isEmpty());
+    EXPECT_EQ(2, values.size());
+
+    int a = 1;
+    PPtrOrderedVector<int> pointers{&a};
+    PPtrOrderedVector<int> movedPointers(std::move(pointers));
+    EXPECT_TRUE(pointers.isEmpty());
+    pointers = std::move(movedPointers);
+    EXPECT_TRUE(movedPointers.isEmpty());
+    EXPECT_EQ(&a, pointers[0]);
 }
 
 TEST(ExchangeInt, WritesOnlyWhenTheExpectedValueStands)
