@@ -1,6 +1,6 @@
 #pragma once
 
-#include <OrvelCore/runtime/qtAllocation.h>
+#include <OrvelCore/runtime/QtAllocation.h>
 
 #include <cstddef>
 #include <limits>

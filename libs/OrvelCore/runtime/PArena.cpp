@@ -1,6 +1,6 @@
 #include <OrvelCore/runtime/PArena.h>
 
-#include <OrvelCore/runtime/qtAllocation.h>
+#include <OrvelCore/runtime/QtAllocation.h>
 
 #include <algorithm>
 #include <new>

@@ -1,6 +1,6 @@
 #include <OrvelCore/script/proxyObjectC.h>
 
-#include <OrvelCore/runtime/qtAllocation.h>
+#include <OrvelCore/runtime/QtAllocation.h>
 #include <OrvelCore/script/proxyDispatch_p.h>
 
 #include <QtCore/QThread>
@@ -52,7 +52,7 @@ void proxyObjectC::operator delete(void *memory) noexcept
 
 mzIIDS const &proxyObjectC::IID()
 {
-    static const mzIIDS identifier("proxyObjectC");
+    static mzIIDS const identifier("proxyObjectC");
     return identifier;
 }
 
@@ -91,7 +91,7 @@ quintptr proxyObjectC::getStickyThreadId(bool claim)
     }
     quintptr owner = m_thread.load(std::memory_order_relaxed);
     if (owner == 0 && claim) {
-        const quintptr caller = currentThread();
+        quintptr const caller = currentThread();
         if (m_thread.compare_exchange_strong(owner, caller, std::memory_order_relaxed)) {
             owner = caller;
         }

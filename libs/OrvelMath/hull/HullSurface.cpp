@@ -1,6 +1,6 @@
 #include <OrvelMath/hull/HullSurface_p.h>
 
-#include <OrvelCore/runtime/qtAllocation.h>
+#include <OrvelCore/runtime/QtAllocation.h>
 
 #include <memory>
 #include <new>

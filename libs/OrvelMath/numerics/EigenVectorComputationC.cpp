@@ -1,4 +1,4 @@
-#include <OrvelCore/runtime/qtAllocation.h>
+#include <OrvelCore/runtime/QtAllocation.h>
 #include <OrvelMath/engine/LinearSystemT_p.h>
 #include <OrvelMath/engine/sortComponents_p.h>
 #include <OrvelMath/numerics/EigenVectorAlgorithms_p.h>

@@ -1,7 +1,7 @@
 // qMalloc and qFree are declared only where nothing deprecated is left out.
 #define QT_DISABLE_DEPRECATED_BEFORE 0
 
-#include <OrvelCore/runtime/qtAllocation.h>
+#include <OrvelCore/runtime/QtAllocation.h>
 
 #include <QtCore/qglobal.h>
 
