@@ -2,8 +2,8 @@
 
 #include <OrvelMath/proxymath/proxyMember_p.h>
 
-// The member tables of the script classes and what goes with them. The order of the entries decides
-// which of several members with one name serves a call.
+// What the script classes say of themselves: the table of the members, the name and the base of
+// each. The order of the rows decides which of several members with one name serves a call.
 
 using proxyMember::end;
 using proxyMember::method;
@@ -12,16 +12,73 @@ using proxyMember::write;
 
 namespace {
 
-template <typename X>
-proxyObjectC *makeDefault()
+/// The description of the script class `X` with the base `Base`. Each part is built at the first
+/// question, from any thread, and stays until the library goes.
+template <typename X, typename Base>
+class Description
 {
-    return new X;
-}
+public:
+    static proxyMemberDescListS *list(char const *name, char const *objectIdentifier, int line)
+    {
+        static proxyMemberDescListS list = {name,
+                                            X::_castTo,
+                                            X::getStaticBaseClasses(),
+                                            X::getStaticMemberDescription(),
+                                            objectIdentifier,
+                                            0,
+                                            makeDefault,
+                                            proxyMember::sourceName,
+                                            line};
+        return &list;
+    }
 
-mzIIDS identifierOf(proxyMemberDescListS const &list)
-{
-    return mzIIDS(list.objectIdentifier != nullptr ? list.objectIdentifier : list.name);
-}
+    static proxyMemberDescListS **bases()
+    {
+        static proxyMemberDescListS *bases[] = {Base::getStaticProxyTypeInfo(), nullptr};
+        return bases;
+    }
+
+    static mzIIDS const &identifier()
+    {
+        static mzIIDS const identifier = identifierOf(*X::getStaticProxyTypeInfo());
+        return identifier;
+    }
+
+private:
+    static proxyObjectC *makeDefault() { return new X; }
+
+    static mzIIDS identifierOf(proxyMemberDescListS const &list)
+    {
+        return mzIIDS(list.objectIdentifier != nullptr ? list.objectIdentifier : list.name);
+    }
+};
+
+// The members of `X` that hand out its description; the line of use is the line of the class.
+#define ORVEL_DESCRIBE(X, Base, objectIdentifier)                                                  \
+    proxyMemberDescListS *X::getStaticProxyTypeInfo()                                              \
+    {                                                                                              \
+        return Description<X, Base>::list(#X, objectIdentifier, __LINE__);                         \
+    }                                                                                              \
+    proxyMemberDescListS const *X::getProxyTypeInfo() const                                        \
+    {                                                                                              \
+        return getStaticProxyTypeInfo();                                                           \
+    }                                                                                              \
+    proxyMemberDescListS **X::getStaticBaseClasses()                                               \
+    {                                                                                              \
+        return Description<X, Base>::bases();                                                      \
+    }                                                                                              \
+    mzIIDS const &X::OID()                                                                         \
+    {                                                                                              \
+        return Description<X, Base>::identifier();                                                 \
+    }                                                                                              \
+    mzComStringC X::getObjectName()                                                                \
+    {                                                                                              \
+        return getStaticProxyTypeInfo()->name;                                                     \
+    }                                                                                              \
+    void *X::_castTo(proxyObjectC const *object)                                                   \
+    {                                                                                              \
+        return const_cast<proxyObjectC *>(object);                                                 \
+    }
 
 /// The dot product, which is no member function of the proxies.
 template <typename P>
@@ -29,7 +86,7 @@ void skalarHandler(proxyObjectC *object, proxyAutoParaListC &parameters, proxyAu
                    bool lenient)
 {
     using V = typename P::ValueType;
-    const V other = proxyMember::parameter<V>(parameters[0], lenient);
+    V const other = proxyMember::parameter<V>(parameters[0], lenient);
     result.set<double>(static_cast<P *>(object)->getValue().dot(other));
 }
 
@@ -37,8 +94,8 @@ template <typename P>
 proxySignatureTypeS const *skalarSignature()
 {
     using V = typename P::ValueType;
-    using Function = double (P::*)(const V &) const;
-    static const proxySignatureTypeS types[] = {{&typeid(Function), &typeid(Function), nullptr},
+    using Function = double (P::*)(V const &) const;
+    static proxySignatureTypeS const types[] = {{&typeid(Function), &typeid(Function), nullptr},
                                                 {&typeid(V), &typeid(V), nullptr}};
     return types;
 }
@@ -52,9 +109,13 @@ constexpr proxyMemberDescS skalar(int line)
 
 } // namespace
 
+ORVEL_DESCRIBE(prxVector3dC, prxQVariantBaseC, "linquet.vector3d")
+
 proxyMemberDescS *prxVector3dC::getStaticMemberDescription()
 {
     static proxyMemberDescS table[] = {
+        // "Factory" is here twice: this row serves the calls, the last one is where the other
+        // classes have theirs. Hosts list the rows and note them by their place, so both stay.
         read<&prxVector3dC::getFactory>("Factory", __LINE__),
         skalar<prxVector3dC>(__LINE__),
         method<&prxVector3dC::add>("add", __LINE__),
@@ -80,46 +141,7 @@ proxyMemberDescS *prxVector3dC::getStaticMemberDescription()
     return table;
 }
 
-proxyMemberDescListS *prxVector3dC::getStaticProxyTypeInfo()
-{
-    static proxyMemberDescListS list = {"prxVector3dC",
-                                        _castTo,
-                                        getStaticBaseClasses(),
-                                        getStaticMemberDescription(),
-                                        "linquet.vector3d",
-                                        0,
-                                        makeDefault<prxVector3dC>,
-                                        proxyMember::sourceName,
-                                        __LINE__};
-    return &list;
-}
-
-proxyMemberDescListS const *prxVector3dC::getProxyTypeInfo() const
-{
-    return getStaticProxyTypeInfo();
-}
-
-proxyMemberDescListS **prxVector3dC::getStaticBaseClasses()
-{
-    static proxyMemberDescListS *bases[] = {prxQVariantBaseC::getStaticProxyTypeInfo(), nullptr};
-    return bases;
-}
-
-mzIIDS const &prxVector3dC::OID()
-{
-    static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
-    return identifier;
-}
-
-mzComStringC prxVector3dC::getObjectName()
-{
-    return getStaticProxyTypeInfo()->name;
-}
-
-void *prxVector3dC::_castTo(proxyObjectC const *object)
-{
-    return const_cast<proxyObjectC *>(object);
-}
+ORVEL_DESCRIBE(prxVector2dC, prxQVariantBaseC, "linquet.vector2d")
 
 proxyMemberDescS *prxVector2dC::getStaticMemberDescription()
 {
@@ -145,46 +167,7 @@ proxyMemberDescS *prxVector2dC::getStaticMemberDescription()
     return table;
 }
 
-proxyMemberDescListS *prxVector2dC::getStaticProxyTypeInfo()
-{
-    static proxyMemberDescListS list = {"prxVector2dC",
-                                        _castTo,
-                                        getStaticBaseClasses(),
-                                        getStaticMemberDescription(),
-                                        "linquet.vector2d",
-                                        0,
-                                        makeDefault<prxVector2dC>,
-                                        proxyMember::sourceName,
-                                        __LINE__};
-    return &list;
-}
-
-proxyMemberDescListS const *prxVector2dC::getProxyTypeInfo() const
-{
-    return getStaticProxyTypeInfo();
-}
-
-proxyMemberDescListS **prxVector2dC::getStaticBaseClasses()
-{
-    static proxyMemberDescListS *bases[] = {prxQVariantBaseC::getStaticProxyTypeInfo(), nullptr};
-    return bases;
-}
-
-mzIIDS const &prxVector2dC::OID()
-{
-    static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
-    return identifier;
-}
-
-mzComStringC prxVector2dC::getObjectName()
-{
-    return getStaticProxyTypeInfo()->name;
-}
-
-void *prxVector2dC::_castTo(proxyObjectC const *object)
-{
-    return const_cast<proxyObjectC *>(object);
-}
+ORVEL_DESCRIBE(prxMatrix3x3C, prxQVariantBaseC, "linquet.matrix3x3")
 
 proxyMemberDescS *prxMatrix3x3C::getStaticMemberDescription()
 {
@@ -207,46 +190,7 @@ proxyMemberDescS *prxMatrix3x3C::getStaticMemberDescription()
     return table;
 }
 
-proxyMemberDescListS *prxMatrix3x3C::getStaticProxyTypeInfo()
-{
-    static proxyMemberDescListS list = {"prxMatrix3x3C",
-                                        _castTo,
-                                        getStaticBaseClasses(),
-                                        getStaticMemberDescription(),
-                                        "linquet.matrix3x3",
-                                        0,
-                                        makeDefault<prxMatrix3x3C>,
-                                        proxyMember::sourceName,
-                                        __LINE__};
-    return &list;
-}
-
-proxyMemberDescListS const *prxMatrix3x3C::getProxyTypeInfo() const
-{
-    return getStaticProxyTypeInfo();
-}
-
-proxyMemberDescListS **prxMatrix3x3C::getStaticBaseClasses()
-{
-    static proxyMemberDescListS *bases[] = {prxQVariantBaseC::getStaticProxyTypeInfo(), nullptr};
-    return bases;
-}
-
-mzIIDS const &prxMatrix3x3C::OID()
-{
-    static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
-    return identifier;
-}
-
-mzComStringC prxMatrix3x3C::getObjectName()
-{
-    return getStaticProxyTypeInfo()->name;
-}
-
-void *prxMatrix3x3C::_castTo(proxyObjectC const *object)
-{
-    return const_cast<proxyObjectC *>(object);
-}
+ORVEL_DESCRIBE(prxMatrix4x4C, prxQVariantBaseC, "linquet.matrix4x4")
 
 proxyMemberDescS *prxMatrix4x4C::getStaticMemberDescription()
 {
@@ -276,46 +220,7 @@ proxyMemberDescS *prxMatrix4x4C::getStaticMemberDescription()
     return table;
 }
 
-proxyMemberDescListS *prxMatrix4x4C::getStaticProxyTypeInfo()
-{
-    static proxyMemberDescListS list = {"prxMatrix4x4C",
-                                        _castTo,
-                                        getStaticBaseClasses(),
-                                        getStaticMemberDescription(),
-                                        "linquet.matrix4x4",
-                                        0,
-                                        makeDefault<prxMatrix4x4C>,
-                                        proxyMember::sourceName,
-                                        __LINE__};
-    return &list;
-}
-
-proxyMemberDescListS const *prxMatrix4x4C::getProxyTypeInfo() const
-{
-    return getStaticProxyTypeInfo();
-}
-
-proxyMemberDescListS **prxMatrix4x4C::getStaticBaseClasses()
-{
-    static proxyMemberDescListS *bases[] = {prxQVariantBaseC::getStaticProxyTypeInfo(), nullptr};
-    return bases;
-}
-
-mzIIDS const &prxMatrix4x4C::OID()
-{
-    static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
-    return identifier;
-}
-
-mzComStringC prxMatrix4x4C::getObjectName()
-{
-    return getStaticProxyTypeInfo()->name;
-}
-
-void *prxMatrix4x4C::_castTo(proxyObjectC const *object)
-{
-    return const_cast<proxyObjectC *>(object);
-}
+ORVEL_DESCRIBE(prxMathFactoryC, proxyObjectC, "linquet.mathfactory")
 
 proxyMemberDescS *prxMathFactoryC::getStaticMemberDescription()
 {
@@ -328,45 +233,4 @@ proxyMemberDescS *prxMathFactoryC::getStaticMemberDescription()
         end,
     };
     return table;
-}
-
-proxyMemberDescListS *prxMathFactoryC::getStaticProxyTypeInfo()
-{
-    static proxyMemberDescListS list = {"prxMathFactoryC",
-                                        _castTo,
-                                        getStaticBaseClasses(),
-                                        getStaticMemberDescription(),
-                                        "linquet.mathfactory",
-                                        0,
-                                        makeDefault<prxMathFactoryC>,
-                                        proxyMember::sourceName,
-                                        __LINE__};
-    return &list;
-}
-
-proxyMemberDescListS const *prxMathFactoryC::getProxyTypeInfo() const
-{
-    return getStaticProxyTypeInfo();
-}
-
-proxyMemberDescListS **prxMathFactoryC::getStaticBaseClasses()
-{
-    static proxyMemberDescListS *bases[] = {proxyObjectC::getStaticProxyTypeInfo(), nullptr};
-    return bases;
-}
-
-mzIIDS const &prxMathFactoryC::OID()
-{
-    static const mzIIDS identifier = identifierOf(*getStaticProxyTypeInfo());
-    return identifier;
-}
-
-mzComStringC prxMathFactoryC::getObjectName()
-{
-    return getStaticProxyTypeInfo()->name;
-}
-
-void *prxMathFactoryC::_castTo(proxyObjectC const *object)
-{
-    return const_cast<proxyObjectC *>(object);
 }

@@ -13,16 +13,11 @@ using AxisOfMatrix = prxVariantUserTypeRefC<vectorC3d<double>, prxVector3dC, prx
 
 namespace {
 
-double degrees(double radians)
-{
-    return radians * 180.0 / 3.141592653589793;
-}
-
 /// The right-handed rotation about an axis of length 1 through the origin (Rodrigues).
 RotationColumns rotationAboutVector(vectorC3d<double> const &axis, double angle)
 {
-    double const c = std::cos(scriptRadians(angle));
-    double const s = std::sin(scriptRadians(angle));
+    double const c = std::cos(engine::degreesTimesPiBy180(angle));
+    double const s = std::sin(engine::degreesTimesPiBy180(angle));
     double const x = axis.x();
     double const y = axis.y();
     double const z = axis.z();
@@ -183,17 +178,17 @@ prxMatrix4x4C *prxMatrix4x4C::setTVec(vectorC3d<double> const &translation)
 
 double prxMatrix4x4C::getRoll()
 {
-    return degrees(eulerAnglesOf(*this).first);
+    return engine::radiansTimes180ByPi(eulerAnglesOf(*this).first);
 }
 
 double prxMatrix4x4C::getPitch()
 {
-    return degrees(eulerAnglesOf(*this).second);
+    return engine::radiansTimes180ByPi(eulerAnglesOf(*this).second);
 }
 
 double prxMatrix4x4C::getYaw()
 {
-    return degrees(eulerAnglesOf(*this).third);
+    return engine::radiansTimes180ByPi(eulerAnglesOf(*this).third);
 }
 
 prxMathFactoryC *prxMatrix4x4C::getFactory() const
