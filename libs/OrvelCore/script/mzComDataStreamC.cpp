@@ -18,7 +18,7 @@ mzComDataStreamC &mzComDataStreamC::operator>>(double &value)
 {
     m_ok = m_ok && m_data.size() - m_position >= int(sizeof value);
     if (m_ok) {
-        const quint64 bits = qFromLittleEndian<quint64>(m_data.constData() + m_position);
+        quint64 const bits = qFromLittleEndian<quint64>(m_data.constData() + m_position);
         std::memcpy(&value, &bits, sizeof value);
         m_position += int(sizeof value);
     }

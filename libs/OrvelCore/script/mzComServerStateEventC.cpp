@@ -1,17 +1,19 @@
 #include <OrvelCore/script/mzComServerStateEventC.h>
 
-#include <OrvelCore/script/classRegistry_p.h>
-#include <OrvelCore/script/serverEvents_p.h>
+#include <OrvelCore/script/registrationOwner_p.h>
 #include <OrvelCore/script/valueTypeRegistry_p.h>
 
+#include <algorithm>
+#include <iterator>
 #include <mutex>
+#include <vector>
 
 namespace {
 
 struct Server
 {
     std::mutex mutex;
-    QVector<mzComServerStateEventC *> waiting;
+    std::vector<mzComServerStateEventC *> waiting;
     bool isRunning = false;
 };
 
@@ -26,14 +28,19 @@ thread_local mzComServerStateEventC const *notifiedEvent = nullptr;
 
 void tellStart(mzComServerStateEventC *event)
 {
+    // A start may load a library, whose objects are then told in between, and it may throw.
+    struct Restore
+    {
+        mzComServerStateEventC const *former = notifiedEvent;
+        ~Restore() { notifiedEvent = former; }
+    } const restore;
     notifiedEvent = event;
     event->serverStarted();
-    notifiedEvent = nullptr;
 }
 
 } // namespace
 
-void const *serverEvents::notified()
+void const *serverEvents::notified() noexcept
 {
     return notifiedEvent;
 }
@@ -46,8 +53,9 @@ mzComServerStateEventC::mzComServerStateEventC(int events)
 mzComServerStateEventC::~mzComServerStateEventC()
 {
     {
-        const std::lock_guard<std::mutex> lock(server().mutex);
-        server().waiting.removeOne(this);
+        std::lock_guard<std::mutex> const lock(server().mutex);
+        auto &waiting = server().waiting; // taking out asks for no memory
+        waiting.erase(std::remove(waiting.begin(), waiting.end(), this), waiting.end());
     }
     classRegistry::removeOwner(this);
     valueTypeRegistry::removeOwner(this);
@@ -57,8 +65,8 @@ void mzComServerStateEventC::init()
 {
     bool isRunning = false;
     {
-        const std::lock_guard<std::mutex> lock(server().mutex);
-        server().waiting.append(this);
+        std::lock_guard<std::mutex> const lock(server().mutex);
+        server().waiting.push_back(this);
         isRunning = server().isRunning;
     }
     if (isRunning && wants(mzServerStarted)) {
@@ -78,32 +86,38 @@ int mzComServerStateEventC::serverDone()
 
 void mzComServerStateEventC::startServer()
 {
-    QVector<mzComServerStateEventC *> told;
+    std::vector<mzComServerStateEventC *> told;
     {
-        const std::lock_guard<std::mutex> lock(server().mutex);
+        std::lock_guard<std::mutex> const lock(server().mutex);
         if (server().isRunning) {
             return;
         }
-        server().isRunning = true;
         told = server().waiting;
+        server().isRunning = true;
     }
-    for (mzComServerStateEventC *event : told) {
-        if (event->wants(mzServerStarted)) {
-            tellStart(event);
+    try {
+        for (mzComServerStateEventC *event : told) {
+            if (event->wants(mzServerStarted)) {
+                tellStart(event);
+            }
         }
+    } catch (...) {
+        std::lock_guard<std::mutex> const lock(server().mutex);
+        server().isRunning = false;
+        throw;
     }
 }
 
 void mzComServerStateEventC::stopServer()
 {
-    QVector<mzComServerStateEventC *> told;
+    std::vector<mzComServerStateEventC *> told;
     {
-        const std::lock_guard<std::mutex> lock(server().mutex);
+        std::lock_guard<std::mutex> const lock(server().mutex);
         if (!server().isRunning) {
             return;
         }
-        server().isRunning = false;
         told = server().waiting;
+        server().isRunning = false;
     }
     for (auto event = told.crbegin(); event != told.crend(); ++event) {
         if ((*event)->wants(mzServerDone)) {
@@ -114,6 +128,9 @@ void mzComServerStateEventC::stopServer()
 
 QVector<mzComServerStateEventC *> mzComServerStateEventC::waiting()
 {
-    const std::lock_guard<std::mutex> lock(server().mutex);
-    return server().waiting;
+    std::lock_guard<std::mutex> const lock(server().mutex);
+    QVector<mzComServerStateEventC *> events;
+    events.reserve(int(server().waiting.size()));
+    std::copy(server().waiting.begin(), server().waiting.end(), std::back_inserter(events));
+    return events;
 }

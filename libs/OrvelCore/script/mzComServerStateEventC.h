@@ -25,7 +25,8 @@ public:
     virtual int serverDone();
 
     /// Tells all objects that the server starts, in the order of their `init`. Later starts,
-    /// without a stop in between, do nothing.
+    /// without a stop in between, do nothing. What an object throws comes through; the rest are
+    /// then not told, and the server counts as stopped, so that the start can be tried again.
     static void startServer();
     /// Tells all objects that the server is done, the last one first.
     static void stopServer();

@@ -2,7 +2,7 @@
 
 #include <OrvelCore/script/proxyFactoryC.h>
 #include <OrvelCore/script/prxQVariantBaseC.h>
-#include <OrvelCore/script/serverEvents_p.h>
+#include <OrvelCore/script/registrationOwner_p.h>
 #include <OrvelCore/script/valueTypeRegistry_p.h>
 
 #include <cxxabi.h>
@@ -18,7 +18,7 @@ mzComStringC mzComReadableTypeName(mzComStringC const &name)
 {
     int status = 0;
     char *readable = abi::__cxa_demangle(name.utf8(), nullptr, nullptr, &status);
-    const mzComStringC result = status == 0 ? mzComStringC(readable) : name;
+    mzComStringC const result = status == 0 ? mzComStringC(readable) : name;
     std::free(readable);
     return result;
 }
@@ -121,7 +121,7 @@ bool mzComVariantC::readUserData(int id, mzComDataStreamC &stream)
     if (record == nullptr) {
         return false;
     }
-    const std::unique_ptr<void, void (*)(void *)> value(record->create(nullptr), record->destroy);
+    std::unique_ptr<void, void (*)(void *)> const value(record->create(nullptr), record->destroy);
     if (!record->read(value.get(), stream)) {
         return false;
     }

@@ -2,12 +2,12 @@
 
 mzIIDS const &mzIUnknown::IID()
 {
-    static const mzIIDS identifier("mzIUnknown");
+    static mzIIDS const identifier("mzIUnknown");
     return identifier;
 }
 
 mzIIDS const &mzIException::IID()
 {
-    static const mzIIDS identifier("mzIException");
+    static mzIIDS const identifier("mzIException");
     return identifier;
 }

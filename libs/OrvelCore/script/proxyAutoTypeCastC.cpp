@@ -12,7 +12,7 @@ namespace {
 
 std::optional<double> toNumber(mzComVariantC const &variant, bool lenient)
 {
-    const mzComVariantC value = variant.toSkalarValue();
+    mzComVariantC const value = variant.toSkalarValue();
     if (value.isDouble()) {
         return value.toDouble();
     }
@@ -28,7 +28,7 @@ std::optional<double> toNumber(mzComVariantC const &variant, bool lenient)
 
 std::optional<mzComStringC> toText(mzComVariantC const &variant, bool lenient)
 {
-    const mzComVariantC value = variant.toSkalarValue();
+    mzComVariantC const value = variant.toSkalarValue();
     if (value.isString()) {
         return value.toString();
     }
@@ -54,7 +54,7 @@ double proxyAutoTypeCastC::get<double>(bool lenient) const
     if (m_variant->isDouble()) {
         return m_variant->toDouble();
     }
-    const std::optional<double> number = toNumber(*m_variant, lenient);
+    std::optional<double> const number = toNumber(*m_variant, lenient);
     if (!number) {
         proxyObjectC::throwAutoTypeCastException();
     }
@@ -64,7 +64,7 @@ double proxyAutoTypeCastC::get<double>(bool lenient) const
 template <>
 mzComStringC proxyAutoTypeCastC::get<mzComStringC>(bool lenient) const
 {
-    const std::optional<mzComStringC> text = toText(*m_variant, lenient);
+    std::optional<mzComStringC> const text = toText(*m_variant, lenient);
     if (!text) {
         proxyObjectC::throwAutoTypeCastException();
     }
@@ -92,7 +92,7 @@ bool proxyAutoTypeCastC::isConvertibleTo(std::type_info const &type, bool lenien
 
 proxyAutoTypeCastC proxyAutoParaListC::operator[](int index) const
 {
-    static const mzComVariantC absent;
+    static mzComVariantC const absent;
     bool const isThere = index >= 0 && index < m_arguments.size();
     return proxyAutoTypeCastC(isThere ? m_arguments.at(index) : absent);
 }

@@ -44,7 +44,7 @@ public:
     /// Sets the result: double, mzComStringC, mzComPtrT<mzIUnknown> or mzComVariantC. A parameter
     /// stays as it is.
     template <class T>
-    void set(const T &value)
+    void set(T const &value)
     {
         if (m_result != nullptr) {
             *m_result = mzComVariantC(value);

@@ -97,7 +97,7 @@ bool takesArguments(proxyMemberDescS const &member, Call const &call)
     bool const lenient = (call.flags & proxyInvokeLenient) != 0;
     proxySignatureTypeS const *parameterTypes = member.signature() + 1;
     for (int i = 0; i < call.arguments.size(); ++i) {
-        const proxyAutoTypeCastC argument(call.arguments.at(i));
+        proxyAutoTypeCastC const argument(call.arguments.at(i));
         if (!argument.isConvertibleTo(*parameterTypes[i].type, lenient)) {
             return false;
         }
@@ -129,7 +129,7 @@ proxyMemberDescS const *findMember(proxyMemberDescListS const &list, Call const 
 /// Whether the calling thread may use the object, which becomes its own if it was free.
 bool mayCall(proxyObjectC &object)
 {
-    const quintptr owner = object.getStickyThreadId(true);
+    quintptr const owner = object.getStickyThreadId(true);
     return owner == 0 || owner == reinterpret_cast<quintptr>(QThread::currentThreadId());
 }
 

@@ -1,7 +1,6 @@
 #include <OrvelCore/script/proxyFactoryC.h>
 
-#include <OrvelCore/script/classRegistry_p.h>
-#include <OrvelCore/script/serverEvents_p.h>
+#include <OrvelCore/script/registrationOwner_p.h>
 
 #include <algorithm>
 #include <cstring>
@@ -51,8 +50,8 @@ proxyFactoryC &proxyFactoryC::instance()
 void proxyFactoryC::registerClass(proxyMemberDescListS const *list)
 {
     Registry &known = registry();
-    const Class added = {list, serverEvents::notified()};
-    const std::lock_guard<std::mutex> lock(known.mutex);
+    Class const added = {list, serverEvents::notified()};
+    std::lock_guard<std::mutex> const lock(known.mutex);
     proxyMemberDescListS const *old =
         list->objectIdentifier != nullptr ? known.find(list->objectIdentifier) : nullptr;
     for (Class &entry : known.classes) {
@@ -76,14 +75,14 @@ mzComPtrT<proxyObjectC> proxyFactoryC::create(mzIIDS const &objectIdentifier) co
 proxyMemberDescListS const *proxyFactoryC::findClass(mzIIDS const &objectIdentifier) const
 {
     Registry &known = registry();
-    const std::lock_guard<std::mutex> lock(known.mutex);
+    std::lock_guard<std::mutex> const lock(known.mutex);
     return known.find(objectIdentifier.name);
 }
 
 QVector<proxyMemberDescListS const *> proxyFactoryC::classes() const
 {
     Registry &known = registry();
-    const std::lock_guard<std::mutex> lock(known.mutex);
+    std::lock_guard<std::mutex> const lock(known.mutex);
     QVector<proxyMemberDescListS const *> lists;
     for (Class const &entry : known.classes) {
         lists.append(entry.list);
@@ -91,10 +90,10 @@ QVector<proxyMemberDescListS const *> proxyFactoryC::classes() const
     return lists;
 }
 
-void classRegistry::removeOwner(void const *owner)
+void classRegistry::removeOwner(void const *owner) noexcept
 {
     Registry &known = registry();
-    const std::lock_guard<std::mutex> lock(known.mutex);
+    std::lock_guard<std::mutex> const lock(known.mutex);
     known.classes.erase(
         std::remove_if(known.classes.begin(), known.classes.end(),
                        [owner](Class const &entry) { return entry.owner == owner; }),

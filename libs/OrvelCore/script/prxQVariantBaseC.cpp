@@ -39,7 +39,7 @@ prxQVariantBaseC::~prxQVariantBaseC() = default;
 
 mzIIDS const &prxQVariantBaseC::IID()
 {
-    static const mzIIDS identifier("prxQVariantBaseC");
+    static mzIIDS const identifier("prxQVariantBaseC");
     return identifier;
 }
 
@@ -86,7 +86,7 @@ bool prxQVariantBaseC::invokeByName(mzComStringC const &name, unsigned int flags
 
 QVariant prxQVariantBaseC::getVariant() const
 {
-    const mzComVariantC value = getComVariant();
+    mzComVariantC const value = getComVariant();
     if (value.isEmpty()) {
         return QVariant();
     }

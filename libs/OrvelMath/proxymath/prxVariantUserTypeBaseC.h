@@ -19,18 +19,18 @@ public:
     public:
         explicit prxValWrapperC(prxVariantUserTypeBaseC *owner)
             : m_owner(owner)
+            , m_value(owner->getValue())
         {
-            m_owner->addRef();
-            m_value = m_owner->getValue();
         }
         prxValWrapperC(prxValWrapperC const &) = delete;
         prxValWrapperC &operator=(prxValWrapperC const &) = delete;
-        ~prxValWrapperC()
+        /// Throws std::bad_alloc when there is no memory for the new value; the proxy then keeps
+        /// the old one.
+        ~prxValWrapperC() noexcept(false)
         {
             if (m_dirty) {
                 m_owner->setValue(m_value);
             }
-            m_owner->release();
         }
 
         T *operator->()
@@ -40,7 +40,7 @@ public:
         }
 
     private:
-        prxVariantUserTypeBaseC *m_owner;
+        mzComPtrT<prxVariantUserTypeBaseC> m_owner; // before the value: counted before it is read
         T m_value;
         bool m_dirty = false;
     };
@@ -54,7 +54,7 @@ public:
         getComVariant().toSkalarValue().getUserData(proxyValueTypeId<T>(), &value);
         return value;
     }
-    virtual void setValue(const T &value)
+    virtual void setValue(T const &value)
     {
         setComVariant(mzComVariantC::fromUserData(proxyValueTypeId<T>(), &value));
     }
@@ -68,10 +68,10 @@ protected:
     /// The zero value.
     prxVariantUserTypeBaseC()
     {
-        const T zero{};
+        T const zero{};
         setComVariant(mzComVariantC::fromUserData(proxyValueTypeId<T>(), &zero));
     }
-    prxVariantUserTypeBaseC(const T &value)
+    prxVariantUserTypeBaseC(T const &value)
         : prxQVariantBaseC(mzComVariantC::fromUserData(proxyValueTypeId<T>(), &value))
     {
     }

@@ -1,8 +1,0 @@
-#pragma once
-
-/// What the factory forgets when a library goes.
-namespace classRegistry {
-
-void removeOwner(void const *owner);
-
-} // namespace classRegistry
