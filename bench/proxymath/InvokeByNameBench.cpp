@@ -13,8 +13,8 @@ using Vector3 = vectorC3d<double>;
 void getX(benchmark::State &state)
 {
     mzComPtrT<prxVector3dC> const vector(new prxVector3dC(Vector3(1, 2, 3)));
-    const mzComStringC name("x");
-    const mzComVariantArrayC arguments;
+    mzComStringC const name("x");
+    mzComVariantArrayC const arguments;
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
     for (auto _ : state) {
@@ -54,8 +54,8 @@ void cross(benchmark::State &state)
 {
     mzComPtrT<prxVector3dC> const vector(new prxVector3dC(Vector3(1, 2, 3)));
     mzComPtrT<mzIUnknown> const other(new prxVector3dC(Vector3(4, 5, 6)));
-    const mzComStringC name("cross");
-    const mzComVariantArrayC arguments = {mzComVariantC(other)};
+    mzComStringC const name("cross");
+    mzComVariantArrayC const arguments = {mzComVariantC(other)};
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
     for (auto _ : state) {
@@ -99,7 +99,7 @@ void qtCrossValue(benchmark::State &state)
 {
     qRegisterMetaType<Vector3>("vectorC3d<double>");
     QtVector vector(Vector3(1, 2, 3));
-    const Vector3 other(4, 5, 6);
+    Vector3 const other(4, 5, 6);
     Vector3 result;
     for (auto _ : state) {
         QMetaObject::invokeMethod(&vector, "crossValue", Qt::DirectConnection,

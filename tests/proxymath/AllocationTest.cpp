@@ -51,22 +51,22 @@ TEST(ProxyAllocation, GoesThroughQMallocAndQFree)
     int const allocated = allocations;
     int const released = releases;
     {
-        const Object vector = vector3(1, 2, 3);
-        EXPECT_EQ(allocations, allocated + 1);
-        EXPECT_EQ(releases, released);
+        Object const vector = vector3(1, 2, 3);
+        EXPECT_EQ(allocated + 1, allocations);
+        EXPECT_EQ(released, releases);
     }
-    EXPECT_EQ(allocations, allocated + 1);
-    EXPECT_EQ(releases, released + 1);
+    EXPECT_EQ(allocated + 1, allocations);
+    EXPECT_EQ(released + 1, releases);
 }
 
 TEST(ProxyAllocation, CreatorsGiveNullWhenMemoryRunsOut)
 {
-    const NoMemory nothing;
-    EXPECT_EQ(prxVector2dC::getStaticProxyTypeInfo()->creator(), nullptr);
-    EXPECT_EQ(prxVector3dC::getStaticProxyTypeInfo()->creator(), nullptr);
-    EXPECT_EQ(prxMatrix3x3C::getStaticProxyTypeInfo()->creator(), nullptr);
-    EXPECT_EQ(prxMatrix4x4C::getStaticProxyTypeInfo()->creator(), nullptr);
-    EXPECT_EQ(prxMathFactoryC::getStaticProxyTypeInfo()->creator(), nullptr);
+    NoMemory const nothing;
+    EXPECT_EQ(nullptr, prxVector2dC::getStaticProxyTypeInfo()->creator());
+    EXPECT_EQ(nullptr, prxVector3dC::getStaticProxyTypeInfo()->creator());
+    EXPECT_EQ(nullptr, prxMatrix3x3C::getStaticProxyTypeInfo()->creator());
+    EXPECT_EQ(nullptr, prxMatrix4x4C::getStaticProxyTypeInfo()->creator());
+    EXPECT_EQ(nullptr, prxMathFactoryC::getStaticProxyTypeInfo()->creator());
     EXPECT_FALSE(proxyFactoryC::instance().create(prxVector3dC::OID()));
 }
 
@@ -77,61 +77,61 @@ TEST(ProxyAllocation, EveryMemberThatMakesAnObjectGivesNull)
     auto const mat3 = held<prxMatrix3x3C>();
     auto const mat4 = held<prxMatrix4x4C>();
     auto const factory = held<prxMathFactoryC>();
-    const NoMemory nothing;
-    EXPECT_EQ(vec2->add(Vector2()), nullptr);
-    EXPECT_EQ(vec2->sub(Vector2()), nullptr);
-    EXPECT_EQ(vec2->mulReal(2), nullptr);
-    EXPECT_EQ(vec2->divReal(2), nullptr);
-    EXPECT_EQ(vec2->norm(2), nullptr);
-    EXPECT_EQ(vec2->perpendicular(), nullptr);
-    EXPECT_EQ(vec2->getFactory(), nullptr);
-    EXPECT_EQ(vec3->add(Vector3()), nullptr);
-    EXPECT_EQ(vec3->sub(Vector3()), nullptr);
-    EXPECT_EQ(vec3->mulReal(2), nullptr);
-    EXPECT_EQ(vec3->divReal(2), nullptr);
-    EXPECT_EQ(vec3->norm(2), nullptr);
-    EXPECT_EQ(vec3->cross(Vector3()), nullptr);
-    EXPECT_EQ(vec3->getFactory(), nullptr);
-    EXPECT_EQ(mat3->mulMat3x3(Matrix3()), nullptr);
-    EXPECT_EQ(mat3->mulVec3x3(Vector3()), nullptr);
-    EXPECT_EQ(mat3->mulVec2x3(Vector2()), nullptr);
-    EXPECT_EQ(mat3->inv3x3(), nullptr);
-    EXPECT_EQ(mat3->getXVec(), nullptr);
-    EXPECT_EQ(mat3->getYVec(), nullptr);
-    EXPECT_EQ(mat3->getZVec(), nullptr);
-    EXPECT_EQ(mat3->getFactory(), nullptr);
-    EXPECT_EQ(mat4->mulMat4x4(Matrix4()), nullptr);
-    EXPECT_EQ(mat4->mulVec3dMat4x4(Vector3()), nullptr);
-    EXPECT_EQ(mat4->mulVec2dMat4x4(Vector2()), nullptr);
-    EXPECT_EQ(mat4->inv4x4(), nullptr);
-    EXPECT_EQ(mat4->conv3x3(), nullptr);
-    EXPECT_EQ(mat4->getXVec(), nullptr);
-    EXPECT_EQ(mat4->getYVec(), nullptr);
-    EXPECT_EQ(mat4->getZVec(), nullptr);
-    EXPECT_EQ(mat4->getTVec(), nullptr);
-    EXPECT_EQ(mat4->getFactory(), nullptr);
-    EXPECT_EQ(factory->createMat4x4(), nullptr);
-    EXPECT_EQ(factory->createMat3x3(), nullptr);
-    EXPECT_EQ(factory->createVec3d(), nullptr);
-    EXPECT_EQ(factory->createVec2d(), nullptr);
-    EXPECT_EQ(factory->create("matrix3x3"), nullptr);
-    EXPECT_EQ(factory->create("matrix4x4"), nullptr);
-    EXPECT_EQ(factory->create("vector3d"), nullptr);
-    EXPECT_EQ(factory->create("vector2d"), nullptr);
+    NoMemory const nothing;
+    EXPECT_EQ(nullptr, vec2->add(Vector2()));
+    EXPECT_EQ(nullptr, vec2->sub(Vector2()));
+    EXPECT_EQ(nullptr, vec2->mulReal(2));
+    EXPECT_EQ(nullptr, vec2->divReal(2));
+    EXPECT_EQ(nullptr, vec2->norm(2));
+    EXPECT_EQ(nullptr, vec2->perpendicular());
+    EXPECT_EQ(nullptr, vec2->getFactory());
+    EXPECT_EQ(nullptr, vec3->add(Vector3()));
+    EXPECT_EQ(nullptr, vec3->sub(Vector3()));
+    EXPECT_EQ(nullptr, vec3->mulReal(2));
+    EXPECT_EQ(nullptr, vec3->divReal(2));
+    EXPECT_EQ(nullptr, vec3->norm(2));
+    EXPECT_EQ(nullptr, vec3->cross(Vector3()));
+    EXPECT_EQ(nullptr, vec3->getFactory());
+    EXPECT_EQ(nullptr, mat3->mulMat3x3(Matrix3()));
+    EXPECT_EQ(nullptr, mat3->mulVec3x3(Vector3()));
+    EXPECT_EQ(nullptr, mat3->mulVec2x3(Vector2()));
+    EXPECT_EQ(nullptr, mat3->inv3x3());
+    EXPECT_EQ(nullptr, mat3->getXVec());
+    EXPECT_EQ(nullptr, mat3->getYVec());
+    EXPECT_EQ(nullptr, mat3->getZVec());
+    EXPECT_EQ(nullptr, mat3->getFactory());
+    EXPECT_EQ(nullptr, mat4->mulMat4x4(Matrix4()));
+    EXPECT_EQ(nullptr, mat4->mulVec3dMat4x4(Vector3()));
+    EXPECT_EQ(nullptr, mat4->mulVec2dMat4x4(Vector2()));
+    EXPECT_EQ(nullptr, mat4->inv4x4());
+    EXPECT_EQ(nullptr, mat4->conv3x3());
+    EXPECT_EQ(nullptr, mat4->getXVec());
+    EXPECT_EQ(nullptr, mat4->getYVec());
+    EXPECT_EQ(nullptr, mat4->getZVec());
+    EXPECT_EQ(nullptr, mat4->getTVec());
+    EXPECT_EQ(nullptr, mat4->getFactory());
+    EXPECT_EQ(nullptr, factory->createMat4x4());
+    EXPECT_EQ(nullptr, factory->createMat3x3());
+    EXPECT_EQ(nullptr, factory->createVec3d());
+    EXPECT_EQ(nullptr, factory->createVec2d());
+    EXPECT_EQ(nullptr, factory->create("matrix3x3"));
+    EXPECT_EQ(nullptr, factory->create("matrix4x4"));
+    EXPECT_EQ(nullptr, factory->create("vector3d"));
+    EXPECT_EQ(nullptr, factory->create("vector2d"));
 }
 
 TEST(ProxyAllocation, ANullObjectReachesTheScriptAsNothing)
 {
-    const Object vector = vector3(1, 2, 3);
-    const NoMemory nothing;
-    const scriptCall::Answer answer = scriptCall::call(vector, "mul", {2.0});
+    Object const vector = vector3(1, 2, 3);
+    NoMemory const nothing;
+    scriptCall::Answer const answer = scriptCall::call(vector, "mul", {2.0});
     EXPECT_TRUE(answer.ok);
     EXPECT_TRUE(answer.value.isEmpty());
 }
 
 TEST(ProxyAllocation, SettersDoWithoutANewObject)
 {
-    const Object vector = vector3(1, 2, 3);
-    const NoMemory nothing;
+    Object const vector = vector3(1, 2, 3);
+    NoMemory const nothing;
     EXPECT_TRUE(scriptCall::call(vector, "x", {5.0}).object() == vector);
 }

@@ -25,7 +25,7 @@ double lengthFromScript()
 
 TEST(Documentation, SnippetOfTheScriptPage)
 {
-    EXPECT_EQ(lengthFromScript(), 7.0);
-    EXPECT_STREQ(prxVector3dC::OID().name, "linquet.vector3d");
+    EXPECT_EQ(7.0, lengthFromScript());
+    EXPECT_STREQ("linquet.vector3d", prxVector3dC::OID().name);
     mzComServerStateEventC::stopServer();
 }

@@ -39,7 +39,7 @@ Object rotation4(double a, double b, double c)
 }
 
 template <typename M>
-void expectNear(const M &actual, const M &expected, double tolerance)
+void expectNear(M const &actual, M const &expected, double tolerance)
 {
     for (int i = 0; i < int(sizeof(M) / sizeof(double)); ++i) {
         EXPECT_NEAR(actual[i], expected[i], tolerance) << "cell " << i;
@@ -50,28 +50,28 @@ void expectNear(const M &actual, const M &expected, double tolerance)
 
 TEST(Matrix3Proxy, MultipliesByTheTypeOfTheArgument)
 {
-    const Object m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 10}));
-    const Matrix3 square = valueOf<Matrix3>(call(m, "mul", {mzComVariantC(m)}));
+    Object const m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 10}));
+    Matrix3 const square = valueOf<Matrix3>(call(m, "mul", {mzComVariantC(m)}));
     EXPECT_TRUE(square == cells<Matrix3>({30, 36, 45, 66, 81, 102, 109, 134, 169}));
     EXPECT_TRUE(valueOf<Vector3>(call(m, "mul", {mzComVariantC(vector3(1, 2, 3))})) ==
                 Vector3(30, 36, 45));
     EXPECT_TRUE(valueOf<Vector2>(call(m, "mul", {mzComVariantC(vector2(1, 2))})) ==
                 Vector2(16, 20));
-    EXPECT_EQ(call(m, "mul", {2.0}).code, mzExceptionTypeCast);
-    EXPECT_EQ(call(m, "mul", {mzComVariantC(identity4())}).code, mzExceptionTypeCast);
+    EXPECT_EQ(mzExceptionTypeCast, call(m, "mul", {2.0}).code);
+    EXPECT_EQ(mzExceptionTypeCast, call(m, "mul", {mzComVariantC(identity4())}).code);
 }
 
 TEST(Matrix3Proxy, InverseIsTheTranspose)
 {
-    const Object m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    Object const m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
     EXPECT_TRUE(valueOf<Matrix3>(call(m, "inv")) == cells<Matrix3>({1, 4, 7, 2, 5, 8, 3, 6, 9}));
-    const Matrix3 scaling = cells<Matrix3>({2, 0, 0, 0, 3, 0, 0, 0, 4});
+    Matrix3 const scaling = cells<Matrix3>({2, 0, 0, 0, 3, 0, 0, 0, 4});
     EXPECT_TRUE(valueOf<Matrix3>(call(make<prxMatrix3x3C>(scaling), "inv")) == scaling);
 }
 
 TEST(Matrix3Proxy, IdentChangesTheReceiver)
 {
-    const Object m(new prxMatrix3x3C);
+    Object const m(new prxMatrix3x3C);
     EXPECT_TRUE(valueOf<Matrix3>(m) == Matrix3());
     EXPECT_TRUE(call(m, "ident").object() == m);
     EXPECT_TRUE(valueOf<Matrix3>(m) == Matrix3::identity());
@@ -80,15 +80,15 @@ TEST(Matrix3Proxy, IdentChangesTheReceiver)
 TEST(Matrix3Proxy, HasNoTranslationAndNoAngles)
 {
     for (char const *name : {"T", "Roll", "Pitch", "Yaw"}) {
-        const Answer answer = read(identity3(), name);
-        EXPECT_EQ(answer.code, mzExceptionNoMember) << name;
+        Answer const answer = read(identity3(), name);
+        EXPECT_EQ(mzExceptionNoMember, answer.code) << name;
     }
-    EXPECT_EQ(write(identity3(), "T", mzComVariantC(vector3(1, 2, 3))).code, mzExceptionNoMember);
+    EXPECT_EQ(mzExceptionNoMember, write(identity3(), "T", mzComVariantC(vector3(1, 2, 3))).code);
 }
 
 TEST(Matrix3Proxy, AxesAreItsColumns)
 {
-    const Object m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    Object const m = make<prxMatrix3x3C>(cells<Matrix3>({1, 2, 3, 4, 5, 6, 7, 8, 9}));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "X")) == Vector3(1, 2, 3));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "Y")) == Vector3(4, 5, 6));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "Z")) == Vector3(7, 8, 9));
@@ -96,13 +96,13 @@ TEST(Matrix3Proxy, AxesAreItsColumns)
     EXPECT_TRUE(write(m, "Y", mzComVariantC(vector3(-4, -5, -6))).object() == m);
     EXPECT_TRUE(write(m, "Z", mzComVariantC(vector3(-7, -8, -9))).object() == m);
     EXPECT_TRUE(valueOf<Matrix3>(m) == cells<Matrix3>({-1, -2, -3, -4, -5, -6, -7, -8, -9}));
-    EXPECT_EQ(write(m, "X", 1.0).code, mzExceptionTypeCast);
-    EXPECT_EQ(call(m, "X", {mzComVariantC(vector3(1, 2, 3))}).code, mzExceptionNoMember);
+    EXPECT_EQ(mzExceptionTypeCast, write(m, "X", 1.0).code);
+    EXPECT_EQ(mzExceptionNoMember, call(m, "X", {mzComVariantC(vector3(1, 2, 3))}).code);
 }
 
 TEST(Matrix4Proxy, MultipliesByTheTypeOfTheArgument)
 {
-    const Object m =
+    Object const m =
         make<prxMatrix4x4C>(cells<Matrix4>({1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 10, 11, 12, 1}));
     EXPECT_TRUE(valueOf<Matrix4>(call(m, "mul", {mzComVariantC(identity4())})) ==
                 valueOf<Matrix4>(m));
@@ -124,37 +124,37 @@ TEST(Matrix4Proxy, DoesNotDivideByTheFourthComponent)
 
 TEST(Matrix4Proxy, InverseOfARigidMotionUndoesIt)
 {
-    const Object m = rotation4(20, -35, 110);
+    Object const m = rotation4(20, -35, 110);
     write(m, "T", mzComVariantC(vector3(5, -6, 7)));
-    const Matrix4 product =
+    Matrix4 const product =
         valueOf<Matrix4>(call(m, "mul", {mzComVariantC(call(m, "inv").object())}));
     expectNear(product, Matrix4::identity(), 1e-14);
 }
 
 TEST(Matrix4Proxy, InverseOfAScalingIsNone)
 {
-    const Matrix4 scaling = cells<Matrix4>({2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, 1, 1, 1, 1});
-    const Matrix4 inverse = valueOf<Matrix4>(call(make<prxMatrix4x4C>(scaling), "inv"));
+    Matrix4 const scaling = cells<Matrix4>({2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, 1, 1, 1, 1});
+    Matrix4 const inverse = valueOf<Matrix4>(call(make<prxMatrix4x4C>(scaling), "inv"));
     EXPECT_TRUE(inverse == cells<Matrix4>({2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, -2, -3, -4, 1}));
 }
 
 TEST(Matrix4Proxy, InverseKeepsTheFourthRow)
 {
-    const Matrix4 matrix = cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 1, 0, 0, 16});
-    const Matrix4 inverse = valueOf<Matrix4>(call(make<prxMatrix4x4C>(matrix), "inv"));
+    Matrix4 const matrix = cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 1, 0, 0, 16});
+    Matrix4 const inverse = valueOf<Matrix4>(call(make<prxMatrix4x4C>(matrix), "inv"));
     EXPECT_TRUE(inverse == cells<Matrix4>({1, 5, 9, 4, 2, 6, 10, 8, 3, 7, 11, 12, -1, -5, -9, 16}));
 }
 
 TEST(Matrix4Proxy, InverseOfTheIdentityHasANegativeZeroTranslation)
 {
-    const Matrix4 inverse = valueOf<Matrix4>(call(identity4(), "inv"));
+    Matrix4 const inverse = valueOf<Matrix4>(call(identity4(), "inv"));
     EXPECT_TRUE(inverse == Matrix4::identity());
     EXPECT_TRUE(std::signbit(inverse[12]));
 }
 
 TEST(Matrix4Proxy, AxesAndTranslationAreItsColumns)
 {
-    const Object m = make<prxMatrix4x4C>(
+    Object const m = make<prxMatrix4x4C>(
         cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "X")) == Vector3(1, 2, 3));
     EXPECT_TRUE(valueOf<Vector3>(read(m, "Y")) == Vector3(5, 6, 7));
@@ -169,7 +169,7 @@ TEST(Matrix4Proxy, AxesAndTranslationAreItsColumns)
 
 TEST(Matrix4Proxy, Conv3x3TakesTheUpperLeftPart)
 {
-    const Object m = make<prxMatrix4x4C>(
+    Object const m = make<prxMatrix4x4C>(
         cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
     EXPECT_TRUE(valueOf<Matrix3>(call(m, "conv3x3")) ==
                 cells<Matrix3>({1, 2, 3, 5, 6, 7, 9, 10, 11}));
@@ -177,11 +177,11 @@ TEST(Matrix4Proxy, Conv3x3TakesTheUpperLeftPart)
 
 TEST(Rotation, AboutTheAxesIsTheProductOfTheThree)
 {
-    const Object x = rotation3(33, 0, 0);
-    const Object y = rotation3(0, -71, 0);
-    const Object z = rotation3(0, 0, 250);
-    const Object xy = call(x, "mul", {mzComVariantC(y)}).object();
-    const Matrix3 product = valueOf<Matrix3>(call(xy, "mul", {mzComVariantC(z)}));
+    Object const x = rotation3(33, 0, 0);
+    Object const y = rotation3(0, -71, 0);
+    Object const z = rotation3(0, 0, 250);
+    Object const xy = call(x, "mul", {mzComVariantC(y)}).object();
+    Matrix3 const product = valueOf<Matrix3>(call(xy, "mul", {mzComVariantC(z)}));
     expectNear(valueOf<Matrix3>(rotation3(33, -71, 250)), product, 1e-15);
 }
 
@@ -199,18 +199,18 @@ TEST(Rotation, AboutEachAxisIsRightHanded)
 
 TEST(Rotation, OfTheSquareMatrixReplacesAllCells)
 {
-    const Object m = make<prxMatrix4x4C>(
+    Object const m = make<prxMatrix4x4C>(
         cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
     EXPECT_TRUE(call(m, "rotAngle", {10.0, 20.0, 30.0}).object() == m);
-    const Matrix4 rotation = valueOf<Matrix4>(m);
+    Matrix4 const rotation = valueOf<Matrix4>(m);
     for (int const zero : {3, 7, 11, 12, 13, 14}) {
-        EXPECT_EQ(rotation[zero], 0.0);
+        EXPECT_EQ(0.0, rotation[zero]);
     }
-    EXPECT_EQ(rotation[15], 1.0);
-    const Matrix3 upper = valueOf<Matrix3>(rotation3(10, 20, 30));
+    EXPECT_EQ(1.0, rotation[15]);
+    Matrix3 const upper = valueOf<Matrix3>(rotation3(10, 20, 30));
     for (int column = 0; column < 3; ++column) {
         for (int row = 0; row < 3; ++row) {
-            EXPECT_EQ(rotation(row, column), upper(row, column));
+            EXPECT_EQ(upper(row, column), rotation(row, column));
         }
     }
 }
@@ -220,13 +220,13 @@ TEST(Rotation, IsNotThatOfTheTransformation)
     Matrix4X4C other;
     other.Rotate(10, 20, 30);
     matrixC4x4<double> const image = other;
-    const Matrix4 rotation = valueOf<Matrix4>(rotation4(10, 20, 30));
+    Matrix4 const rotation = valueOf<Matrix4>(rotation4(10, 20, 30));
     EXPECT_GT(std::fabs(image[1] - rotation[1]), 0.1);
 }
 
 TEST(Rotation, AboutAVectorAgreesWithTheAxes)
 {
-    const Object m(new prxMatrix4x4C);
+    Object const m(new prxMatrix4x4C);
     auto const about = [&m](double x, double y, double z, double angle) {
         EXPECT_TRUE(call(m, "rotVector", {mzComVariantC(vector3(x, y, z)), angle}).object() == m);
         return valueOf<Matrix4>(m);
@@ -239,7 +239,7 @@ TEST(Rotation, AboutAVectorAgreesWithTheAxes)
 
 TEST(Rotation, AboutAVectorIsToTheLastBitTheFormula)
 {
-    const Object m(new prxMatrix4x4C);
+    Object const m(new prxMatrix4x4C);
     call(m, "rotVector", {mzComVariantC(vector3(1, -2, 3)), 25.0});
     double const length = std::sqrt(14.0);
     double const x = 1.0 / length;
@@ -257,7 +257,7 @@ TEST(Rotation, AboutAVectorIsToTheLastBitTheFormula)
 
 TEST(Rotation, AboutAVectorLosesTheTranslation)
 {
-    const Object m = make<prxMatrix4x4C>(
+    Object const m = make<prxMatrix4x4C>(
         cells<Matrix4>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
     call(m, "rotVector", {mzComVariantC(vector3(1, 1, 1)), 120.0});
     // A third of a turn about the diagonal sends x to y, y to z and z to x.
@@ -267,20 +267,20 @@ TEST(Rotation, AboutAVectorLosesTheTranslation)
 
 TEST(Rotation, AboutTheZeroVectorIsNan)
 {
-    const Object m(new prxMatrix4x4C);
+    Object const m(new prxMatrix4x4C);
     call(m, "rotVector", {mzComVariantC(vector3(0, 0, 0)), 10.0});
-    const Matrix4 rotation = valueOf<Matrix4>(m);
+    Matrix4 const rotation = valueOf<Matrix4>(m);
     EXPECT_TRUE(std::isnan(rotation[0]));
     EXPECT_TRUE(std::isnan(rotation[6]));
-    EXPECT_EQ(rotation[3], 0.0);
-    EXPECT_EQ(rotation[15], 1.0);
+    EXPECT_EQ(0.0, rotation[3]);
+    EXPECT_EQ(1.0, rotation[15]);
 }
 
 TEST(EulerAngles, OfTheZeroMatrixAreZero)
 {
-    const Object m = call(Object(new prxMathFactoryC), "createmat4x4").object();
+    Object const m = call(Object(new prxMathFactoryC), "createmat4x4").object();
     for (char const *name : {"Roll", "Pitch", "Yaw"}) {
-        EXPECT_EQ(read(m, name).number(), 0.0) << name;
+        EXPECT_EQ(0.0, read(m, name).number()) << name;
     }
 }
 
@@ -305,33 +305,33 @@ TEST(EulerAngles, DoNotReadTheFourthRow)
 
 TEST(AxisVector, ReadsAndWritesTheMatrix)
 {
-    const Object m(new prxMatrix4x4C);
+    Object const m(new prxMatrix4x4C);
     call(m, "ident");
     EXPECT_TRUE(valueOf<Vector3>(read(m, "X")) == Vector3(1, 0, 0));
-    const Object x = read(m, "X").object();
+    Object const x = read(m, "X").object();
     EXPECT_TRUE(call(x, "x", {3.0}).object() == x);
-    EXPECT_EQ(read(read(m, "X").object(), "x").number(), 3.0);
-    EXPECT_EQ(read(x, "x").number(), 3.0);
-    EXPECT_EQ(valueOf<Matrix4>(m)[0], 3.0);
+    EXPECT_EQ(3.0, read(read(m, "X").object(), "x").number());
+    EXPECT_EQ(3.0, read(x, "x").number());
+    EXPECT_EQ(3.0, valueOf<Matrix4>(m)[0]);
     EXPECT_TRUE(valueOf<Vector3>(call(m, "mul", {mzComVariantC(vector3(1, 0, 0))})) ==
                 Vector3(3, 0, 0));
 }
 
 TEST(AxisVector, SeesTheMatrixAsItIsNow)
 {
-    const Object m = identity3();
-    const Object y = read(m, "Y").object();
+    Object const m = identity3();
+    Object const y = read(m, "Y").object();
     write(m, "Y", mzComVariantC(vector3(7, 8, 9)));
     EXPECT_TRUE(valueOf<Vector3>(y) == Vector3(7, 8, 9));
-    EXPECT_EQ(call(y, "skalar", {mzComVariantC(vector3(1, 1, 1))}).number(), 24.0);
+    EXPECT_EQ(24.0, call(y, "skalar", {mzComVariantC(vector3(1, 1, 1))}).number());
     EXPECT_TRUE(valueOf<Vector3>(call(y, "add", {mzComVariantC(y)})) == Vector3(14, 16, 18));
     EXPECT_TRUE(valueOf<Vector3>(y) == Vector3(7, 8, 9));
 }
 
 TEST(AxisVector, EachWritesItsOwnCells)
 {
-    const Object m3(new prxMatrix3x3C);
-    const Object m4(new prxMatrix4x4C);
+    Object const m3(new prxMatrix3x3C);
+    Object const m4(new prxMatrix4x4C);
     double start = 1.0;
     for (char const *name : {"X", "Y", "Z", "T"}) {
         if (*name != 'T') {
@@ -351,32 +351,32 @@ TEST(AxisVector, KeepsItsMatrixAlive)
     {
         Object x;
         {
-            const Object m = identity4();
+            Object const m = identity4();
             x = read(m, "X").object();
         }
-        EXPECT_EQ(proxyObjectC::liveObjectCount(), before + 2);
-        EXPECT_EQ(read(x, "x").number(), 1.0);
+        EXPECT_EQ(before + 2, proxyObjectC::liveObjectCount());
+        EXPECT_EQ(1.0, read(x, "x").number());
         EXPECT_TRUE(call(x, "y", {4.0}).ok);
         EXPECT_TRUE(valueOf<Vector3>(x) == Vector3(1, 4, 0));
     }
-    EXPECT_EQ(proxyObjectC::liveObjectCount(), before);
+    EXPECT_EQ(before, proxyObjectC::liveObjectCount());
 }
 
 TEST(AxisVector, CountsTheMatrixOncePerReference)
 {
     mzComPtrT<prxMatrix3x3C> const m(new prxMatrix3x3C);
     prxVector3dC *x = m->getXVec();
-    EXPECT_EQ(m->addRef(), 2);
+    EXPECT_EQ(2, m->addRef());
     m->release();
     x->addRef();
     x->addRef();
-    EXPECT_EQ(m->addRef(), 4);
+    EXPECT_EQ(4, m->addRef());
     m->release();
-    EXPECT_EQ(x->release(), 1);
-    EXPECT_EQ(m->addRef(), 3);
+    EXPECT_EQ(1, x->release());
+    EXPECT_EQ(3, m->addRef());
     m->release();
-    EXPECT_EQ(x->release(), 0);
-    EXPECT_EQ(m->addRef(), 2);
+    EXPECT_EQ(0, x->release());
+    EXPECT_EQ(2, m->addRef());
     m->release();
 }
 
@@ -386,11 +386,11 @@ TEST(AxisVector, ReadingThroughTheWrapperReachesTheMatrix)
     m->ident();
     m->writes = 0;
     mzComPtrT<prxVector3dC> const x(m->getXVec());
-    EXPECT_EQ(m->writes, 0);
-    EXPECT_EQ(x->getx(), 1.0);
-    EXPECT_EQ(m->writes, 2); // reading the axis writes once, writing it back once more
-    EXPECT_EQ(x->len(), 1.0);
-    EXPECT_EQ(m->writes, 3);
+    EXPECT_EQ(0, m->writes);
+    EXPECT_EQ(1.0, x->getx());
+    EXPECT_EQ(2, m->writes); // reading the axis writes once, writing it back once more
+    EXPECT_EQ(1.0, x->len());
+    EXPECT_EQ(3, m->writes);
 }
 
 TEST(AxisVector, TakesAndGivesVariants)
@@ -400,7 +400,7 @@ TEST(AxisVector, TakesAndGivesVariants)
     t->setComVariant(mzComVariantC(vector3(1, 2, 3)));
     EXPECT_TRUE(m->getValue().axis(3) == Vector3(1, 2, 3));
     Vector3 value;
-    EXPECT_EQ(t->getComVariant().getUserData(proxyValueTypeId<Vector3>(), &value), mzUserDataOk);
+    EXPECT_EQ(mzUserDataOk, t->getComVariant().getUserData(proxyValueTypeId<Vector3>(), &value));
     EXPECT_TRUE(value == Vector3(1, 2, 3));
     t->setComVariant(mzComVariantC("word"));
     EXPECT_TRUE(m->getValue().axis(3) == Vector3(0, 0, 0));
@@ -413,8 +413,8 @@ TEST(MatrixWrapper, WhichMembersOfTheSquareMatrixUseItAndWriteBack)
         m->handles = 0;
         m->writes = 0;
         action();
-        EXPECT_EQ(m->handles, handles);
-        EXPECT_EQ(m->writes, writes);
+        EXPECT_EQ(handles, m->handles);
+        EXPECT_EQ(writes, m->writes);
     };
     expectCounts(1, 1, [&] { m->ident(); });
     expectCounts(1, 1, [&] { m->setXVec(Vector3(1, 2, 3)); });
@@ -440,8 +440,8 @@ TEST(MatrixWrapper, WhichMembersOfTheSmallMatrixUseItAndWriteBack)
         m->handles = 0;
         m->writes = 0;
         action();
-        EXPECT_EQ(m->handles, uses);
-        EXPECT_EQ(m->writes, uses);
+        EXPECT_EQ(uses, m->handles);
+        EXPECT_EQ(uses, m->writes);
     };
     expectCounts(1, [&] { m->ident(); });
     expectCounts(1, [&] { m->rotAngle(1, 2, 3); });
@@ -457,8 +457,8 @@ TEST(MatrixWrapper, WhichMembersOfTheSmallMatrixUseItAndWriteBack)
 RC_GTEST_PROP(Rotation, IsOrthonormalAndUndoneByItsInverse, ())
 {
     auto const angle = [] { return *rc::gen::inRange(-720000, 720000) / 1000.0; };
-    const Object m = rotation4(angle(), angle(), angle());
-    const Matrix4 product =
+    Object const m = rotation4(angle(), angle(), angle());
+    Matrix4 const product =
         valueOf<Matrix4>(call(m, "mul", {mzComVariantC(call(m, "inv").object())}));
     for (int i = 0; i < 16; ++i) {
         RC_ASSERT(std::fabs(product[i] - Matrix4::identity()[i]) < 1e-14);
@@ -469,12 +469,12 @@ RC_GTEST_PROP(Rotation, AboutAVectorLeavesItAndTurnsByTheAngle, ())
 {
     auto const number = [] { return *rc::gen::inRange(1, 1000) / 100.0; };
     double const angle = *rc::gen::inRange(-180000, 180000) / 1000.0;
-    const Object axis = vector3(number(), -number(), number());
-    const Object m(new prxMatrix4x4C);
+    Object const axis = vector3(number(), -number(), number());
+    Object const m(new prxMatrix4x4C);
     call(m, "rotVector", {mzComVariantC(axis), angle});
-    const Vector3 image = valueOf<Vector3>(call(m, "mul", {mzComVariantC(axis)}));
+    Vector3 const image = valueOf<Vector3>(call(m, "mul", {mzComVariantC(axis)}));
     RC_ASSERT((image - valueOf<Vector3>(axis)).length() < 1e-13);
-    const Matrix4 rotation = valueOf<Matrix4>(m);
+    Matrix4 const rotation = valueOf<Matrix4>(m);
     double const trace = rotation[0] + rotation[5] + rotation[10];
     RC_ASSERT(std::fabs(trace - (1.0 + 2.0 * std::cos(angle * pi / 180.0))) < 1e-14);
 }

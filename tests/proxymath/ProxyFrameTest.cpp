@@ -55,33 +55,33 @@ template <typename X>
 void expectDescription(char const *name, char const *identifier, char const *base)
 {
     proxyMemberDescListS const *list = X::getStaticProxyTypeInfo();
-    EXPECT_STREQ(list->name, name);
-    EXPECT_STREQ(list->objectIdentifier, identifier);
-    EXPECT_EQ(list->flags, 0);
-    EXPECT_STREQ(list->file, "proxymath");
+    EXPECT_STREQ(name, list->name);
+    EXPECT_STREQ(identifier, list->objectIdentifier);
+    EXPECT_EQ(0, list->flags);
+    EXPECT_STREQ("proxymath", list->file);
     EXPECT_GT(list->line, 0);
-    EXPECT_EQ(list->members, X::getStaticMemberDescription());
-    EXPECT_EQ(list->baseClasses, X::getStaticBaseClasses());
-    EXPECT_STREQ(list->baseClasses[0]->name, base);
-    EXPECT_EQ(list->baseClasses[1], nullptr);
+    EXPECT_EQ(X::getStaticMemberDescription(), list->members);
+    EXPECT_EQ(X::getStaticBaseClasses(), list->baseClasses);
+    EXPECT_STREQ(base, list->baseClasses[0]->name);
+    EXPECT_EQ(nullptr, list->baseClasses[1]);
     EXPECT_TRUE(X::OID() == mzIIDS(identifier));
     EXPECT_EQ(&X::OID(), &X::OID());
     EXPECT_TRUE(X::getObjectName() == name);
 
     mzComPtrT<proxyObjectC> const object(list->creator());
     ASSERT_TRUE(object);
-    EXPECT_EQ(object->getProxyTypeInfo(), list);
-    EXPECT_EQ(list->cast(object.get()), object.get());
-    EXPECT_EQ(X::_castTo(object.get()), object.get());
-    EXPECT_EQ(object->proxyCast(name), object.get());
+    EXPECT_EQ(list, object->getProxyTypeInfo());
+    EXPECT_EQ(object.get(), list->cast(object.get()));
+    EXPECT_EQ(object.get(), X::_castTo(object.get()));
+    EXPECT_EQ(object.get(), object->proxyCast(name));
 
     for (proxyMemberDescS const *member = list->members; member->name != nullptr; ++member) {
-        EXPECT_STREQ(member->file, "proxymath");
+        EXPECT_STREQ("proxymath", member->file);
         EXPECT_GT(member->line, 0);
         for (int i = 0; i <= member->parameterCount; ++i) {
             proxySignatureTypeS const &type = member->signature()[i];
             EXPECT_EQ(type.type, type.sameType);
-            EXPECT_EQ(type.null, nullptr);
+            EXPECT_EQ(nullptr, type.null);
         }
     }
 }
@@ -91,7 +91,7 @@ void expectRecord(int size)
 {
     proxyValueTypeId<T>();
     mzComValueMarshalS const *record = proxyValueRecord<T>();
-    EXPECT_EQ(record->size, size);
+    EXPECT_EQ(size, record->size);
     EXPECT_TRUE(record->name() == mzComTypeInfoToName(typeid(T)));
 
     T source;
@@ -109,12 +109,12 @@ void expectRecord(int size)
     mzComDataStreamC stream;
     EXPECT_TRUE(record->write(copy, stream));
     record->destroy(copy);
-    EXPECT_EQ(stream.data().size(), size);
+    EXPECT_EQ(size, stream.data().size());
     mzComDataStreamC asDoubles(stream.data());
     for (int i = 0; i < size / 8; ++i) {
         double value = 0.0;
         asDoubles >> value;
-        EXPECT_EQ(value, i + 0.5);
+        EXPECT_EQ(i + 0.5, value);
     }
     T back;
     EXPECT_TRUE(record->read(&back, stream));
@@ -138,33 +138,33 @@ TEST(ProxyFrame, TablesStandInTheirOrder)
 {
     using Rows = std::vector<std::string>;
     EXPECT_EQ(
-        rowsOf(prxVector3dC::getStaticMemberDescription()),
         (Rows{"Factory 2 0", "skalar 1 1", "add 1 1", "sub 1 1", "len 1 0", "mul 1 1",    "div 1 1",
               "norm 1 1",    "cross 1 1",  "x 2 0",   "x 4 1",   "x 1 1",   "y 2 0",      "y 4 1",
-              "y 1 1",       "z 2 0",      "z 4 1",   "z 1 1",   " 1 3",    "Factory 2 0"}));
-    EXPECT_EQ(rowsOf(prxVector2dC::getStaticMemberDescription()),
-              (Rows{"skalar 1 1", "add 1 1", "sub 1 1", "len 1 0", "mul 1 1", "div 1 1", "norm 1 1",
+              "y 1 1",       "z 2 0",      "z 4 1",   "z 1 1",   " 1 3",    "Factory 2 0"}),
+        rowsOf(prxVector3dC::getStaticMemberDescription()));
+    EXPECT_EQ((Rows{"skalar 1 1", "add 1 1", "sub 1 1", "len 1 0", "mul 1 1", "div 1 1", "norm 1 1",
                     "x 2 0", "x 4 1", "x 1 1", "y 2 0", "y 4 1", "y 1 1", "perpendicular 1 0",
-                    " 1 2", "Factory 2 0"}));
-    EXPECT_EQ(rowsOf(prxMatrix3x3C::getStaticMemberDescription()),
-              (Rows{"mul 1 1", "mul 1 1", "mul 1 1", "inv 1 0", "ident 1 0", "X 2 0", "Y 2 0",
-                    "Z 2 0", "X 4 1", "Y 4 1", "Z 4 1", "rotAngle 1 3", "Factory 2 0"}));
-    EXPECT_EQ(rowsOf(prxMatrix4x4C::getStaticMemberDescription()),
-              (Rows{"mul 1 1",       "mul 1 1",     "mul 1 1",   "inv 1 0", "rotAngle 1 3",
+                    " 1 2", "Factory 2 0"}),
+              rowsOf(prxVector2dC::getStaticMemberDescription()));
+    EXPECT_EQ((Rows{"mul 1 1", "mul 1 1", "mul 1 1", "inv 1 0", "ident 1 0", "X 2 0", "Y 2 0",
+                    "Z 2 0", "X 4 1", "Y 4 1", "Z 4 1", "rotAngle 1 3", "Factory 2 0"}),
+              rowsOf(prxMatrix3x3C::getStaticMemberDescription()));
+    EXPECT_EQ((Rows{"mul 1 1",       "mul 1 1",     "mul 1 1",   "inv 1 0", "rotAngle 1 3",
                     "rotVector 1 2", "conv3x3 1 0", "ident 1 0", "X 2 0",   "Y 2 0",
                     "Z 2 0",         "T 2 0",       "X 4 1",     "Y 4 1",   "Z 4 1",
-                    "T 4 1",         "Roll 2 0",    "Pitch 2 0", "Yaw 2 0", "Factory 2 0"}));
-    EXPECT_EQ(rowsOf(prxMathFactoryC::getStaticMemberDescription()),
-              (Rows{"createmat4x4 1 0", "createmat3x3 1 0", "createvec3d 1 0", "createvec2d 1 0",
-                    "Create 1 1"}));
+                    "T 4 1",         "Roll 2 0",    "Pitch 2 0", "Yaw 2 0", "Factory 2 0"}),
+              rowsOf(prxMatrix4x4C::getStaticMemberDescription()));
+    EXPECT_EQ((Rows{"createmat4x4 1 0", "createmat3x3 1 0", "createvec3d 1 0", "createvec2d 1 0",
+                    "Create 1 1"}),
+              rowsOf(prxMathFactoryC::getStaticMemberDescription()));
 }
 
 TEST(ProxyFrame, APropertySetByACallHasTwoEntriesWithOneHandler)
 {
     proxyMemberDescListS const *vector = prxVector3dC::getStaticProxyTypeInfo();
     for (int const write : {10, 13, 16}) {
-        EXPECT_EQ(entry(vector, write).kind, proxyPropertyWrite);
-        EXPECT_EQ(entry(vector, write + 1).kind, proxyMethod);
+        EXPECT_EQ(proxyPropertyWrite, entry(vector, write).kind);
+        EXPECT_EQ(proxyMethod, entry(vector, write + 1).kind);
         EXPECT_EQ(entry(vector, write).handler, entry(vector, write + 1).handler);
     }
 }
@@ -195,12 +195,12 @@ TEST(ProxyFrame, ASignatureIsAnArrayOfTypeTypeNull)
 {
     auto const *flat = reinterpret_cast<void const *const *>(
         entry(prxVector3dC::getStaticProxyTypeInfo(), 8).signature());
-    EXPECT_EQ(sizeof(proxySignatureTypeS), 3 * sizeof(void *));
+    EXPECT_EQ(3 * sizeof(void *), sizeof(proxySignatureTypeS));
     EXPECT_EQ(flat[0], flat[1]);
-    EXPECT_EQ(flat[2], nullptr);
+    EXPECT_EQ(nullptr, flat[2]);
     EXPECT_EQ(flat[3], flat[4]);
     EXPECT_TRUE(*static_cast<std::type_info const *>(flat[3]) == typeid(Vector3));
-    EXPECT_EQ(flat[5], nullptr);
+    EXPECT_EQ(nullptr, flat[5]);
 }
 
 TEST(ProxyFrame, RecordsCopyAndStreamInMemoryOrder)
@@ -213,14 +213,14 @@ TEST(ProxyFrame, RecordsCopyAndStreamInMemoryOrder)
 
 TEST(ProxyFrame, AVectorKeepsItsOrderThroughAStream)
 {
-    const Vector3 value(1.0, 2.0, 3.0);
+    Vector3 const value(1.0, 2.0, 3.0);
     int const id = proxyValueTypeId<Vector3>();
     mzComDataStreamC stream;
     EXPECT_TRUE(mzComVariantC::fromUserData(id, &value).writeUserData(stream));
     mzComVariantC back;
     EXPECT_TRUE(back.readUserData(id, stream));
     Vector3 read;
-    EXPECT_EQ(back.getUserData(id, &read), mzUserDataOk);
+    EXPECT_EQ(mzUserDataOk, back.getUserData(id, &read));
     EXPECT_TRUE(read == value);
 
     mzComDataStreamC twoDoubles;
@@ -239,9 +239,9 @@ TEST(ProxyFrame, IdsAreDistinctAndStay)
             EXPECT_NE(ids[i], ids[j]);
         }
     }
-    EXPECT_EQ(proxyValueTypeId<Vector3>(), ids[1]);
-    EXPECT_EQ(proxyValueRecord<Vector3>()->id, ids[1]);
-    EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), count);
+    EXPECT_EQ(ids[1], proxyValueTypeId<Vector3>());
+    EXPECT_EQ(ids[1], proxyValueRecord<Vector3>()->id);
+    EXPECT_EQ(count, mzComVariantC::registeredValueTypeCount());
 }
 
 TEST(ProxyFrame, ThreadsThatRaceForAnIdRegisterTheRecordOnce)
@@ -298,92 +298,93 @@ TEST(ProxyFrame, RegistrationObjectsAnswer0)
 TEST(ProxyFrame, FromTheServersStartOnAValueReachesScriptsAsItsClass)
 {
     mzComServerStateEventC::startServer();
-    const Vector3 value(1, 2, 3);
-    const mzComVariantC variant = mzComVariantC::fromUserData(proxyValueTypeId<Vector3>(), &value);
-    const mzComVariantC object = variant.toScriptObject();
-    EXPECT_STREQ(object.typeName().utf8(), "prxVector3dC");
+    Vector3 const value(1, 2, 3);
+    mzComVariantC const variant = mzComVariantC::fromUserData(proxyValueTypeId<Vector3>(), &value);
+    mzComVariantC const object = variant.toScriptObject();
+    EXPECT_STREQ("prxVector3dC", object.typeName().utf8());
     EXPECT_TRUE(valueOf<Vector3>(object.toObject()) == value);
     auto const classOf = [](int id) {
         return mzComVariantC::fromUserData(id, nullptr).toScriptObject().typeName();
     };
-    EXPECT_STREQ(classOf(proxyValueTypeId<Vector2>()).utf8(), "prxVector2dC");
-    EXPECT_STREQ(classOf(proxyValueTypeId<Matrix3>()).utf8(), "prxMatrix3x3C");
-    EXPECT_STREQ(classOf(proxyValueTypeId<Matrix4>()).utf8(), "prxMatrix4x4C");
+    EXPECT_STREQ("prxVector2dC", classOf(proxyValueTypeId<Vector2>()).utf8());
+    EXPECT_STREQ("prxMatrix3x3C", classOf(proxyValueTypeId<Matrix3>()).utf8());
+    EXPECT_STREQ("prxMatrix4x4C", classOf(proxyValueTypeId<Matrix4>()).utf8());
     mzComServerStateEventC::stopServer();
 }
 
 TEST(ProxyFrame, TheDefaultMemberIsFoundForACallOnTheObject)
 {
-    const Object vector = vector3(0, 0, 0);
+    Object const vector = vector3(0, 0, 0);
     EXPECT_TRUE(scriptCall::call(vector, "", {1.0, 2.0, 3.0}).object() == vector);
     EXPECT_TRUE(valueOf<Vector3>(vector) == Vector3(1, 2, 3));
-    EXPECT_EQ(scriptCall::call(vector, "", {1.0, 2.0}).code, mzExceptionNoMember);
+    EXPECT_EQ(mzExceptionNoMember, scriptCall::call(vector, "", {1.0, 2.0}).code);
 }
 
 TEST(ProxyFrame, XIsAPropertyAndAMethod)
 {
-    const Object vector = vector3(4, 0, 0);
-    EXPECT_EQ(scriptCall::read(vector, "x").number(), 4.0);
+    Object const vector = vector3(4, 0, 0);
+    EXPECT_EQ(4.0, scriptCall::read(vector, "x").number());
     EXPECT_TRUE(scriptCall::call(vector, "x", {5.0}).object() == vector);
-    EXPECT_EQ(scriptCall::read(vector, "x").number(), 5.0);
+    EXPECT_EQ(5.0, scriptCall::read(vector, "x").number());
     EXPECT_TRUE(scriptCall::write(vector, "x", 6.0).object() == vector);
-    EXPECT_EQ(scriptCall::read(vector, "x").number(), 6.0);
-    EXPECT_EQ(scriptCall::call(vector, "x").code, mzExceptionNoMember);
+    EXPECT_EQ(6.0, scriptCall::read(vector, "x").number());
+    EXPECT_EQ(mzExceptionNoMember, scriptCall::call(vector, "x").code);
 }
 
 TEST(ProxyFrame, AddingAStringRaisesTheTypeCastException)
 {
-    const scriptCall::Answer answer = scriptCall::call(vector3(1, 2, 3), "add", {"word"});
+    scriptCall::Answer const answer = scriptCall::call(vector3(1, 2, 3), "add", {"word"});
     EXPECT_FALSE(answer.ok);
-    EXPECT_EQ(answer.code, mzExceptionTypeCast);
-    EXPECT_EQ(answer.message, "prxVector3dC.add(string): the arguments cannot be converted to the "
-                              "member's parameters");
+    EXPECT_EQ(mzExceptionTypeCast, answer.code);
+    EXPECT_EQ("prxVector3dC.add(string): the arguments cannot be converted to the "
+              "member's parameters",
+              answer.message);
 }
 
 TEST(ProxyFrame, AHandlerThatGetsAStringThrows)
 {
     proxyMemberDescS const &add = entry(prxVector3dC::getStaticProxyTypeInfo(), 2);
-    ASSERT_STREQ(add.name, "add");
+    ASSERT_STREQ("add", add.name);
     mzComPtrT<prxVector3dC> const vector(new prxVector3dC);
-    const mzComVariantArrayC arguments = {"word"};
+    mzComVariantArrayC const arguments = {"word"};
     proxyAutoParaListC parameters(arguments);
     mzComVariantC result("preset");
     proxyAutoTypeCastC cast(&result);
     EXPECT_THROW(add.handler(vector.get(), parameters, cast, false), proxyAutoTypeCastExceptionC);
-    EXPECT_STREQ(result.toString().utf8(), "preset");
+    EXPECT_STREQ("preset", result.toString().utf8());
 }
 
 TEST(ProxyFrame, AValueOfAnotherTypeDoesNotConvert)
 {
-    const Object vector = vector3(1, 2, 3);
-    EXPECT_EQ(scriptCall::call(vector, "add", {mzComVariantC(vector2(1, 2))}).code,
-              mzExceptionTypeCast);
-    EXPECT_EQ(scriptCall::call(vector, "add", {1.0}).code, mzExceptionTypeCast);
-    EXPECT_EQ(scriptCall::call(vector, "add", {mzComVariantC()}).code, mzExceptionTypeCast);
-    EXPECT_EQ(scriptCall::call(vector, "mul", {mzComVariantC(vector)}).code, mzExceptionTypeCast);
+    Object const vector = vector3(1, 2, 3);
+    EXPECT_EQ(mzExceptionTypeCast,
+              scriptCall::call(vector, "add", {mzComVariantC(vector2(1, 2))}).code);
+    EXPECT_EQ(mzExceptionTypeCast, scriptCall::call(vector, "add", {1.0}).code);
+    EXPECT_EQ(mzExceptionTypeCast, scriptCall::call(vector, "add", {mzComVariantC()}).code);
+    EXPECT_EQ(mzExceptionTypeCast, scriptCall::call(vector, "mul", {mzComVariantC(vector)}).code);
 }
 
 TEST(ProxyFrame, APlainValueServesAsWellAsAProxy)
 {
-    const Vector3 plain(1, 1, 1);
-    const mzComVariantC argument = mzComVariantC::fromUserData(proxyValueTypeId<Vector3>(), &plain);
+    Vector3 const plain(1, 1, 1);
+    mzComVariantC const argument = mzComVariantC::fromUserData(proxyValueTypeId<Vector3>(), &plain);
     EXPECT_TRUE(valueOf<Vector3>(scriptCall::call(vector3(1, 2, 3), "add", {argument})) ==
                 Vector3(2, 3, 4));
 }
 
 TEST(ProxyFrame, TheFactoryMayBeUsedFromAnyThread)
 {
-    const Object factory(new prxMathFactoryC);
+    Object const factory(new prxMathFactoryC);
     EXPECT_TRUE(scriptCall::call(factory, "createvec3d").ok);
     std::thread([&factory] { EXPECT_TRUE(scriptCall::call(factory, "createvec3d").ok); }).join();
 }
 
 TEST(ProxyFrame, AValueProxyBelongsToTheThreadThatCallsFirst)
 {
-    const Object vector = vector3(1, 2, 3);
+    Object const vector = vector3(1, 2, 3);
     EXPECT_TRUE(scriptCall::read(vector, "x").ok);
     std::thread([&vector] {
-        EXPECT_EQ(scriptCall::read(vector, "x").code, mzExceptionWrongThread);
+        EXPECT_EQ(mzExceptionWrongThread, scriptCall::read(vector, "x").code);
     }).join();
 }
 
@@ -393,9 +394,9 @@ TEST(ProxyFrame, ThreadsMayMakeAndUseProxiesAtTheSameTime)
     for (int t = 0; t < 4; ++t) {
         threads.emplace_back([t] {
             for (int i = 0; i < 200; ++i) {
-                const Object vector = vector3(t, i, 1);
-                EXPECT_EQ(scriptCall::call(vector, "skalar", {mzComVariantC(vector)}).number(),
-                          t * t + i * i + 1);
+                Object const vector = vector3(t, i, 1);
+                EXPECT_EQ(t * t + i * i + 1,
+                          scriptCall::call(vector, "skalar", {mzComVariantC(vector)}).number());
             }
         });
     }

@@ -18,7 +18,7 @@ using Matrix3 = matrixC3x3<double>;
 using Matrix4 = matrixC4x4<double>;
 
 template <typename P, typename T>
-Object make(const T &value)
+Object make(T const &value)
 {
     return Object(new P(value));
 }
@@ -53,7 +53,7 @@ public:
     using Wrapper = typename P::prxValWrapperC;
 
     Counting() = default;
-    explicit Counting(const typename P::ValueType &value)
+    explicit Counting(typename P::ValueType const &value)
         : P(value)
     {
     }
@@ -84,7 +84,7 @@ template <typename T>
 T valueOf(Object const &object)
 {
     T value{};
-    const mzComVariantC variant = mzComVariantC(object).toSkalarValue();
+    mzComVariantC const variant = mzComVariantC(object).toSkalarValue();
     EXPECT_EQ(variant.getUserData(proxyValueTypeId<T>(), &value), mzUserDataOk);
     return value;
 }

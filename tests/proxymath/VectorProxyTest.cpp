@@ -1,10 +1,11 @@
 #include "ProxyValues.h"
 
+#include "support/Bits.h"
+
 #include <rapidcheck.h>
 #include <rapidcheck/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <type_traits>
 
 using namespace proxyValues;
@@ -12,11 +13,9 @@ using scriptCall::Answer;
 using scriptCall::call;
 using scriptCall::read;
 using scriptCall::write;
+using support::inf;
 
 namespace {
-
-double const inf = std::numeric_limits<double>::infinity();
-double const notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// A value proxy without a class of its own, made from a value.
 class PlainProxy : public prxVariantUserTypeBaseC<Vector3>
@@ -48,23 +47,23 @@ TEST(ValueProxies, AreMadeFromAValueWithoutNamingTheClass)
 
 TEST(Vector3Proxy, Arithmetic)
 {
-    const Object v = vector3(1, 2, 3);
-    const mzComVariantC w(vector3(4, -5, 6));
+    Object const v = vector3(1, 2, 3);
+    mzComVariantC const w(vector3(4, -5, 6));
     EXPECT_TRUE(valueOf<Vector3>(call(v, "add", {w})) == Vector3(5, -3, 9));
     EXPECT_TRUE(valueOf<Vector3>(call(v, "sub", {w})) == Vector3(-3, 7, -3));
     EXPECT_TRUE(valueOf<Vector3>(call(v, "mul", {2.0})) == Vector3(2, 4, 6));
     EXPECT_TRUE(valueOf<Vector3>(call(v, "div", {2.0})) == Vector3(0.5, 1, 1.5));
     EXPECT_TRUE(valueOf<Vector3>(call(v, "cross", {w})) == Vector3(27, 6, -13));
-    EXPECT_EQ(call(v, "skalar", {w}).number(), 12.0);
-    EXPECT_EQ(call(vector3(2, 3, 6), "len").number(), 7.0);
+    EXPECT_EQ(12.0, call(v, "skalar", {w}).number());
+    EXPECT_EQ(7.0, call(vector3(2, 3, 6), "len").number());
 }
 
 TEST(Vector3Proxy, ArithmeticMakesNewObjectsAndLeavesTheOldAlone)
 {
-    const Object v = vector3(1, 2, 3);
-    const mzComVariantC w(vector3(4, 5, 6));
+    Object const v = vector3(1, 2, 3);
+    mzComVariantC const w(vector3(4, 5, 6));
     for (char const *name : {"add", "sub", "cross"}) {
-        const Answer answer = call(v, name, {w});
+        Answer const answer = call(v, name, {w});
         EXPECT_TRUE(answer.object() && answer.object() != v) << name;
     }
     for (char const *name : {"mul", "div", "norm"}) {
@@ -76,15 +75,15 @@ TEST(Vector3Proxy, ArithmeticMakesNewObjectsAndLeavesTheOldAlone)
 
 TEST(Vector3Proxy, SettersReturnTheReceiver)
 {
-    const Object v = vector3(1, 2, 3);
+    Object const v = vector3(1, 2, 3);
     EXPECT_TRUE(call(call(v, "x", {5.0}).object(), "y", {6.0}).object() == v);
     EXPECT_TRUE(write(v, "z", 7.0).object() == v);
     EXPECT_TRUE(valueOf<Vector3>(v) == Vector3(5, 6, 7));
-    EXPECT_EQ(read(v, "x").number(), 5.0);
-    EXPECT_EQ(read(v, "y").number(), 6.0);
-    EXPECT_EQ(read(v, "z").number(), 7.0);
+    EXPECT_EQ(5.0, read(v, "x").number());
+    EXPECT_EQ(6.0, read(v, "y").number());
+    EXPECT_EQ(7.0, read(v, "z").number());
     EXPECT_TRUE(call(v, "z", {8.0}).object() == v);
-    EXPECT_EQ(read(v, "z").number(), 8.0);
+    EXPECT_EQ(8.0, read(v, "z").number());
 }
 
 TEST(Vector3Proxy, NormGivesTheLengthAskedFor)
@@ -92,59 +91,59 @@ TEST(Vector3Proxy, NormGivesTheLengthAskedFor)
     double const factor = 2.0 / 5.0;
     EXPECT_TRUE(valueOf<Vector3>(call(vector3(3, 4, 0), "norm", {2.0})) ==
                 Vector3(3 * factor, 4 * factor, 0));
-    const Vector3 result = valueOf<Vector3>(call(vector3(3, 4, 0), "norm", {2.0}));
-    EXPECT_DOUBLE_EQ(result.x(), 1.2);
-    EXPECT_DOUBLE_EQ(result.y(), 1.6);
-    EXPECT_EQ(result.z(), 0.0);
+    Vector3 const result = valueOf<Vector3>(call(vector3(3, 4, 0), "norm", {2.0}));
+    EXPECT_DOUBLE_EQ(1.2, result.x());
+    EXPECT_DOUBLE_EQ(1.6, result.y());
+    EXPECT_EQ(0.0, result.z());
     EXPECT_TRUE(valueOf<Vector3>(call(vector3(0, 0, 5), "norm", {-1.0})) == Vector3(0, 0, -1));
 }
 
 TEST(Vector3Proxy, NormOfZeroIsNan)
 {
-    const Vector3 result = valueOf<Vector3>(call(vector3(0, 0, 0), "norm", {2.0}));
+    Vector3 const result = valueOf<Vector3>(call(vector3(0, 0, 0), "norm", {2.0}));
     EXPECT_TRUE(std::isnan(result.x()) && std::isnan(result.y()) && std::isnan(result.z()));
-    const Vector2 flat = valueOf<Vector2>(call(vector2(0, 0), "norm", {2.0}));
+    Vector2 const flat = valueOf<Vector2>(call(vector2(0, 0), "norm", {2.0}));
     EXPECT_TRUE(std::isnan(flat.x()) && std::isnan(flat.y()));
 }
 
 TEST(Vector3Proxy, DivisionHasNoGuard)
 {
-    const Vector3 result = valueOf<Vector3>(call(vector3(1, -1, 0), "div", {0.0}));
-    EXPECT_EQ(result.x(), inf);
-    EXPECT_EQ(result.y(), -inf);
+    Vector3 const result = valueOf<Vector3>(call(vector3(1, -1, 0), "div", {0.0}));
+    EXPECT_EQ(inf, result.x());
+    EXPECT_EQ(-inf, result.y());
     EXPECT_TRUE(std::isnan(result.z()));
 }
 
 TEST(Vector3Proxy, NanAndInfinityPassThrough)
 {
-    const Object v = vector3(notANumber, inf, 1);
+    Object const v = vector3(support::nan, inf, 1);
     EXPECT_TRUE(std::isnan(call(v, "len").number()));
     EXPECT_TRUE(std::isnan(read(v, "x").number()));
-    EXPECT_EQ(read(v, "y").number(), inf);
-    const Vector3 sum = valueOf<Vector3>(call(v, "add", {mzComVariantC(vector3(1, 1, 1))}));
+    EXPECT_EQ(inf, read(v, "y").number());
+    Vector3 const sum = valueOf<Vector3>(call(v, "add", {mzComVariantC(vector3(1, 1, 1))}));
     EXPECT_TRUE(std::isnan(sum.x()));
-    EXPECT_EQ(sum.y(), inf);
-    EXPECT_EQ(sum.z(), 2.0);
-    EXPECT_EQ(call(vector3(inf, 0, 0), "len").number(), inf);
+    EXPECT_EQ(inf, sum.y());
+    EXPECT_EQ(2.0, sum.z());
+    EXPECT_EQ(inf, call(vector3(inf, 0, 0), "len").number());
 }
 
 TEST(Vector3Proxy, FactoryMakesANewFactory)
 {
-    const Answer first = read(vector3(1, 2, 3), "Factory");
-    EXPECT_STREQ(first.value.typeName().utf8(), "prxMathFactoryC");
+    Answer const first = read(vector3(1, 2, 3), "Factory");
+    EXPECT_STREQ("prxMathFactoryC", first.value.typeName().utf8());
     EXPECT_TRUE(read(vector2(1, 2), "Factory").ok);
 }
 
 TEST(Vector2Proxy, Arithmetic)
 {
-    const Object v = vector2(3, 4);
-    const mzComVariantC w(vector2(1, -2));
+    Object const v = vector2(3, 4);
+    mzComVariantC const w(vector2(1, -2));
     EXPECT_TRUE(valueOf<Vector2>(call(v, "add", {w})) == Vector2(4, 2));
     EXPECT_TRUE(valueOf<Vector2>(call(v, "sub", {w})) == Vector2(2, 6));
     EXPECT_TRUE(valueOf<Vector2>(call(v, "mul", {2.0})) == Vector2(6, 8));
     EXPECT_TRUE(valueOf<Vector2>(call(v, "div", {2.0})) == Vector2(1.5, 2));
-    EXPECT_EQ(call(v, "skalar", {w}).number(), -5.0);
-    EXPECT_EQ(call(v, "len").number(), 5.0);
+    EXPECT_EQ(-5.0, call(v, "skalar", {w}).number());
+    EXPECT_EQ(5.0, call(v, "len").number());
     EXPECT_TRUE(valueOf<Vector2>(call(v, "norm", {10.0})) == Vector2(6, 8));
     EXPECT_TRUE(valueOf<Vector2>(call(v, "perpendicular")) == Vector2(-4, 3));
     EXPECT_TRUE(valueOf<Vector2>(v) == Vector2(3, 4));
@@ -152,36 +151,36 @@ TEST(Vector2Proxy, Arithmetic)
 
 TEST(Vector2Proxy, SettersReturnTheReceiver)
 {
-    const Object v = vector2(3, 4);
+    Object const v = vector2(3, 4);
     EXPECT_TRUE(call(call(v, "x", {5.0}).object(), "y", {6.0}).object() == v);
     EXPECT_TRUE(valueOf<Vector2>(v) == Vector2(5, 6));
     EXPECT_TRUE(call(v, "", {7.0, 8.0}).object() == v);
-    EXPECT_EQ(read(v, "x").number(), 7.0);
-    EXPECT_EQ(read(v, "y").number(), 8.0);
+    EXPECT_EQ(7.0, read(v, "x").number());
+    EXPECT_EQ(8.0, read(v, "y").number());
     EXPECT_TRUE(write(v, "x", 1.0).ok && write(v, "y", 2.0).ok);
     EXPECT_TRUE(valueOf<Vector2>(v) == Vector2(1, 2));
 }
 
 TEST(Vector2Proxy, HasNeitherCrossNorZ)
 {
-    EXPECT_EQ(call(vector2(1, 2), "cross", {mzComVariantC(vector2(1, 2))}).code,
-              mzExceptionNoMember);
-    EXPECT_EQ(read(vector2(1, 2), "z").code, mzExceptionNoMember);
-    EXPECT_EQ(call(vector3(1, 2, 3), "perpendicular").code, mzExceptionNoMember);
+    EXPECT_EQ(mzExceptionNoMember,
+              call(vector2(1, 2), "cross", {mzComVariantC(vector2(1, 2))}).code);
+    EXPECT_EQ(mzExceptionNoMember, read(vector2(1, 2), "z").code);
+    EXPECT_EQ(mzExceptionNoMember, call(vector3(1, 2, 3), "perpendicular").code);
 }
 
 TEST(ValueWrapper, ReadingThroughItWritesBack)
 {
     mzComPtrT<Counting<prxVector3dC>> const v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
-    EXPECT_EQ(v->getx(), 1.0);
-    EXPECT_EQ(v->writes, 1);
-    EXPECT_EQ(v->gety(), 2.0);
-    EXPECT_EQ(v->getz(), 3.0);
-    EXPECT_EQ(v->writes, 3);
+    EXPECT_EQ(1.0, v->getx());
+    EXPECT_EQ(1, v->writes);
+    EXPECT_EQ(2.0, v->gety());
+    EXPECT_EQ(3.0, v->getz());
+    EXPECT_EQ(3, v->writes);
     v->setx(4);
-    EXPECT_EQ(v->writes, 4);
+    EXPECT_EQ(4, v->writes);
     v->setXYZ(5, 6, 7);
-    EXPECT_EQ(v->writes, 7);
+    EXPECT_EQ(7, v->writes);
 }
 
 TEST(ValueWrapper, ArithmeticDoesNotUseIt)
@@ -195,23 +194,23 @@ TEST(ValueWrapper, ArithmeticDoesNotUseIt)
     drop(v->cross(Vector3(1, 1, 1)));
     v->len();
     call(Object(v.get()), "skalar", {mzComVariantC(vector3(1, 1, 1))});
-    EXPECT_EQ(v->writes, 0);
+    EXPECT_EQ(0, v->writes);
 }
 
 TEST(ValueWrapper, IsUsedByTheFlatVectorInTheSameWay)
 {
     mzComPtrT<Counting<prxVector2dC>> const v(new Counting<prxVector2dC>);
     v->setXY(3, 4);
-    EXPECT_EQ(v->writes, 2);
-    EXPECT_EQ(v->getx() + v->gety(), 7.0);
-    EXPECT_EQ(v->writes, 4);
+    EXPECT_EQ(2, v->writes);
+    EXPECT_EQ(7.0, v->getx() + v->gety());
+    EXPECT_EQ(4, v->writes);
     v->setx(5);
     v->sety(6);
-    EXPECT_EQ(v->writes, 6);
+    EXPECT_EQ(6, v->writes);
     drop(v->perpendicular());
     drop(v->norm(1));
-    EXPECT_EQ(v->len(), std::sqrt(61.0));
-    EXPECT_EQ(v->writes, 6);
+    EXPECT_EQ(std::sqrt(61.0), v->len());
+    EXPECT_EQ(6, v->writes);
 }
 
 TEST(ValueWrapper, WritesOnlyWhatWasTouched)
@@ -219,19 +218,19 @@ TEST(ValueWrapper, WritesOnlyWhatWasTouched)
     mzComPtrT<Counting<prxVector3dC>> const v(new Counting<prxVector3dC>(Vector3(1, 2, 3)));
     {
         auto edit = v->value();
-        EXPECT_EQ(v->addRef(), 3);
+        EXPECT_EQ(3, v->addRef());
         v->release();
     }
-    EXPECT_EQ(v->writes, 0);
+    EXPECT_EQ(0, v->writes);
     {
         auto edit = v->value();
         edit->x() = 10;
         edit->y() = 20;
         EXPECT_TRUE(v->getValue() == Vector3(1, 2, 3));
     }
-    EXPECT_EQ(v->writes, 1);
+    EXPECT_EQ(1, v->writes);
     EXPECT_TRUE(v->getValue() == Vector3(10, 20, 3));
-    EXPECT_EQ(v->addRef(), 2);
+    EXPECT_EQ(2, v->addRef());
     v->release();
 }
 
@@ -241,14 +240,14 @@ TEST(ValueProxy, AVariantOfAnotherTypeReadsAsZero)
     v->setComVariant(mzComVariantC(5.0));
     EXPECT_TRUE(v->getValue() == Vector3(0, 0, 0));
     v->setVariant(QStringLiteral("word"));
-    EXPECT_EQ(v->len(), 0.0);
+    EXPECT_EQ(0.0, v->len());
 }
 
 TEST(ValueProxy, IsMadeFromAValue)
 {
     mzComPtrT<PlainProxy> const plain(new PlainProxy(Vector3(1, 2, 3)));
     EXPECT_TRUE(plain->getValue() == Vector3(1, 2, 3));
-    EXPECT_EQ(plain->getComVariant().userType(), proxyValueTypeId<Vector3>());
+    EXPECT_EQ(proxyValueTypeId<Vector3>(), plain->getComVariant().userType());
 }
 
 TEST(ValueProxy, AnObjectInItsVariantIsReadAsItsValue)
@@ -260,7 +259,7 @@ TEST(ValueProxy, AnObjectInItsVariantIsReadAsItsValue)
 
 TEST(MathFactory, MakesZeroObjects)
 {
-    const Object factory(new prxMathFactoryC);
+    Object const factory(new prxMathFactoryC);
     EXPECT_TRUE(valueOf<Matrix4>(call(factory, "createmat4x4")) == Matrix4());
     EXPECT_TRUE(valueOf<Matrix3>(call(factory, "createmat3x3")) == Matrix3());
     EXPECT_TRUE(valueOf<Vector3>(call(factory, "createvec3d")) == Vector3());
@@ -269,28 +268,28 @@ TEST(MathFactory, MakesZeroObjects)
 
 TEST(MathFactory, CreatesByName)
 {
-    const Object factory(new prxMathFactoryC);
+    Object const factory(new prxMathFactoryC);
     char const *names[][2] = {{"matrix3x3", "prxMatrix3x3C"},
                               {"matrix4x4", "prxMatrix4x4C"},
                               {"vector3d", "prxVector3dC"},
                               {"vector2d", "prxVector2dC"}};
     for (auto const &name : names) {
-        EXPECT_STREQ(call(factory, "Create", {name[0]}).value.typeName().utf8(), name[1]);
+        EXPECT_STREQ(name[1], call(factory, "Create", {name[0]}).value.typeName().utf8());
     }
     for (char const *name : {"Vector3d", "VECTOR3D", "linquet.vector3d", "vector4d", ""}) {
-        const Answer answer = call(factory, "Create", {name});
+        Answer const answer = call(factory, "Create", {name});
         EXPECT_TRUE(answer.ok) << name;
         EXPECT_TRUE(answer.value.isEmpty()) << name;
     }
-    EXPECT_EQ(call(factory, "Create", {1.0}).code, mzExceptionTypeCast);
+    EXPECT_EQ(mzExceptionTypeCast, call(factory, "Create", {1.0}).code);
 }
 
 RC_GTEST_PROP(Vector3Proxy, CrossIsPerpendicularToBoth, ())
 {
     auto const number = [] { return *rc::gen::inRange(-1000, 1000) / 8.0; };
-    const Object v = vector3(number(), number(), number());
-    const mzComVariantC w(vector3(number(), number(), number()));
-    const Object cross = call(v, "cross", {w}).object();
+    Object const v = vector3(number(), number(), number());
+    mzComVariantC const w(vector3(number(), number(), number()));
+    Object const cross = call(v, "cross", {w}).object();
     RC_ASSERT(call(cross, "skalar", {mzComVariantC(v)}).number() == 0.0);
     RC_ASSERT(call(cross, "skalar", {w}).number() == 0.0);
 }
@@ -298,8 +297,8 @@ RC_GTEST_PROP(Vector3Proxy, CrossIsPerpendicularToBoth, ())
 RC_GTEST_PROP(Vector3Proxy, SubUndoesAddOnExactNumbers, ())
 {
     auto const number = [] { return *rc::gen::inRange(-100000, 100000) / 16.0; };
-    const Vector3 start(number(), number(), number());
-    const Object v = make<prxVector3dC>(start);
-    const mzComVariantC w(vector3(number(), number(), number()));
+    Vector3 const start(number(), number(), number());
+    Object const v = make<prxVector3dC>(start);
+    mzComVariantC const w(vector3(number(), number(), number()));
     RC_ASSERT(valueOf<Vector3>(call(call(v, "add", {w}).object(), "sub", {w})) == start);
 }

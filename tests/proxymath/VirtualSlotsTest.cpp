@@ -27,36 +27,36 @@ struct Event : mzComServerStateEventC
 
 TEST(VirtualSlots, OfAllProxies)
 {
-    EXPECT_EQ(slot(&proxyObjectC::queryInterface), 0u);
-    EXPECT_EQ(slot(&proxyObjectC::addRef), 1u);
-    EXPECT_EQ(slot(&proxyObjectC::release), 2u);
-    EXPECT_EQ(slot(&proxyObjectC::invokeByName), 3u);
-    EXPECT_EQ(slot(&proxyObjectC::getStickyThreadId), 4u);
-    EXPECT_EQ(slot(&proxyObjectC::proxyCast), 5u);
-    EXPECT_EQ(slot(&proxyObjectC::getProxyTypeInfo), 6u);
+    EXPECT_EQ(0u, slot(&proxyObjectC::queryInterface));
+    EXPECT_EQ(1u, slot(&proxyObjectC::addRef));
+    EXPECT_EQ(2u, slot(&proxyObjectC::release));
+    EXPECT_EQ(3u, slot(&proxyObjectC::invokeByName));
+    EXPECT_EQ(4u, slot(&proxyObjectC::getStickyThreadId));
+    EXPECT_EQ(5u, slot(&proxyObjectC::proxyCast));
+    EXPECT_EQ(6u, slot(&proxyObjectC::getProxyTypeInfo));
     // The destructor takes two slots, 7 and 8.
-    EXPECT_EQ(slot(&proxyObjectC::addRemoteConnection), 9u);
-    EXPECT_EQ(slot(&proxyObjectC::releaseRemoteConnection), 10u);
+    EXPECT_EQ(9u, slot(&proxyObjectC::addRemoteConnection));
+    EXPECT_EQ(10u, slot(&proxyObjectC::releaseRemoteConnection));
 }
 
 TEST(VirtualSlots, OfTheValueProxies)
 {
-    EXPECT_EQ(slot(&prxQVariantBaseC::getVariant), 11u);
-    EXPECT_EQ(slot(&prxQVariantBaseC::setVariant), 12u);
-    EXPECT_EQ(slot(&prxQVariantBaseC::getComVariant), 13u);
-    EXPECT_EQ(slot(&prxQVariantBaseC::setComVariant), 14u);
+    EXPECT_EQ(11u, slot(&prxQVariantBaseC::getVariant));
+    EXPECT_EQ(12u, slot(&prxQVariantBaseC::setVariant));
+    EXPECT_EQ(13u, slot(&prxQVariantBaseC::getComVariant));
+    EXPECT_EQ(14u, slot(&prxQVariantBaseC::setComVariant));
     using Vector = prxVariantUserTypeBaseC<vectorC3d<double>>;
-    EXPECT_EQ(slot(&Vector::getValue), 15u);
-    EXPECT_EQ(slot(&Vector::setValue), 16u);
-    EXPECT_EQ(slot(&Vector::value), 17u);
+    EXPECT_EQ(15u, slot(&Vector::getValue));
+    EXPECT_EQ(16u, slot(&Vector::setValue));
+    EXPECT_EQ(17u, slot(&Vector::value));
     using Matrix = prxVariantUserTypeBaseC<matrixC4x4<double>>;
-    EXPECT_EQ(slot(&Matrix::getValue), 15u);
-    EXPECT_EQ(slot(&Matrix::value), 17u);
+    EXPECT_EQ(15u, slot(&Matrix::getValue));
+    EXPECT_EQ(17u, slot(&Matrix::value));
 }
 
 TEST(VirtualSlots, OfTheRegistrationObjects)
 {
     // The destructor takes slots 0 and 1.
-    EXPECT_EQ(slot(&Event::serverStarted), 2u);
-    EXPECT_EQ(slot(&Event::serverDone), 3u);
+    EXPECT_EQ(2u, slot(&Event::serverStarted));
+    EXPECT_EQ(3u, slot(&Event::serverDone));
 }

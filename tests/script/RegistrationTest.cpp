@@ -115,10 +115,10 @@ TEST(Factory, CreatesByObjectIdentifier)
     factory.registerClass(Probe::getStaticProxyTypeInfo());
     mzComPtrT<proxyObjectC> const object = factory.create(mzIIDS("test.probe"));
     ASSERT_TRUE(object);
-    EXPECT_STREQ(object->getProxyTypeInfo()->name, "Probe");
-    EXPECT_EQ(object->addRef(), 2);
+    EXPECT_STREQ("Probe", object->getProxyTypeInfo()->name);
+    EXPECT_EQ(2, object->addRef());
     object->release();
-    EXPECT_EQ(factory.findClass(mzIIDS("test.probe")), Probe::getStaticProxyTypeInfo());
+    EXPECT_EQ(Probe::getStaticProxyTypeInfo(), factory.findClass(mzIIDS("test.probe")));
 }
 
 TEST(Factory, GivesNullForWhatItDoesNotKnow)
@@ -126,7 +126,7 @@ TEST(Factory, GivesNullForWhatItDoesNotKnow)
     proxyFactoryC &factory = proxyFactoryC::instance();
     EXPECT_FALSE(factory.create(mzIIDS("test.nothing")));
     EXPECT_FALSE(factory.create(mzIIDS("")));
-    EXPECT_EQ(factory.findClass(mzIIDS("Test.Probe")), nullptr);
+    EXPECT_EQ(nullptr, factory.findClass(mzIIDS("Test.Probe")));
 }
 
 TEST(Factory, GivesNullWithoutACreator)
@@ -146,70 +146,70 @@ TEST(Factory, ALaterClassTakesThePlaceOfTheOldOne)
     int const count = factory.classes().size();
     factory.registerClass(&first);
     factory.registerClass(&second);
-    EXPECT_EQ(factory.classes().size(), count);
-    EXPECT_EQ(factory.findClass(mzIIDS("test.twice")), &second);
+    EXPECT_EQ(count, factory.classes().size());
+    EXPECT_EQ(&second, factory.findClass(mzIIDS("test.twice")));
     EXPECT_TRUE(factory.classes().contains(&second));
 }
 
 TEST(ServerState, TellsInTheOrderOfConstructionAndBack)
 {
-    const ServerGuard guard;
+    ServerGuard const guard;
     heard.clear();
-    const Listener a("a", mzServerStarted | mzServerDone);
-    const Listener b("b", mzServerStarted | mzServerDone);
+    Listener const a("a", mzServerStarted | mzServerDone);
+    Listener const b("b", mzServerStarted | mzServerDone);
     EXPECT_TRUE(heard.empty());
     mzComServerStateEventC::startServer();
     mzComServerStateEventC::startServer();
     mzComServerStateEventC::stopServer();
     mzComServerStateEventC::stopServer();
-    EXPECT_EQ(heard, (std::vector<std::string>{"a start", "b start", "b done", "a done"}));
+    EXPECT_EQ((std::vector<std::string>{"a start", "b start", "b done", "a done"}), heard);
 }
 
 TEST(ServerState, TellsOnlyWhatWasAskedFor)
 {
-    const ServerGuard guard;
+    ServerGuard const guard;
     heard.clear();
-    const Listener a("a", mzServerStarted);
-    const Listener b("b", mzServerDone);
-    const Listener c("c", 1 | 2 | 4 | 8 | 32);
+    Listener const a("a", mzServerStarted);
+    Listener const b("b", mzServerDone);
+    Listener const c("c", 1 | 2 | 4 | 8 | 32);
     mzComServerStateEventC::startServer();
     mzComServerStateEventC::stopServer();
-    EXPECT_EQ(heard, (std::vector<std::string>{"a start", "b done"}));
+    EXPECT_EQ((std::vector<std::string>{"a start", "b done"}), heard);
 }
 
 TEST(ServerState, TellsALateOneAtOnce)
 {
-    const ServerGuard guard;
+    ServerGuard const guard;
     heard.clear();
     mzComServerStateEventC::startServer();
-    const Listener late("late", 80);
-    EXPECT_EQ(heard, (std::vector<std::string>{"late start"}));
+    Listener const late("late", 80);
+    EXPECT_EQ((std::vector<std::string>{"late start"}), heard);
 }
 
 TEST(ServerState, KnowsWhoWaits)
 {
     int const before = mzComServerStateEventC::waiting().size();
     {
-        const Listener a("a", 80);
-        ASSERT_EQ(mzComServerStateEventC::waiting().size(), before + 1);
-        EXPECT_EQ(mzComServerStateEventC::waiting().last(), &a);
+        Listener const a("a", 80);
+        ASSERT_EQ(before + 1, mzComServerStateEventC::waiting().size());
+        EXPECT_EQ(&a, mzComServerStateEventC::waiting().last());
     }
-    EXPECT_EQ(mzComServerStateEventC::waiting().size(), before);
+    EXPECT_EQ(before, mzComServerStateEventC::waiting().size());
 }
 
 TEST(ServerState, WhatALibraryRegisteredGoesWithIt)
 {
-    const ServerGuard guard;
+    ServerGuard const guard;
     int id = 0;
     {
-        const Library library;
-        EXPECT_EQ(proxyFactoryC::instance().findClass(mzIIDS("test.temporary")), nullptr);
+        Library const library;
+        EXPECT_EQ(nullptr, proxyFactoryC::instance().findClass(mzIIDS("test.temporary")));
         mzComServerStateEventC::startServer();
-        EXPECT_NE(proxyFactoryC::instance().findClass(mzIIDS("test.temporary")), nullptr);
+        EXPECT_NE(nullptr, proxyFactoryC::instance().findClass(mzIIDS("test.temporary")));
         id = library.typeId();
         EXPECT_TRUE(mzComVariantC::fromUserData(id, nullptr).toScriptObject().isObject());
     }
-    EXPECT_EQ(proxyFactoryC::instance().findClass(mzIIDS("test.temporary")), nullptr);
+    EXPECT_EQ(nullptr, proxyFactoryC::instance().findClass(mzIIDS("test.temporary")));
     EXPECT_TRUE(mzComVariantC::fromUserData(id, nullptr).isEmpty());
 }
 

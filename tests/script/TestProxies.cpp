@@ -44,7 +44,7 @@ bool writePair(void const *value, mzComDataStreamC &stream)
 template <typename... A>
 proxySignatureTypeS const *signature()
 {
-    static const proxySignatureTypeS types[] = {{&typeid(void), &typeid(void), nullptr},
+    static proxySignatureTypeS const types[] = {{&typeid(void), &typeid(void), nullptr},
                                                 {&typeid(A), &typeid(A), nullptr}...};
     return types;
 }
@@ -81,7 +81,7 @@ void writeStored(proxyObjectC *object, proxyAutoParaListC &parameters, proxyAuto
 
 void makePair(proxyObjectC *, proxyAutoParaListC &, proxyAutoTypeCastC &result, bool)
 {
-    const Pair pair = {1.0, 2.0};
+    Pair const pair = {1.0, 2.0};
     result.set<mzComVariantC>(mzComVariantC::fromUserData(pairTypeId(), &pair));
 }
 

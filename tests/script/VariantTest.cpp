@@ -1,5 +1,7 @@
 #include "TestProxies.h"
 
+#include "support/Bits.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -12,7 +14,7 @@ namespace {
 
 mzComVariantC pairVariant(double first, double second)
 {
-    const Pair pair = {first, second};
+    Pair const pair = {first, second};
     return mzComVariantC::fromUserData(pairTypeId(), &pair);
 }
 
@@ -36,14 +38,16 @@ TEST(ComString, ComparesByteForByte)
 
 TEST(ComString, KeepsUtf8)
 {
-    const mzComStringC text("gr\xc3\xb6\xc3\x9f"
+    mzComStringC const text("gr\xc3\xb6\xc3\x9f"
                             "er");
-    EXPECT_EQ(text.toQString().size(), 6);
+    EXPECT_EQ(6, text.toQString().size());
     EXPECT_TRUE(mzComStringC(text.toQString()) == text);
-    EXPECT_STREQ(text.utf8(), "gr\xc3\xb6\xc3\x9f"
-                              "er");
-    EXPECT_STREQ(("<" + text + ">").utf8(), "<gr\xc3\xb6\xc3\x9f"
-                                            "er>");
+    EXPECT_STREQ("gr\xc3\xb6\xc3\x9f"
+                 "er",
+                 text.utf8());
+    EXPECT_STREQ("<gr\xc3\xb6\xc3\x9f"
+                 "er>",
+                 ("<" + text + ">").utf8());
 }
 
 TEST(ComString, IsEmptyAfterAMove)
@@ -69,16 +73,15 @@ TEST(Identifier, EqualsByText)
 TEST(DataStream, GivesBackWhatWasWrittenInOrder)
 {
     mzComDataStreamC stream;
-    double const infinity = std::numeric_limits<double>::infinity();
-    stream << 1.5 << -0.0 << infinity << std::nan("");
-    EXPECT_EQ(stream.data().size(), 32);
+    stream << 1.5 << -0.0 << support::inf << support::nan;
+    EXPECT_EQ(32, stream.data().size());
     double a = 9.0, b = 9.0, c = 9.0, d = 9.0;
     stream >> a >> b >> c >> d;
     EXPECT_TRUE(stream.isOk());
-    EXPECT_EQ(a, 1.5);
-    EXPECT_EQ(b, 0.0);
+    EXPECT_EQ(1.5, a);
+    EXPECT_EQ(0.0, b);
     EXPECT_TRUE(std::signbit(b));
-    EXPECT_EQ(c, infinity);
+    EXPECT_EQ(support::inf, c);
     EXPECT_TRUE(std::isnan(d));
 }
 
@@ -86,7 +89,7 @@ TEST(DataStream, WritesLeastSignificantByteFirst)
 {
     mzComDataStreamC stream;
     stream << 1.0;
-    EXPECT_EQ(stream.data(), QByteArray::fromHex("000000000000f03f"));
+    EXPECT_EQ(QByteArray::fromHex("000000000000f03f"), stream.data());
 }
 
 TEST(DataStream, RunsDryAndStaysDry)
@@ -98,12 +101,12 @@ TEST(DataStream, RunsDryAndStaysDry)
     EXPECT_TRUE(stream.isOk());
     stream >> second;
     EXPECT_FALSE(stream.isOk());
-    EXPECT_EQ(first, 0.0);
-    EXPECT_EQ(second, 9.0);
+    EXPECT_EQ(0.0, first);
+    EXPECT_EQ(9.0, second);
     stream << 1.0;
     stream >> second;
     EXPECT_FALSE(stream.isOk());
-    EXPECT_EQ(second, 9.0);
+    EXPECT_EQ(9.0, second);
 }
 
 TEST(DataStream, IsAsNewAfterAMove)
@@ -132,19 +135,19 @@ TEST(DataStream, IsAsNewAfterAMove)
 
 TEST(Variant, HoldsOneKindAtATime)
 {
-    const mzComVariantC empty;
-    const mzComVariantC number(2.5);
-    const mzComVariantC text("two");
-    const mzComVariantC object(pairProxy(1, 2));
-    const mzComVariantC user = pairVariant(1, 2);
+    mzComVariantC const empty;
+    mzComVariantC const number(2.5);
+    mzComVariantC const text("two");
+    mzComVariantC const object(pairProxy(1, 2));
+    mzComVariantC const user = pairVariant(1, 2);
     EXPECT_TRUE(empty.isEmpty() && !empty.isDouble() && !empty.isString());
     EXPECT_TRUE(number.isDouble() && !number.isUserValue());
     EXPECT_TRUE(text.isString() && !text.isObject());
     EXPECT_TRUE(object.isObject() && !object.isUserValue());
     EXPECT_TRUE(user.isUserValue() && !user.isObject());
-    EXPECT_EQ(number.toDouble(), 2.5);
-    EXPECT_STREQ(text.toString().utf8(), "two");
-    EXPECT_EQ(text.toDouble(), 0.0);
+    EXPECT_EQ(2.5, number.toDouble());
+    EXPECT_STREQ("two", text.toString().utf8());
+    EXPECT_EQ(0.0, text.toDouble());
     EXPECT_TRUE(number.toString().isEmpty());
     EXPECT_FALSE(number.toObject());
     EXPECT_TRUE(mzComVariantC(mzComPtrT<mzIUnknown>()).isEmpty());
@@ -154,7 +157,7 @@ TEST(Variant, IsEmptyAfterAMove)
 {
     mzComVariantC from[] = {2.5, "two", mzComVariantC(pairProxy(1, 2)), pairVariant(1, 2)};
     for (mzComVariantC &variant : from) {
-        const mzComStringC type = variant.typeName();
+        mzComStringC const type = variant.typeName();
         mzComVariantC constructed = std::move(variant);
         EXPECT_TRUE(variant.isEmpty() && variant.toDouble() == 0.0 && !variant.toObject());
         EXPECT_TRUE(constructed.typeName() == type);
@@ -166,11 +169,11 @@ TEST(Variant, IsEmptyAfterAMove)
 
 TEST(Variant, NamesItsTypeForMessages)
 {
-    EXPECT_STREQ(mzComVariantC().typeName().utf8(), "nothing");
-    EXPECT_STREQ(mzComVariantC(1.0).typeName().utf8(), "number");
-    EXPECT_STREQ(mzComVariantC("1").typeName().utf8(), "string");
-    EXPECT_STREQ(mzComVariantC(pairProxy(1, 2)).typeName().utf8(), "PairProxy");
-    EXPECT_STREQ(pairVariant(1, 2).typeName().utf8(), "Pair");
+    EXPECT_STREQ("nothing", mzComVariantC().typeName().utf8());
+    EXPECT_STREQ("number", mzComVariantC(1.0).typeName().utf8());
+    EXPECT_STREQ("string", mzComVariantC("1").typeName().utf8());
+    EXPECT_STREQ("PairProxy", mzComVariantC(pairProxy(1, 2)).typeName().utf8());
+    EXPECT_STREQ("Pair", pairVariant(1, 2).typeName().utf8());
 }
 
 TEST(Variant, CopiesUserDataOutOnlyForItsOwnType)
@@ -178,21 +181,21 @@ TEST(Variant, CopiesUserDataOutOnlyForItsOwnType)
     int const id = pairTypeId();
     EXPECT_GT(id, 0);
     Pair pair = {7, 8};
-    EXPECT_EQ(pairVariant(1, 2).getUserData(id + 1000, &pair), mzUserDataOtherType);
-    EXPECT_EQ(mzComVariantC(1.0).getUserData(id, &pair), mzUserDataNone);
-    EXPECT_EQ(mzComVariantC().getUserData(0, &pair), mzUserDataNone);
-    EXPECT_EQ(pair.first, 7);
-    EXPECT_EQ(pair.second, 8);
-    EXPECT_EQ(pairVariant(1, 2).getUserData(id, &pair), mzUserDataOk);
-    EXPECT_EQ(pair.first, 1);
-    EXPECT_EQ(pair.second, 2);
-    EXPECT_EQ(pairVariant(1, 2).userType(), id);
-    EXPECT_EQ(mzComVariantC(1.0).userType(), 0);
+    EXPECT_EQ(mzUserDataOtherType, pairVariant(1, 2).getUserData(id + 1000, &pair));
+    EXPECT_EQ(mzUserDataNone, mzComVariantC(1.0).getUserData(id, &pair));
+    EXPECT_EQ(mzUserDataNone, mzComVariantC().getUserData(0, &pair));
+    EXPECT_EQ(7, pair.first);
+    EXPECT_EQ(8, pair.second);
+    EXPECT_EQ(mzUserDataOk, pairVariant(1, 2).getUserData(id, &pair));
+    EXPECT_EQ(1, pair.first);
+    EXPECT_EQ(2, pair.second);
+    EXPECT_EQ(id, pairVariant(1, 2).userType());
+    EXPECT_EQ(0, mzComVariantC(1.0).userType());
 }
 
 TEST(Variant, OfAnUnknownTypeIsEmpty)
 {
-    const Pair pair;
+    Pair const pair;
     EXPECT_TRUE(mzComVariantC::fromUserData(0, &pair).isEmpty());
     EXPECT_TRUE(mzComVariantC::fromUserData(-1, &pair).isEmpty());
     EXPECT_TRUE(mzComVariantC::fromUserData(1 << 20, &pair).isEmpty());
@@ -201,20 +204,20 @@ TEST(Variant, OfAnUnknownTypeIsEmpty)
 TEST(Variant, FromNullUserDataIsZero)
 {
     Pair pair = {7, 8};
-    EXPECT_EQ(mzComVariantC::fromUserData(pairTypeId(), nullptr).getUserData(pairTypeId(), &pair),
-              mzUserDataOk);
-    EXPECT_EQ(pair.first, 0);
-    EXPECT_EQ(pair.second, 0);
+    EXPECT_EQ(mzUserDataOk,
+              mzComVariantC::fromUserData(pairTypeId(), nullptr).getUserData(pairTypeId(), &pair));
+    EXPECT_EQ(0, pair.first);
+    EXPECT_EQ(0, pair.second);
 }
 
 TEST(Variant, ScalarValueOfAnObjectIsWhatItStandsFor)
 {
     Pair pair;
-    const mzComVariantC scalar = mzComVariantC(pairProxy(3, 4)).toSkalarValue();
-    EXPECT_EQ(scalar.getUserData(pairTypeId(), &pair), mzUserDataOk);
-    EXPECT_EQ(pair.second, 4);
-    EXPECT_EQ(mzComVariantC(2.0).toSkalarValue().toDouble(), 2.0);
-    const mzComVariantC probe(mzComPtrT<mzIUnknown>(new Probe));
+    mzComVariantC const scalar = mzComVariantC(pairProxy(3, 4)).toSkalarValue();
+    EXPECT_EQ(mzUserDataOk, scalar.getUserData(pairTypeId(), &pair));
+    EXPECT_EQ(4, pair.second);
+    EXPECT_EQ(2.0, mzComVariantC(2.0).toSkalarValue().toDouble());
+    mzComVariantC const probe(mzComPtrT<mzIUnknown>(new Probe));
     EXPECT_TRUE(probe.toSkalarValue().isObject());
 }
 
@@ -222,13 +225,13 @@ TEST(Variant, ReachesAScriptAsTheRegisteredClass)
 {
     proxyFactoryC::instance().registerClass(PairProxy::getStaticProxyTypeInfo());
     mzComVariantC::registerUserTypeProxy(pairTypeId(), mzIIDS("test.pair"));
-    const mzComVariantC object = pairVariant(5, 6).toScriptObject();
+    mzComVariantC const object = pairVariant(5, 6).toScriptObject();
     ASSERT_TRUE(object.isObject());
-    EXPECT_STREQ(object.typeName().utf8(), "PairProxy");
+    EXPECT_STREQ("PairProxy", object.typeName().utf8());
     Pair pair;
-    EXPECT_EQ(object.toSkalarValue().getUserData(pairTypeId(), &pair), mzUserDataOk);
-    EXPECT_EQ(pair.first, 5);
-    EXPECT_EQ(mzComVariantC(1.0).toScriptObject().toDouble(), 1.0);
+    EXPECT_EQ(mzUserDataOk, object.toSkalarValue().getUserData(pairTypeId(), &pair));
+    EXPECT_EQ(5, pair.first);
+    EXPECT_EQ(1.0, mzComVariantC(1.0).toScriptObject().toDouble());
 
     mzComVariantC::registerUserTypeProxy(pairTypeId(), mzIIDS("test.no such class"));
     EXPECT_TRUE(pairVariant(5, 6).toScriptObject().isUserValue());
@@ -240,17 +243,17 @@ TEST(Variant, TravelsThroughAStreamAsItsRecordSays)
     mzComDataStreamC stream;
     EXPECT_TRUE(pairVariant(1, 2).writeUserData(stream));
     EXPECT_FALSE(mzComVariantC(1.0).writeUserData(stream));
-    EXPECT_EQ(stream.data().size(), 16);
+    EXPECT_EQ(16, stream.data().size());
     mzComVariantC back(3.0);
     EXPECT_FALSE(back.readUserData(0, stream));
     EXPECT_TRUE(back.readUserData(pairTypeId(), stream));
     Pair pair;
-    EXPECT_EQ(back.getUserData(pairTypeId(), &pair), mzUserDataOk);
-    EXPECT_EQ(pair.first, 1);
-    EXPECT_EQ(pair.second, 2);
+    EXPECT_EQ(mzUserDataOk, back.getUserData(pairTypeId(), &pair));
+    EXPECT_EQ(1, pair.first);
+    EXPECT_EQ(2, pair.second);
     mzComVariantC unread(3.0);
     EXPECT_FALSE(unread.readUserData(pairTypeId(), stream));
-    EXPECT_EQ(unread.toDouble(), 3.0);
+    EXPECT_EQ(3.0, unread.toDouble());
 }
 
 TEST(Variant, RecordsAreRegisteredOnce)
@@ -258,8 +261,8 @@ TEST(Variant, RecordsAreRegisteredOnce)
     int const id = pairTypeId();
     int const count = mzComVariantC::registeredValueTypeCount();
     mzComVariantC::registerValueType(pairRecord());
-    EXPECT_EQ(pairRecord()->id, id);
-    EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), count);
+    EXPECT_EQ(id, pairRecord()->id);
+    EXPECT_EQ(count, mzComVariantC::registeredValueTypeCount());
 }
 
 TEST(Variant, RacingRegistrationsGiveOneId)
@@ -274,7 +277,7 @@ TEST(Variant, RacingRegistrationsGiveOneId)
     for (std::thread &thread : threads) {
         thread.join();
     }
-    EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), count + 1);
+    EXPECT_EQ(count + 1, mzComVariantC::registeredValueTypeCount());
     EXPECT_GT(record.id, 0);
     EXPECT_NE(pairTypeId(), record.id);
 }
@@ -282,8 +285,8 @@ TEST(Variant, RacingRegistrationsGiveOneId)
 TEST(TypeName, IsTheSameForEveryoneAndReadable)
 {
     EXPECT_TRUE(mzComTypeInfoToName(typeid(Pair)) == mzComTypeInfoToName(typeid(Pair const &)));
-    EXPECT_STREQ(mzComReadableTypeName(mzComTypeInfoToName(typeid(Pair))).utf8(), "Pair");
-    EXPECT_STREQ(mzComReadableTypeName("no type").utf8(), "no type");
+    EXPECT_STREQ("Pair", mzComReadableTypeName(mzComTypeInfoToName(typeid(Pair))).utf8());
+    EXPECT_STREQ("no type", mzComReadableTypeName("no type").utf8());
 }
 
 TEST(QVariantBase, ConvertsToQtAndBack)
@@ -291,73 +294,73 @@ TEST(QVariantBase, ConvertsToQtAndBack)
     mzComPtrT<prxQVariantBaseC> const proxy(new prxQVariantBaseC);
     EXPECT_FALSE(proxy->getVariant().isValid());
     proxy->setVariant(QVariant(2.5));
-    EXPECT_EQ(proxy->getComVariant().toDouble(), 2.5);
-    EXPECT_EQ(proxy->getVariant().toDouble(), 2.5);
+    EXPECT_EQ(2.5, proxy->getComVariant().toDouble());
+    EXPECT_EQ(2.5, proxy->getVariant().toDouble());
     proxy->setVariant(QVariant(7));
     EXPECT_TRUE(proxy->getComVariant().isDouble());
     proxy->setVariant(QStringLiteral("12"));
     EXPECT_TRUE(proxy->getComVariant().isString());
-    EXPECT_EQ(proxy->getVariant().toString(), QStringLiteral("12"));
+    EXPECT_EQ(QStringLiteral("12"), proxy->getVariant().toString());
     proxy->setVariant(QByteArray("raw"));
-    EXPECT_STREQ(proxy->getComVariant().toString().utf8(), "raw");
+    EXPECT_STREQ("raw", proxy->getComVariant().toString().utf8());
     proxy->setVariant(QVariant());
     EXPECT_TRUE(proxy->getComVariant().isEmpty());
 
     proxy->setComVariant(pairVariant(1, 2));
-    const QVariant held = proxy->getVariant();
+    QVariant const held = proxy->getVariant();
     proxy->setVariant(1.0);
     proxy->setVariant(held);
-    EXPECT_EQ(proxy->getComVariant().userType(), pairTypeId());
+    EXPECT_EQ(pairTypeId(), proxy->getComVariant().userType());
 }
 
 TEST(QVariantBase, StartsWithTheValueGiven)
 {
     mzComPtrT<prxQVariantBaseC> const proxy(new prxQVariantBaseC(mzComVariantC("given")));
-    EXPECT_STREQ(proxy->getComVariant().toString().utf8(), "given");
-    EXPECT_STREQ(proxy->getProxyTypeInfo()->name, "prxQVariantBaseC");
+    EXPECT_STREQ("given", proxy->getComVariant().toString().utf8());
+    EXPECT_STREQ("prxQVariantBaseC", proxy->getProxyTypeInfo()->name);
 }
 
 TEST(AutoTypeCast, GetsNumbers)
 {
-    EXPECT_EQ(proxyAutoTypeCastC(mzComVariantC(2.0)).get<double>(false), 2.0);
-    const mzComVariantC text(" 2.5 ");
+    EXPECT_EQ(2.0, proxyAutoTypeCastC(mzComVariantC(2.0)).get<double>(false));
+    mzComVariantC const text(" 2.5 ");
     EXPECT_THROW(proxyAutoTypeCastC(text).get<double>(false), proxyAutoTypeCastExceptionC);
-    EXPECT_EQ(proxyAutoTypeCastC(text).get<double>(true), 2.5);
-    const mzComVariantC noNumber("2.5 apples");
+    EXPECT_EQ(2.5, proxyAutoTypeCastC(text).get<double>(true));
+    mzComVariantC const noNumber("2.5 apples");
     EXPECT_THROW(proxyAutoTypeCastC(noNumber).get<double>(true), proxyAutoTypeCastExceptionC);
-    const mzComVariantC empty;
+    mzComVariantC const empty;
     EXPECT_THROW(proxyAutoTypeCastC(empty).get<double>(true), proxyAutoTypeCastExceptionC);
-    const mzComVariantC holder(mzComPtrT<mzIUnknown>(new prxQVariantBaseC(mzComVariantC(4.0))));
-    EXPECT_EQ(proxyAutoTypeCastC(holder).get<double>(false), 4.0);
+    mzComVariantC const holder(mzComPtrT<mzIUnknown>(new prxQVariantBaseC(mzComVariantC(4.0))));
+    EXPECT_EQ(4.0, proxyAutoTypeCastC(holder).get<double>(false));
 }
 
 TEST(AutoTypeCast, GetsTexts)
 {
-    const mzComVariantC text("word");
-    EXPECT_STREQ(proxyAutoTypeCastC(text).get<mzComStringC>(false).utf8(), "word");
-    const mzComVariantC number(0.1);
+    mzComVariantC const text("word");
+    EXPECT_STREQ("word", proxyAutoTypeCastC(text).get<mzComStringC>(false).utf8());
+    mzComVariantC const number(0.1);
     EXPECT_THROW(proxyAutoTypeCastC(number).get<mzComStringC>(false), proxyAutoTypeCastExceptionC);
-    EXPECT_STREQ(proxyAutoTypeCastC(number).get<mzComStringC>(true).utf8(), "0.1");
+    EXPECT_STREQ("0.1", proxyAutoTypeCastC(number).get<mzComStringC>(true).utf8());
 }
 
 TEST(AutoTypeCast, SetsResultsButNoParameters)
 {
     mzComVariantC result;
     proxyAutoTypeCastC(&result).set<double>(3.0);
-    EXPECT_EQ(result.toDouble(), 3.0);
+    EXPECT_EQ(3.0, result.toDouble());
     proxyAutoTypeCastC(&result).set<mzComPtrT<mzIUnknown>>(mzComPtrT<mzIUnknown>());
     EXPECT_TRUE(result.isEmpty());
-    const mzComVariantC parameter(1.0);
+    mzComVariantC const parameter(1.0);
     proxyAutoTypeCastC(parameter).set<double>(2.0);
-    EXPECT_EQ(parameter.toDouble(), 1.0);
+    EXPECT_EQ(1.0, parameter.toDouble());
 }
 
 TEST(AutoParaList, IsEmptyPastItsEnds)
 {
-    const mzComVariantArrayC arguments = {1.0, "two"};
-    const proxyAutoParaListC parameters(arguments);
-    EXPECT_EQ(parameters.size(), 2);
-    EXPECT_EQ(parameters[0].get<double>(false), 1.0);
+    mzComVariantArrayC const arguments = {1.0, "two"};
+    proxyAutoParaListC const parameters(arguments);
+    EXPECT_EQ(2, parameters.size());
+    EXPECT_EQ(1.0, parameters[0].get<double>(false));
     EXPECT_TRUE(parameters[1].getVariant().isString());
     EXPECT_TRUE(parameters[2].getVariant().isEmpty());
     EXPECT_TRUE(parameters[-1].getVariant().isEmpty());

@@ -19,7 +19,7 @@ T parameter(proxyAutoTypeCastC const &cast, bool lenient)
         return cast.get<T>(lenient);
     } else {
         T value{};
-        const mzComVariantC variant = cast.getVariant().toSkalarValue();
+        mzComVariantC const variant = cast.getVariant().toSkalarValue();
         if (variant.getUserData(proxyValueTypeId<T>(), &value) != mzUserDataOk) {
             proxyObjectC::throwAutoTypeCastException();
         }
@@ -57,7 +57,7 @@ struct Call
 
     static proxySignatureTypeS const *signature()
     {
-        static const proxySignatureTypeS types[] = {
+        static proxySignatureTypeS const types[] = {
             {&typeid(decltype(Member)), &typeid(decltype(Member)), nullptr},
             {&typeid(A), &typeid(A), nullptr}...};
         return types;
@@ -70,7 +70,7 @@ private:
                        std::index_sequence<Index...>)
     {
         // Braces: the parameters are read from the first to the last.
-        const std::tuple<A...> values{parameter<A>(parameters[int(Index)], lenient)...};
+        std::tuple<A...> const values{parameter<A>(parameters[int(Index)], lenient)...};
         setResult(result, (object->*Member)(std::get<Index>(values)...));
     }
 };

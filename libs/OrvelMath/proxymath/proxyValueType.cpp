@@ -16,13 +16,13 @@ mzComStringC typeName()
 template <typename T>
 void *create(void const *from)
 {
-    return from != nullptr ? new T(*static_cast<const T *>(from)) : new T();
+    return from != nullptr ? new T(*static_cast<T const *>(from)) : new T();
 }
 
 template <typename T>
 void copy(void const *from, void *to)
 {
-    *static_cast<T *>(to) = *static_cast<const T *>(from);
+    *static_cast<T *>(to) = *static_cast<T const *>(from);
 }
 
 template <typename T>
@@ -44,7 +44,7 @@ bool read(void *value, mzComDataStreamC &stream)
 template <typename T>
 bool write(void const *value, mzComDataStreamC &stream)
 {
-    const T &source = *static_cast<const T *>(value);
+    T const &source = *static_cast<T const *>(value);
     for (int i = 0; i < doubleCount<T>; ++i) {
         stream << source[i];
     }

@@ -85,7 +85,7 @@ prxMatrix3x3C *prxMatrix3x3C::setZVec(vectorC3d<double> const &axis)
 
 prxMatrix3x3C *prxMatrix3x3C::rotAngle(double a, double b, double c)
 {
-    const RotationColumns rotation = rotationAboutAxes(a, b, c);
+    RotationColumns const rotation = rotationAboutAxes(a, b, c);
     prxValWrapperC edit = value();
     for (int column = 0; column < 3; ++column) {
         for (int row = 0; row < 3; ++row) {

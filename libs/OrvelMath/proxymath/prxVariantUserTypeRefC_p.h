@@ -10,7 +10,7 @@ class prxVariantUserTypeRefC final : public P
 {
 public:
     using Reader = V (O::*)();
-    using Writer = void (O::*)(const V &);
+    using Writer = void (O::*)(V const &);
 
     prxVariantUserTypeRefC(O *owner, Reader reader, Writer writer)
         : m_owner(owner)
@@ -31,7 +31,7 @@ public:
     }
     mzComVariantC getComVariant() const override
     {
-        const V value = getValue();
+        V const value = getValue();
         return mzComVariantC::fromUserData(proxyValueTypeId<V>(), &value);
     }
     void setComVariant(mzComVariantC const &variant) override
@@ -41,7 +41,7 @@ public:
         setValue(value);
     }
     V getValue() const override { return (m_owner->*m_reader)(); }
-    void setValue(const V &value) override { (m_owner->*m_writer)(value); }
+    void setValue(V const &value) override { (m_owner->*m_writer)(value); }
 
 private:
     ~prxVariantUserTypeRefC() override = default;

@@ -11,8 +11,8 @@ class ORVELMATH_EXPORT prxVectorBaseC : public prxVariantUserTypeBaseC<V>
 {
 public:
     /// Component by component, as are sub, mulReal and divReal.
-    P *add(const V &other) const { return new P(this->getValue() + other); }
-    P *sub(const V &other) const { return new P(this->getValue() - other); }
+    P *add(V const &other) const { return new P(this->getValue() + other); }
+    P *sub(V const &other) const { return new P(this->getValue() - other); }
     /// The root of the sum of the squares; infinity where that sum overflows.
     double len() const { return this->getValue().length(); }
     P *mulReal(double factor) const { return new P(this->getValue() * factor); }
@@ -22,7 +22,7 @@ public:
     /// for the zero vector.
     P *norm(double length) const
     {
-        const V vector = this->getValue();
+        V const vector = this->getValue();
         double const factor = length / std::sqrt(vector.squaredLength());
         return new P(vector * factor);
     }

@@ -17,7 +17,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-const Names allClasses = {"prxVector3dC", "prxVector2dC", "prxMatrix3x3C", "prxMatrix4x4C",
+Names const allClasses = {"prxVector3dC", "prxVector2dC", "prxMatrix3x3C", "prxMatrix4x4C",
                           "prxMathFactoryC"};
 
 Names knownClasses()
@@ -49,7 +49,7 @@ public:
     Library()
         : m_handle(dlopen(ORVELMATH_LIBRARY, RTLD_NOW | RTLD_LOCAL))
     {
-        EXPECT_NE(m_handle, nullptr) << dlerror();
+        EXPECT_NE(nullptr, m_handle) << dlerror();
     }
     ~Library() { dlclose(m_handle); }
 
@@ -88,7 +88,7 @@ protected:
         mzComServerStateEventC::stopServer();
         mzSetSingletonObserver(nullptr);
         EXPECT_FALSE(Library::isLoaded());
-        EXPECT_EQ(proxyObjectC::liveObjectCount(), 0);
+        EXPECT_EQ(0, proxyObjectC::liveObjectCount());
     }
 };
 
@@ -96,33 +96,33 @@ protected:
 
 TEST_F(LibraryLoad, RegistersNothingBeforeTheServerStarts)
 {
-    const Library library;
-    EXPECT_EQ(mzComServerStateEventC::waiting().size(), 5);
-    EXPECT_EQ(knownClasses(), Names());
-    EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), 0);
+    Library const library;
+    EXPECT_EQ(5, mzComServerStateEventC::waiting().size());
+    EXPECT_EQ(Names(), knownClasses());
+    EXPECT_EQ(0, mzComVariantC::registeredValueTypeCount());
 }
 
 TEST_F(LibraryLoad, RegistersItsClassesInOrderWhenTheServerStarts)
 {
     int const types = mzComVariantC::registeredValueTypeCount();
-    const Library library;
+    Library const library;
     mzComServerStateEventC::startServer();
-    EXPECT_EQ(knownClasses(), allClasses);
-    EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), types + 4);
+    EXPECT_EQ(allClasses, knownClasses());
+    EXPECT_EQ(types + 4, mzComVariantC::registeredValueTypeCount());
     mzComPtrT<proxyObjectC> const vector =
         proxyFactoryC::instance().create(mzIIDS("linquet.vector3d"));
     ASSERT_TRUE(vector);
-    EXPECT_EQ(mzComVariantC::registeredValueTypeCount(), types + 4);
+    EXPECT_EQ(types + 4, mzComVariantC::registeredValueTypeCount());
 }
 
 TEST_F(LibraryLoad, TakesItsClassesAlongWhenItGoes)
 {
     {
-        const Library library;
+        Library const library;
         mzComServerStateEventC::startServer();
     }
-    EXPECT_EQ(mzComServerStateEventC::waiting().size(), 0);
-    EXPECT_EQ(knownClasses(), Names());
+    EXPECT_EQ(0, mzComServerStateEventC::waiting().size());
+    EXPECT_EQ(Names(), knownClasses());
     EXPECT_FALSE(proxyFactoryC::instance().create(mzIIDS("linquet.vector3d")));
 }
 
@@ -131,19 +131,19 @@ TEST_F(LibraryLoad, CleansUpBeforeTheRegistrationObjectsGo)
     mzSetSingletonObserver(noteSingleton);
     singletonEvents.clear();
     {
-        const Library library;
+        Library const library;
         EXPECT_TRUE(singletonEvents.empty());
-        EXPECT_EQ(library.accuracy(), 2);
-        EXPECT_EQ(library.accuracy(), 2);
-        ASSERT_EQ(singletonEvents.size(), 1u);
-        EXPECT_EQ(singletonEvents[0].phase, 0);
+        EXPECT_EQ(2, library.accuracy());
+        EXPECT_EQ(2, library.accuracy());
+        ASSERT_EQ(1u, singletonEvents.size());
+        EXPECT_EQ(0, singletonEvents[0].phase);
     }
-    ASSERT_EQ(singletonEvents.size(), 3u);
-    EXPECT_EQ(singletonEvents[1].phase, 1);
-    EXPECT_EQ(singletonEvents[1].registrationObjects, 5);
-    EXPECT_EQ(singletonEvents[2].phase, 2);
-    EXPECT_EQ(singletonEvents[2].registrationObjects, 5);
-    EXPECT_EQ(mzComServerStateEventC::waiting().size(), 0);
+    ASSERT_EQ(3u, singletonEvents.size());
+    EXPECT_EQ(1, singletonEvents[1].phase);
+    EXPECT_EQ(5, singletonEvents[1].registrationObjects);
+    EXPECT_EQ(2, singletonEvents[2].phase);
+    EXPECT_EQ(5, singletonEvents[2].registrationObjects);
+    EXPECT_EQ(0, mzComServerStateEventC::waiting().size());
 }
 
 TEST_F(LibraryLoad, HasNothingToCleanUpIfTheSingletonWasNotUsed)
@@ -151,7 +151,7 @@ TEST_F(LibraryLoad, HasNothingToCleanUpIfTheSingletonWasNotUsed)
     mzSetSingletonObserver(noteSingleton);
     singletonEvents.clear();
     {
-        const Library library;
+        Library const library;
     }
     EXPECT_TRUE(singletonEvents.empty());
 }
@@ -160,17 +160,17 @@ TEST_F(LibraryLoad, IsToldOfAStartThatHasBeen)
 {
     mzComServerStateEventC::startServer();
     for (int round = 0; round < 2; ++round) {
-        const Library library;
-        EXPECT_EQ(knownClasses(), allClasses);
+        Library const library;
+        EXPECT_EQ(allClasses, knownClasses());
         mzComPtrT<proxyObjectC> const factory =
             proxyFactoryC::instance().create(mzIIDS("linquet.mathfactory"));
         ASSERT_TRUE(factory);
         mzComVariantC result;
         mzComPtrT<mzIException> exception;
         EXPECT_TRUE(factory->invokeByName("Create", proxyMethod, {"matrix4x4"}, result, exception));
-        EXPECT_STREQ(result.typeName().utf8(), "prxMatrix4x4C");
+        EXPECT_STREQ("prxMatrix4x4C", result.typeName().utf8());
     }
-    EXPECT_EQ(knownClasses(), Names());
+    EXPECT_EQ(Names(), knownClasses());
 }
 
 TEST_F(LibraryLoad, MemoryStaysLevelOverAThousandLoads)
