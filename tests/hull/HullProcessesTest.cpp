@@ -23,9 +23,9 @@ TEST(HullProcesses, GiveTheSameHulls)
 {
     // Addresses differ from process to process, and so do the seeds of hashes.
     std::string const first = hullHash("QT_HASH_SEED=1");
-    ASSERT_EQ(first.size(), 17u);
+    ASSERT_EQ(17u, first.size());
     for (int seed = 2; seed < 8; ++seed) {
-        EXPECT_EQ(hullHash("QT_HASH_SEED=" + std::to_string(seed)), first);
+        EXPECT_EQ(first, hullHash("QT_HASH_SEED=" + std::to_string(seed)));
     }
-    EXPECT_EQ(hullHash("MALLOC_ARENA_TEST=1 MALLOC_TOP_PAD_=4096 MALLOC_PERTURB_=85"), first);
+    EXPECT_EQ(first, hullHash("MALLOC_ARENA_TEST=1 MALLOC_TOP_PAD_=4096 MALLOC_PERTURB_=85"));
 }

@@ -4,8 +4,10 @@
 #include <rapidcheck/gtest.h>
 
 #include <map>
+#include <set>
 #include <thread>
 #include <tuple>
+#include <vector>
 
 namespace {
 
@@ -37,12 +39,6 @@ double volumeOf(std::vector<HullTriangle> const &triangles)
     return volume;
 }
 
-bool isGeneral(Cloud kind)
-{
-    return kind == Cloud::Ball || kind == Cloud::Cube || kind == Cloud::Sphere ||
-           kind == Cloud::Gauss;
-}
-
 } // namespace
 
 RC_GTEST_PROP(HullProperty, ContainsItsPointsAndIsClosed, ())
@@ -50,7 +46,6 @@ RC_GTEST_PROP(HullProperty, ContainsItsPointsAndIsClosed, ())
     Cloud const kind = *rc::gen::element(Cloud::Ball, Cloud::Cube, Cloud::Sphere, Cloud::Gauss);
     int const count = *rc::gen::inRange(4, 600);
     Points3 const points = makeCloud(kind, count, *rc::gen::arbitrary<unsigned>());
-    RC_ASSERT(isGeneral(kind));
     ConvexHullBuilderC builder(points);
     RC_ASSERT(builder.buildHull());
     RC_ASSERT(builder.dimension() == 3);
@@ -121,6 +116,45 @@ RC_GTEST_PROP(HullProperty, PlanarHullHasTheAreaOfThePolygon, ())
     RC_ASSERT(std::abs(spatialArea - area * std::sqrt(6.0)) < 1e-6); // z = 2x + y
 }
 
+/// Vertices are the corners of the triangles that have all other points on one side. In whole
+/// numbers every product is exact.
+RC_GTEST_PROP(HullProperty, VerticesMatchBruteForceInWholeNumbers, ())
+{
+    auto const coordinate = rc::gen::inRange(-50, 51);
+    auto const raw = *rc::gen::container<std::vector<std::tuple<int, int, int>>>(
+        std::size_t(*rc::gen::inRange(4, 13)), rc::gen::tuple(coordinate, coordinate, coordinate));
+    Points3 points;
+    for (auto const &[x, y, z] : raw) {
+        points.append({double(x), double(y), double(z)});
+    }
+    std::set<int> corners;
+    for (int i = 0; i < points.size(); ++i) {
+        for (int j = i + 1; j < points.size(); ++j) {
+            for (int k = j + 1; k < points.size(); ++k) {
+                int above = 0;
+                int below = 0;
+                for (int l = 0; l < points.size(); ++l) {
+                    vectorC3d<double> const normal =
+                        (points[j] - points[i]).cross(points[k] - points[i]);
+                    double const side = (points[l] - points[i]).dot(normal);
+                    RC_PRE(side != 0.0 || l == i || l == j || l == k); // four points of a plane
+                    above += side > 0.0;
+                    below += side < 0.0;
+                }
+                if (above == 0 || below == 0) {
+                    corners.insert({i, j, k});
+                }
+            }
+        }
+    }
+    ConvexHullBuilderC builder(points);
+    RC_ASSERT(builder.buildHull());
+    RC_ASSERT(builder.dimension() == 3);
+    QList<int> const indices = builder.hullVertexIndices();
+    RC_ASSERT(std::vector<int>(corners.begin(), corners.end()) ==
+              std::vector<int>(indices.begin(), indices.end()));
+}
+
 TEST(HullProperty, VolumeOfManyBallPointsNearsTheBall)
 {
     ConvexHullBuilderC builder(makeCloud(Cloud::Ball, 50000, 1));
@@ -145,6 +179,6 @@ TEST(HullProperty, SeparateBuildersWorkInParallel)
     }
     EXPECT_FALSE(results[0].isEmpty());
     for (QList<int> const &result : results) {
-        EXPECT_EQ(result, results[0]);
+        EXPECT_EQ(results[0], result);
     }
 }

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "LiteralHull.h"
+/// @file
+/// Clouds of points and what the tests ask of their hulls.
+
+#include "support/Bits.h"
 
 #include <OrvelMath/hull/ConvexHullBuilderC.h>
 
 #include <array>
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <random>
 #include <vector>
 
@@ -30,15 +31,16 @@ inline std::vector<HullTriangle> trianglesOf(ConvexHullBuilderC const &builder)
     return triangles;
 }
 
-/// The bits of the components: equal for equal vectors, NaN included.
-inline std::array<std::uint64_t, 3> bitsOf(vectorC3d<double> const &v)
+/// Equal to the last bit, component by component; any NaN equals any NaN.
+inline testing::AssertionResult SameBits(vectorC3d<double> const &expected,
+                                         vectorC3d<double> const &actual)
 {
-    std::array<std::uint64_t, 3> bits;
     for (int i = 0; i < 3; ++i) {
-        double const component = v[i];
-        std::memcpy(&bits[static_cast<std::size_t>(i)], &component, sizeof component);
+        if (!support::sameBits(expected[i], actual[i])) {
+            return support::SameBits(expected[i], actual[i]) << ", component " << i;
+        }
     }
-    return bits;
+    return testing::AssertionSuccess();
 }
 
 /// Twice the signed area of the triangle; positive when it runs counter-clockwise.

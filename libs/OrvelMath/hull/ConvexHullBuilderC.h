@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Convex hulls in the plane and in space.
+
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/vectorC.h>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// What a ConvexHullBuilderC holds.
-#pragma once
 
 #include <OrvelCore/runtime/PPrivateData.h>
 #include <OrvelMath/hull/ConvexHullBuilderC.h>

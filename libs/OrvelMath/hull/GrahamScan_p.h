@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Graham's scan and the records that it sees (Graham, 1972).
-#pragma once
 
 #include <OrvelMath/base/vectorC.h>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Triangles and half edges of a hull in space, and the vector algebra on them.
-#pragma once
 
 #include <OrvelCore/runtime/OrvelAllocatorT.h>
 #include <OrvelMath/base/vectorC.h>

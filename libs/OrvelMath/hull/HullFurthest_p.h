@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The point furthest from an axis or a plane.
-#pragma once
 
 #include <OrvelMath/hull/HullFace_p.h>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// What can be seen of a hull from a point outside of it.
-#pragma once
 
 #include <OrvelMath/hull/HullFace_p.h>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The hand-over of points to new faces.
-#pragma once
 
 #include <OrvelMath/hull/HullFace_p.h>
 

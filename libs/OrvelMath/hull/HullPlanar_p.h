@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The hull of points that lie in a plane of space.
-#pragma once
 
 #include <OrvelMath/hull/HullSurface_p.h>
 #include <OrvelMath/hull/HullWay_p.h>

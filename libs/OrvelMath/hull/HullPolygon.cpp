@@ -9,6 +9,9 @@ namespace {
 
 using Points = QVector<vectorC2d<double>>;
 
+/// Fewer points are sorted faster by their angles: the other sort has tables to fill.
+constexpr int manyPoints = 200;
+
 /// Index of the lexicographically smallest point, the first of equal ones; 0 without points.
 int startIndex(Points const &points)
 {
@@ -43,7 +46,7 @@ QList<PolarRecord> sortedRecords(Points const &points, int start)
 QList<int> hullPolygon(Points const &points, HullWay way)
 {
     int const start = startIndex(points);
-    if (way == HullWay::Quick) {
+    if (way == HullWay::Quick && points.size() >= manyPoints) {
         QList<int> hull;
         if (quickPolygon(points, start, hull)) {
             return hull;

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The convex polygon of points in the plane.
-#pragma once
 
 #include <OrvelMath/base/vectorC.h>
 #include <OrvelMath/hull/HullWay_p.h>

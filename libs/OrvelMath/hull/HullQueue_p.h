@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The order in which the faces of a hull are expanded.
-#pragma once
 
 #include <OrvelMath/hull/HullSurface_p.h>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The dimension of a point set, and the simplex from which its hull grows.
-#pragma once
 
 #include <OrvelMath/hull/HullSurface_p.h>
 #include <OrvelMath/hull/HullWay_p.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The faces and edges of a hull in space.
-#pragma once
 
 #include <OrvelMath/hull/HullFace_p.h>
 

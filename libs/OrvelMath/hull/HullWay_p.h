@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The two ways in which a hull is found.
-#pragma once
 
 /// Both ways give the same hull to the last bit; the tests compare them.
 enum class HullWay {

@@ -38,7 +38,7 @@ int main()
         }
         for (HullTriangle const &t : trianglesOf(builder)) {
             for (vectorC3d<double> const &v : {t.a, t.b, t.c, t.normal}) {
-                hash.add(bitsOf(v));
+                hash.add(std::array<double, 3>{v.x(), v.y(), v.z()});
             }
         }
     }

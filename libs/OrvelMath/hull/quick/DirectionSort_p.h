@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// A rough sort of points by their direction.
-#pragma once
 
 #include <OrvelMath/base/vectorC.h>
 

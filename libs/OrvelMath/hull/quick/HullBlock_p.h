@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// A block of points that look for their faces together.
-#pragma once
 
 #include <OrvelMath/hull/HullFace_p.h>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Four points of a hull in one step.
-#pragma once
 
 #include <OrvelMath/base/vectorC.h>
 #include <OrvelMath/engine/Lanes_p.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The searches for the corners of the simplex, four points in one step.
-#pragma once
 
 #include <OrvelMath/hull/HullFurthest_p.h>
 

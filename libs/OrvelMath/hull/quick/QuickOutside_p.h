@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The hand-over of points to new faces, many points at a time.
-#pragma once
 
 #include <OrvelMath/hull/HullFace_p.h>
 

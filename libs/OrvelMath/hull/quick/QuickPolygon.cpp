@@ -12,9 +12,6 @@ using Points = QVector<vectorC2d<double>>;
 /// Index of a record of which only the position is known.
 constexpr int undecided = -1;
 
-/// Below, sorting the angles themselves costs less than the tables of the other sort.
-constexpr int fewPoints = 200;
-
 /// How many points ahead one is fetched: far enough for the memory, and still in the nearest cache
 /// when its turn comes.
 constexpr std::size_t fetchDistance = 16;
@@ -70,7 +67,7 @@ bool addByDirection(Points const &points, int start, DirectionSort const &direct
 bool quickPolygon(Points const &points, int start, QList<int> &hull)
 {
     DirectionSort directions;
-    if (points.size() < fewPoints || !directions.sort(points, start)) {
+    if (!directions.sort(points, start)) {
         return false;
     }
     GrahamScan scan({points[start], 0.0, 0.0, start});

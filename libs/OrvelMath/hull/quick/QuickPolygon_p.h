@@ -1,13 +1,14 @@
+#pragma once
+
 /// @file
 /// The convex polygon of many points without the sort of all their angles.
-#pragma once
 
 #include <OrvelMath/base/vectorC.h>
 
 #include <QtCore/QList>
 #include <QtCore/QVector>
 
-/// Answers for 200 points or more what hullPolygon answers.
+/// Answers for at least one point what hullPolygon answers.
 ///
 /// Directions are sorted as whole numbers, see DirectionSort. Where two of them differ by enough,
 /// the angles differ by more than 1e-8 radians, in the same sense: such points are in the order of
@@ -17,6 +18,6 @@
 ///
 /// @param start index of the lexicographically smallest point
 /// @param hull  written only if the answer is true
-/// @return false if the answer can't be proven: there are few points, a point is no number or very
-///         far away, different points have equal records, or a corner is one of equal records
+/// @return false if the answer can't be proven: a point is no number or very far away, different
+///         points have equal records, or a corner is one of equal records
 bool quickPolygon(QVector<vectorC2d<double>> const &points, int start, QList<int> &hull);
