@@ -15,7 +15,7 @@ using Node = VolumeComparison::BinTreeNode<int>;
 using VolumeComparison::BinTreeBuilder;
 
 // Off the middle, so that no cell plane is a plane of symmetry.
-const Vector centre(4.03, 3.96, 4.01);
+Vector const centre(4.03, 3.96, 4.01);
 constexpr double radius = 2.3;
 constexpr double tube = 0.85;
 
@@ -42,9 +42,9 @@ void addTorus(BinTreeBuilder &builder)
 
 void drawCell(Panel &panel, Node const &cell)
 {
-    const Vec2 lo(cell.bounds.first.x(), cell.bounds.first.y());
-    const Vec2 hi(cell.bounds.second.x(), cell.bounds.second.y());
-    const std::vector<Vec2> corners{lo, {hi.x, lo.y}, hi, {lo.x, hi.y}};
+    Vec2 const lo(cell.bounds.first.x(), cell.bounds.first.y());
+    Vec2 const hi(cell.bounds.second.x(), cell.bounds.second.y());
+    std::vector<Vec2> const corners{lo, {hi.x, lo.y}, hi, {lo.x, hi.y}};
     if (!cell.outer()) {
         panel.area(corners, cell.boundary() ? Role::Result : Role::Accent, 0.45);
     }
@@ -81,7 +81,7 @@ void drawTorusTrees(SvgCanvas &canvas)
         addTorus(builder);
         builder.findOuterArea();
         builder.condense();
-        const quint64 bits = builder.exportBitVector().bitCount;
+        quint64 const bits = builder.exportBitVector().bitCount;
         Panel &panel = canvas.panel(std::to_string(cellsPerAxis) + " cells an axis\n" +
                                         std::to_string(bits) + " bits",
                                     {{-0.2, -0.2}, {8.2, 8.2}});

@@ -1,3 +1,6 @@
+/// @file
+/// Time, memory and numbers as text.
+
 #pragma once
 
 #include <chrono>

@@ -1,3 +1,6 @@
+/// @file
+/// A limit on what a file may make the program allocate.
+
 #pragma once
 
 #include <cstdint>

@@ -1,99 +1,27 @@
 #include "Report.h"
 
-#include "InputError.h"
-
-#include <QtCore/QByteArray>
-#include <QtCore/QSaveFile>
+#include <QtCore/QFile>
 #include <QtCore/QString>
 
-#include <algorithm>
-#include <cstdint>
-#include <numeric>
-#include <ostream>
+#include <stdexcept>
 
 namespace {
 
-constexpr std::size_t mostTrianglesShown = 300000;
-
-std::string replaced(std::string text, std::string const &mark, std::string const &value)
+QByteArray resource(char const *name)
 {
-    std::size_t const at = text.find(mark);
-    return at == std::string::npos ? text : text.replace(at, mark.size(), value);
+    QFile file(QStringLiteral(":/orvel-inspect/") + QLatin1String(name));
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw std::logic_error(std::string("no such part of the page: ") + name);
+    }
+    return file.readAll();
 }
 
-template <typename T>
-std::string base64(std::vector<T> const &values)
+QByteArray script(QByteArray const &text)
 {
-    QByteArray const raw = QByteArray::fromRawData(reinterpret_cast<char const *>(values.data()),
-                                                   int(values.size() * sizeof(T)));
-    return raw.toBase64().toStdString();
-}
-
-// Coordinates relative to the middle of the mesh and scaled to a unit, so that single precision is
-// enough for the eye.
-class Normalised
-{
-public:
-    explicit Normalised(Mesh const &mesh)
-        : m_middle((mesh.lowest + mesh.highest) / 2.0)
-        , m_scale((mesh.highest - mesh.lowest).length() / 2.0)
-    {
-        if (!(m_scale > 0.0)) {
-            m_scale = 1.0;
-        }
-    }
-    void append(std::vector<float> &out, vectorC3d<double> const &v) const
-    {
-        vectorC3d<double> const p = (v - m_middle) / m_scale;
-        for (int axis = 0; axis < 3; ++axis) {
-            out.push_back(float(p[axis]));
-        }
-    }
-
-private:
-    vectorC3d<double> m_middle;
-    double m_scale;
-};
-
-// Squared double area.
-double sizeOf(Mesh const &mesh, std::array<int, 3> const &t)
-{
-    vectorC3d<double> const a = mesh.vertices.at(t[0]);
-    return (mesh.vertices.at(t[1]) - a).cross(mesh.vertices.at(t[2]) - a).squaredLength();
-}
-
-// The triangles to be shown: all, or the largest ones in the order of the file.
-std::vector<std::size_t> shownTriangles(Mesh const &mesh)
-{
-    std::vector<std::size_t> shown(mesh.triangles.size());
-    std::iota(shown.begin(), shown.end(), std::size_t(0));
-    if (shown.size() > mostTrianglesShown) {
-        std::vector<double> sizes;
-        for (auto const &t : mesh.triangles) {
-            sizes.push_back(sizeOf(mesh, t));
-        }
-        auto const cut = shown.begin() + std::ptrdiff_t(mostTrianglesShown);
-        std::nth_element(shown.begin(), cut, shown.end(), [&](std::size_t a, std::size_t b) {
-            return sizes[a] != sizes[b] ? sizes[a] > sizes[b] : a < b;
-        });
-        shown.erase(cut, shown.end());
-        std::sort(shown.begin(), shown.end());
-    }
-    return shown;
+    return "<script>\n" + text + "\n</script>\n";
 }
 
 } // namespace
-
-void printTable(std::ostream &out, Table const &table)
-{
-    std::size_t width = 0;
-    for (auto const &row : table) {
-        width = std::max(width, row.first.size());
-    }
-    for (auto const &[name, value] : table) {
-        out << "  " << name << std::string(width + 2 - name.size(), ' ') << value << '\n';
-    }
-}
 
 std::string escapedHtml(std::string const &text)
 {
@@ -105,11 +33,14 @@ Report::Report(std::string title)
 {
 }
 
-void Report::addTable(std::string const &heading, Table const &table)
+void Report::addFacts(std::string const &heading, Facts const &facts)
 {
     std::string html = "<table>\n";
-    for (auto const &[name, value] : table) {
-        html += "<tr><th>" + escapedHtml(name) + "</th><td>" + escapedHtml(value) + "</td></tr>\n";
+    for (Fact const &fact : facts) {
+        if (!fact.text.empty()) {
+            html += "<tr><th scope=\"row\">" + escapedHtml(fact.label) + "</th><td>" +
+                    escapedHtml(fact.text) + "</td></tr>\n";
+        }
     }
     addSection(heading, html + "</table>\n");
 }
@@ -119,48 +50,34 @@ void Report::addSection(std::string const &heading, std::string const &html)
     m_body += "<section>\n<h2>" + escapedHtml(heading) + "</h2>\n" + html + "</section>\n";
 }
 
-void Report::addViews(Mesh const &mesh, std::vector<std::array<vectorC3d<double>, 3>> const &wire)
+void Report::addView(std::string const &heading, QByteArray const &json, std::string const &still,
+                     std::string const &note)
 {
-    Normalised const normalised(mesh);
-    std::vector<float> corners;
-    std::vector<std::size_t> const shown = shownTriangles(mesh);
-    for (std::size_t i : shown) {
-        for (int corner : mesh.triangles[i]) {
-            normalised.append(corners, mesh.vertices.at(corner));
-        }
-    }
-    std::vector<float> wireCorners;
-    for (auto const &triangle : wire) {
-        for (auto const &corner : triangle) {
-            normalised.append(wireCorners, corner);
-        }
-    }
-    std::string html = "<div class=\"views\">\n";
-    for (char const *const view : {"front", "side", "top", "turn"}) {
-        html += std::string("<figure><canvas data-view=\"") + view +
-                "\" width=\"640\" height=\"480\"></canvas><figcaption></figcaption></figure>\n";
-    }
-    html += "</div>\n<p>Grey: the mesh. Red: its convex hull. Drag the last picture to turn it, "
-            "roll the wheel to come nearer.</p>\n";
-    if (shown.size() < mesh.triangles.size()) {
-        html += "<p>Shown are the " + std::to_string(shown.size()) + " largest of " +
-                std::to_string(mesh.triangles.size()) + " triangles.</p>\n";
-    }
-    addSection("Mesh and hull", html);
-    m_script = "drawViews(\"" + base64(corners) + "\", \"" + base64(wireCorners) + "\");";
+    m_view = json;
+    addSection(heading,
+               "<div id=\"view\" hidden tabindex=\"0\" role=\"application\" aria-label=\"" +
+                   escapedHtml(heading) +
+                   ", a view that turns: arrow keys turn, plus and minus zoom, "
+                   "1 front, 2 side, 3 top, 0 from a corner\"></div>\n"
+                   "<div id=\"controls\" hidden></div>\n<figure id=\"still\">" +
+                   still +
+                   "<figcaption>A still picture: the view that turns needs WebGL and scripts."
+                   "</figcaption></figure>\n" +
+                   (note.empty() ? "" : "<p>" + escapedHtml(note) + "</p>\n"));
 }
 
-void Report::write(std::string const &path) const
+QByteArray Report::html() const
 {
-    std::string page = reportTemplate;
-    page = replaced(page, "<!--title-->", escapedHtml(m_title));
-    page = replaced(page, "<!--heading-->", escapedHtml(m_title));
-    page = replaced(page, "<!--body-->", m_body);
-    page = replaced(page, "/*views*/", m_script);
-
-    QSaveFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::WriteOnly) || file.write(page.data(), qint64(page.size())) < 0 ||
-        !file.commit()) {
-        throw InputError(path + ": " + file.errorString().toStdString());
+    QByteArray page = resource("reportTemplate.html");
+    page.replace("<!--title-->", QByteArray::fromStdString(escapedHtml(m_title)));
+    QByteArray scripts;
+    if (!m_view.isEmpty()) {
+        scripts = script(resource("three.min.js")) + script(resource("OrbitControls.js")) +
+                  script(resource("reportView.js") + "\norvelView(" + m_view + ");");
     }
+    // The two large parts go in at once, so that nothing in them is taken for a mark.
+    int const body = page.indexOf("<!--body-->");
+    int const code = page.indexOf("<!--scripts-->");
+    return page.left(body) + QByteArray::fromStdString(m_body) + page.mid(body + 11, code - body - 11) +
+           scripts + page.mid(code + 14);
 }

@@ -1,3 +1,6 @@
+/// @file
+/// Slices through trees of cells as pictures.
+
 #pragma once
 
 #include "VolumeTree.h"
@@ -19,7 +22,12 @@ struct SliceKind
     std::string colour;
 };
 
-/// Three slices across the middle of `content`, normal to x, y and z, as inline SVG with a legend.
-/// Cells that a slice does not cross are left out.
+/// Three slices across `content`, normal to its axes and with `up` upwards, as inline SVG with a
+/// legend. Each lies where most cells that don't belong to the most frequent kind are crossed, the
+/// one nearest to the middle among equals. Cells that a slice does not cross are left out.
 std::string slicePictures(std::vector<SliceCell> const &cells, std::vector<SliceKind> const &kinds,
-                          Box const &content);
+                          Box const &content, int up);
+
+/// The same slices side by side as an SVG document.
+std::string sliceDocument(std::vector<SliceCell> const &cells, std::vector<SliceKind> const &kinds,
+                          Box const &content, int up);

@@ -1,7 +1,7 @@
 #include "Spacing.h"
 
-#include "InputError.h"
 #include "Measure.h"
+#include "errors.h"
 
 #include <OrvelCore/runtime/PRefPtr.h>
 #include <OrvelMath/base/Point3D.h>
@@ -26,8 +26,8 @@ double const noLimit = std::numeric_limits<double>::infinity();
 std::vector<Point3D> shuffledPlaces(Mesh const &mesh)
 {
     std::vector<Point3D> points;
-    points.reserve(static_cast<std::size_t>(mesh.vertices.size()));
-    for (vectorC3d<double> const &v : mesh.vertices) {
+    points.reserve(mesh.vertices.size());
+    for (Vector const &v : mesh.vertices) {
         points.emplace_back(v);
     }
     auto const isBefore = [](Point3D const &a, Point3D const &b) {
@@ -42,17 +42,27 @@ std::vector<Point3D> shuffledPlaces(Mesh const &mesh)
     return points;
 }
 
-/// Lowers each distance to that of the nearest point among those that stand before it.
-template <typename Iterator, typename Distance>
-void lowerToNearestBefore(Iterator begin, Iterator end, Distance distance)
+constexpr std::size_t allUpTo = 200000;
+constexpr std::size_t sampleSize = 50000;
+
+/// Lowers the distance of each point behind `first` to that of the nearest point among those that
+/// stand before it.
+template <typename Iterator>
+void lowerToNearestBefore(Iterator begin, Iterator end, std::size_t first,
+                          std::vector<double> &distances, bool backwards)
 {
     PRefPtr<Point3DLookupC> const lookup(new Point3DLookupC);
-    for (Iterator p = begin; p != end; ++p, ++distance) {
-        auto const nearest = lookup->findNearest(*p, *distance);
-        if (nearest.second) {
-            *distance = std::min(*distance, (nearest.first - *p).Length());
+    std::size_t const count = std::size_t(end - begin);
+    for (std::size_t i = 0; i < count; ++i) {
+        Point3D const &p = begin[std::ptrdiff_t(i)];
+        if (i >= first) {
+            double &distance = distances[backwards ? count - 1 - i : i - first];
+            auto const nearest = lookup->findNearest(p, distance);
+            if (nearest.second) {
+                distance = std::min(distance, (nearest.first - p).Length());
+            }
         }
-        lookup->insert(*p);
+        lookup->insert(p);
     }
 }
 
@@ -71,28 +81,41 @@ int classOf(double spacing, double smallest, double largest)
 
 } // namespace
 
-std::vector<double> vertexSpacings(Mesh const &mesh)
+Spacings vertexSpacings(Mesh const &mesh, Progress &progress)
 {
     std::vector<Point3D> const points = shuffledPlaces(mesh);
-    std::vector<double> spacings(points.size(), noLimit);
+    Spacings spacings;
+    spacings.places = points.size();
     if (points.size() < 2) {
-        return {};
+        return spacings;
     }
-    // The nearest other point stands before or behind: once along the list, once against it.
-    lowerToNearestBefore(points.begin(), points.end(), spacings.begin());
-    lowerToNearestBefore(points.rbegin(), points.rend(), spacings.rbegin());
-    std::sort(spacings.begin(), spacings.end());
+    // The nearest other point of those at the end of the list stands before them all, or is one of
+    // them: once along the list, once against it.
+    std::size_t const asked = points.size() > allUpTo ? sampleSize : points.size();
+    std::vector<double> &distances = spacings.sorted;
+    distances.assign(asked, noLimit);
+    lowerToNearestBefore(points.begin(), points.end(), points.size() - asked, distances, false);
+    progress.show(0.7);
+    lowerToNearestBefore(points.rbegin(), points.rbegin() + std::ptrdiff_t(asked), 0, distances,
+                         true);
+    std::sort(distances.begin(), distances.end());
     return spacings;
 }
 
-Table spacingTable(std::vector<double> const &spacings)
+Facts spacingFacts(Spacings const &spacings)
 {
-    if (spacings.empty()) {
+    std::vector<double> const &sorted = spacings.sorted;
+    if (sorted.empty()) {
         return {};
     }
-    return {{"smallest vertex spacing", numberText(spacings.front())},
-            {"median vertex spacing", numberText(spacings[spacings.size() / 2])},
-            {"largest vertex spacing", numberText(spacings.back())}};
+    Facts facts{numberFact("smallestSpacing", "smallest vertex spacing", sorted.front()),
+                numberFact("medianSpacing", "median vertex spacing", sorted[sorted.size() / 2]),
+                numberFact("largestSpacing", "largest vertex spacing", sorted.back())};
+    if (sorted.size() < spacings.places) {
+        facts.push_back(countFact("spacingSample", "spacings measured", sorted.size()));
+        facts.back().text += " of " + std::to_string(spacings.places) + ", drawn at random";
+    }
+    return facts;
 }
 
 std::string spacingPicture(std::vector<double> const &spacings)
@@ -132,25 +155,33 @@ std::string spacingPicture(std::vector<double> const &spacings)
     return svg.str();
 }
 
-Table nearestTable(Mesh const &mesh, std::string const &place)
+Vector placeOf(std::string const &text)
 {
-    QStringList const parts = QString::fromStdString(place).split(QLatin1Char(','));
-    double c[3] = {0.0, 0.0, 0.0};
+    QStringList const parts = QString::fromStdString(text).split(QLatin1Char(','));
+    Vector place;
     bool good = parts.size() == 3;
     for (int i = 0; i < 3 && good; ++i) {
-        c[i] = parts[i].toDouble(&good);
-        good = good && std::isfinite(c[i]);
+        place[i] = parts[i].toDouble(&good);
+        good = good && std::isfinite(place[i]);
     }
     if (!good) {
-        throw InputError("--nearest wants X,Y,Z, three numbers, and not " + place);
+        throw UsageError("--nearest wants X,Y,Z, three numbers, and not " + text);
+    }
+    return place;
+}
+
+Facts nearestFacts(Mesh const &mesh, std::string const &place)
+{
+    if (place.empty()) {
+        return {};
     }
     PRefPtr<Point3DLookupC> const lookup(new Point3DLookupC);
     for (Point3D const &p : shuffledPlaces(mesh)) {
         lookup->insert(p);
     }
-    Point3D const query(c[0], c[1], c[2]);
+    Point3D const query(placeOf(place));
     Point3D const nearest = lookup->findNearest(query, noLimit).first;
-    return {{"nearest vertex", numberText(nearest.x()) + ", " + numberText(nearest.y()) + ", " +
-                                   numberText(nearest.z())},
-            {"its distance", numberText((nearest - query).Length())}};
+    return {numbersFact("nearestVertex", "nearest vertex",
+                        {nearest.x(), nearest.y(), nearest.z()}),
+            numberFact("nearestDistance", "its distance", (nearest - query).Length())};
 }

@@ -1,8 +1,7 @@
 #include "VolumeTree.h"
 
-#include "InputError.h"
 #include "Measure.h"
-#include "Progress.h"
+#include "errors.h"
 #include "windingNumber.h"
 
 #include <algorithm>
@@ -64,8 +63,8 @@ double expectedBytes(Mesh const &mesh, Box const &cube, double resolution)
     double const cell = edgeOf(cube) / cellsPerEdge;
     double area = 0.0;
     for (auto const &t : mesh.triangles) {
-        vectorC3d<double> const a = mesh.vertices.at(t[0]);
-        area += (mesh.vertices.at(t[1]) - a).cross(mesh.vertices.at(t[2]) - a).length() / 2.0;
+        Vector const a = mesh.vertices[std::size_t(t[0])];
+        area += (mesh.vertices[std::size_t(t[1])] - a).cross(mesh.vertices[std::size_t(t[2])] - a).length() / 2.0;
     }
     return 2.0 * area / (cell * cell) * 4.0 * double(sizeof(Node));
 }
@@ -87,7 +86,7 @@ void forEachNode(Node const *top, Visit visit)
 
 double volumeOf(Node const &node)
 {
-    vectorC3d<double> const extent = node.bounds.second - node.bounds.first;
+    Vector const extent = node.bounds.second - node.bounds.first;
     return extent.x() * extent.y() * extent.z();
 }
 
@@ -112,7 +111,7 @@ bool fillCameInside(Mesh const &mesh, VolumeTree const &tree)
     constexpr std::size_t asked = 64;
     std::vector<Node const *> cells;
     forEachNode(tree.builder->root, [&](Node const &node) {
-        vectorC3d<double> const m = (node.bounds.first + node.bounds.second) * 0.5;
+        Vector const m = (node.bounds.first + node.bounds.second) * 0.5;
         if (node.isLeaf() && node.outer() && holds({mesh.lowest, mesh.highest}, {m, m})) {
             cells.push_back(&node);
         }
@@ -121,7 +120,7 @@ bool fillCameInside(Mesh const &mesh, VolumeTree const &tree)
     std::partial_sort(cells.begin(), cut, cells.end(),
                       [](Node const *a, Node const *b) { return volumeOf(*a) > volumeOf(*b); });
     return std::any_of(cells.begin(), cut, [&](Node const *node) {
-        vectorC3d<double> const m = (node->bounds.first + node->bounds.second) * 0.5;
+        Vector const m = (node->bounds.first + node->bounds.second) * 0.5;
         return std::fabs(windingNumber(mesh, m)) > 0.5;
     });
 }
@@ -143,16 +142,16 @@ Box boxAround(std::vector<Mesh const *> const &meshes)
 Box cubeFor(Box const &content, double resolution)
 {
     if (!(resolution > 0.0) || std::isinf(resolution)) {
-        throw InputError("--resolution: not a positive number");
+        throw UsageError("--resolution: not a positive number");
     }
-    vectorC3d<double> const extent = content.second - content.first;
+    Vector const extent = content.second - content.first;
     double const longest = std::max({extent.x(), extent.y(), extent.z()});
     double const half = longest * 0.5 + 5.0 * resolution; // a cell is below two resolutions
     // Off the middle by odd parts of a cell: a face that lies in a plane between two cells to the
     // last bit may be lost to both by rounding, and parts of a model often lie at round fractions.
-    vectorC3d<double> const offset = vectorC3d<double>(0.23713, 0.31127, 0.17291) * resolution;
-    vectorC3d<double> const middle = (content.first + content.second) * 0.5 + offset;
-    vectorC3d<double> const reach(half, half, half);
+    Vector const offset = Vector(0.23713, 0.31127, 0.17291) * resolution;
+    Vector const middle = (content.first + content.second) * 0.5 + offset;
+    Vector const reach(half, half, half);
     Box const cube{middle - reach, middle + reach};
 
     double farthest = 0.0;
@@ -161,42 +160,39 @@ Box cubeFor(Box const &content, double resolution)
     }
     if (!std::isfinite(farthest) ||
         resolution < 1e3 * std::numeric_limits<double>::epsilon() * farthest) {
-        throw InputError("--resolution " + numberText(resolution) +
+        throw UsageError("--resolution " + numberText(resolution) +
                          ": finer than the coordinates can tell apart");
     }
     if (resolution > longest * 0.5 || !constructionEnds(cube, resolution, content)) {
-        throw InputError("--resolution " + numberText(resolution) +
+        throw UsageError("--resolution " + numberText(resolution) +
                          ": too coarse, the longest extent is only " + numberText(longest));
     }
     return cube;
 }
 
-VolumeTree treeOf(Mesh const &mesh, Box const &cube, Box const &content, double resolution)
+VolumeTree treeOf(Mesh const &mesh, Box const &cube, Box const &content, double resolution,
+                  Progress &progress, double end)
 {
     double const needed = expectedBytes(mesh, cube, resolution);
     if (needed > 0.7 * double(sysconf(_SC_PHYS_PAGES)) * double(sysconf(_SC_PAGESIZE))) {
-        throw InputError("--resolution " + numberText(resolution) + ": too fine, the tree of " +
+        throw UsageError("--resolution " + numberText(resolution) + ": too fine, the tree of " +
                          mesh.name + " would take about " + sizeText(needed));
     }
     Stopwatch const watch;
     VolumeTree tree;
     tree.builder = std::make_unique<BinTreeBuilder>(cube, resolution, content);
-    {
-        ProgressBar bar("adding triangles");
-        double done = 0.0;
-        for (auto const &t : mesh.triangles) {
-            tree.builder->addTriangle(mesh.vertices.at(t[0]), mesh.vertices.at(t[1]),
-                                      mesh.vertices.at(t[2]));
-            done += 1.0;
-            bar.show(done / double(mesh.triangles.size()));
+    progress.stage("adding triangles of " + mesh.name, 0.8 * end);
+    for (std::size_t i = 0; i < mesh.triangles.size(); ++i) {
+        Corners const c = mesh.corners(mesh.triangles[i]);
+        tree.builder->addTriangle(c[0], c[1], c[2]);
+        if (i % 256 == 0) {
+            progress.show(double(i) / double(mesh.triangles.size()));
         }
     }
-    {
-        ProgressClock const clock("finding the outside");
-        tree.builder->findOuterArea();
-        sumUp(tree);
-        tree.builder->condense();
-    }
+    progress.stage("finding the outside of " + mesh.name, end);
+    tree.builder->findOuterArea();
+    sumUp(tree);
+    tree.builder->condense();
     tree.seconds = watch.seconds();
     if (tree.enclosed.count == 0) {
         tree.closed = "no: it encloses no cell at this resolution";

@@ -1,6 +1,10 @@
+/// @file
+/// The tree of a mesh's volume.
+
 #pragma once
 
 #include "Mesh.h"
+#include "Progress.h"
 
 #include <OrvelMath/volume/BinTreeBuilder.h>
 
@@ -10,9 +14,6 @@
 #include <utility>
 #include <vector>
 
-/// Minimum corner and maximum corner.
-using Box = std::pair<vectorC3d<double>, vectorC3d<double>>;
-
 /// The smallest box around some meshes.
 Box boxAround(std::vector<Mesh const *> const &meshes);
 
@@ -20,7 +21,7 @@ Box boxAround(std::vector<Mesh const *> const &meshes);
 /// margin, so that the fill begins outside. Its cells have edges from `resolution` up to below
 /// twice that.
 ///
-/// Throws InputError when `resolution` is no positive number, so coarse that no tree can be built
+/// Throws UsageError when `resolution` is no positive number, so coarse that no tree can be built
 /// (the library's constructor would not return), or finer than the coordinates.
 Box cubeFor(Box const &content, double resolution);
 
@@ -43,7 +44,8 @@ struct VolumeTree
     std::string closed; ///< "yes", or "no" and why
 };
 
-/// Builds the tree of a mesh in `cube`, showing a progress bar on a terminal.
+/// Builds the tree of a mesh in `cube`. Takes the bar's stages up to `end`.
 ///
-/// Throws InputError when the tree would need more memory than the machine has.
-VolumeTree treeOf(Mesh const &mesh, Box const &cube, Box const &content, double resolution);
+/// Throws UsageError when the tree would need more memory than the machine has.
+VolumeTree treeOf(Mesh const &mesh, Box const &cube, Box const &content, double resolution,
+                  Progress &progress, double end);

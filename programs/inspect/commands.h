@@ -1,17 +1,48 @@
+/// @file
+/// The commands of orvel-inspect.
+
 #pragma once
+
+#include "Listing.h"
+#include "MeshReader.h"
+#include "Outputs.h"
 
 #include <CLI/CLI.hpp>
 
-// Each command adds its options to the program and runs in the callback that it sets. Bad input is
-// thrown as InputError.
+#include <functional>
+#include <string>
 
-/// `orvel-inspect MESH`: a table and a page on a mesh and its convex hull.
-void addHullCommand(CLI::App &app);
+/// What all commands take.
+struct CommonOptions
+{
+    ReadOptions read;
+    Listing::Form form = Listing::Form::table;
+    std::string report; ///< empty for none
+};
 
-/// `orvel-inspect volume MESH --resolution R`: the tree of the mesh's volume, its bits in a file, a
-/// table and a page with slices.
-void addVolumeCommand(CLI::App &app);
+/// Adds the options that all commands take; `options` outlives the app.
+void addCommonOptions(CLI::App &app, CommonOptions &options);
+/// Adds `--json`, `--csv` and `--quiet` alone.
+void addListingOptions(CLI::App &app, CommonOptions &options);
 
-/// `orvel-inspect compare A B --resolution R`: the volume that two meshes share and that only one
-/// of them has, and a page with slices.
-void addCompareCommand(CLI::App &app);
+/// Says on standard error what was lost on the way in.
+void warnOf(Mesh const &mesh, std::string const &path);
+/// Throws InputError for a point cloud.
+void refuseWithoutTriangles(Mesh const &mesh);
+/// The facts with the file and the warnings before them, for programs.
+Facts withFile(Facts const &facts, std::string const &path, Mesh const &mesh);
+
+/// The work of a command, to be done after parsing; returns the exit code.
+using Work = std::function<int()>;
+
+/// `orvel-inspect MESH...`: what meshes and their convex hulls are like.
+Work addMeshCommand(CLI::App &app);
+
+/// `orvel-inspect volume MESH`: the tree of the mesh's volume, as figures, pictures and bits.
+Work addVolumeCommand(CLI::App &command);
+
+/// `orvel-inspect compare A B`: the volume that two meshes share and that only one of them has.
+Work addCompareCommand(CLI::App &command);
+
+/// `orvel-inspect bits FILE`: what a file holds that `volume --bits` wrote.
+Work addBitsCommand(CLI::App &command);

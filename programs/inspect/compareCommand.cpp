@@ -1,12 +1,15 @@
 #include "commands.h"
 
+#include "CommandLine.h"
+#include "Deviation.h"
 #include "Measure.h"
 #include "Report.h"
+#include "Resolution.h"
 #include "SlicePictures.h"
 #include "VolumeTree.h"
+#include "exportMesh.h"
 
 #include <algorithm>
-#include <iostream>
 #include <memory>
 
 namespace {
@@ -15,19 +18,65 @@ using Node = VolumeComparison::BinTreeNode<int>;
 
 struct Options
 {
+    CommonOptions common;
     std::string meshes[2];
-    double resolution = 0.0;
-    bool resolutionGiven = false;
-    std::string report = "report.html";
+    Resolution resolution;
+    std::string difference;
 };
 
-enum Kind { common, onlyInFirst, onlyInSecond };
+enum Kind { common, onlyInFirst, onlyInSecond, unsure };
+
+// What is known of a volume.
+struct Range
+{
+    double below = 0.0;
+    double above = 0.0;
+
+    void add(double volume, bool surely, bool maybe)
+    {
+        below += surely ? volume : 0.0;
+        above += maybe ? volume : 0.0;
+    }
+};
 
 struct Comparison
 {
-    double volumes[3] = {0.0, 0.0, 0.0}; ///< by kind
-    std::vector<SliceCell> cells;        ///< those in either volume
+    Range ranges[3];              ///< by kind
+    std::vector<SliceCell> cells; ///< those in either volume
 };
+
+double volumeOf(Node const &node)
+{
+    Vector const extent = node.bounds.second - node.bounds.first;
+    return extent.x() * extent.y() * extent.z();
+}
+
+// A leaf of either tree over one piece of space. An enclosed cell is inside for sure, an outer one
+// outside; a surface cell may hold both.
+void addPiece(Comparison &result, Node const *a, Node const *b)
+{
+    Node const *const smaller = volumeOf(*a) < volumeOf(*b) ? a : b;
+    double const volume = volumeOf(*smaller);
+    auto const surely = [](Node const *n) { return !n->outer() && !n->boundary(); };
+    auto const maybe = [](Node const *n) { return !n->outer(); };
+    auto const surelyNot = [](Node const *n) { return n->outer(); };
+    auto const maybeNot = [](Node const *n) { return n->outer() || n->boundary(); };
+    result.ranges[common].add(volume, surely(a) && surely(b), maybe(a) && maybe(b));
+    result.ranges[onlyInFirst].add(volume, surely(a) && surelyNot(b), maybe(a) && maybeNot(b));
+    result.ranges[onlyInSecond].add(volume, surely(b) && surelyNot(a), maybe(b) && maybeNot(a));
+    if (a->outer() && b->outer()) {
+        return;
+    }
+    Kind kind = common;
+    if (a->boundary() != b->boundary() && !a->outer() && !b->outer()) {
+        kind = unsure;
+    } else if (a->outer()) {
+        kind = onlyInSecond;
+    } else if (b->outer()) {
+        kind = onlyInFirst;
+    }
+    result.cells.push_back({smaller->bounds, kind});
+}
 
 // Walks two trees of one box side by side; where one of them has a leaf, that leaf stands for all
 // cells below the other's node.
@@ -38,88 +87,147 @@ Comparison compare(Node const *first, Node const *second)
     while (!open.empty()) {
         auto const [a, b] = open.back();
         open.pop_back();
-        if (!a->isLeaf() || !b->isLeaf()) {
-            for (int side = 0; side < 2; ++side) {
-                open.emplace_back(a->isLeaf() ? a : a->children[side],
-                                  b->isLeaf() ? b : b->children[side]);
-            }
+        if (a->isLeaf() && b->isLeaf()) {
+            addPiece(result, a, b);
             continue;
         }
-        if (a->outer() && b->outer()) {
-            continue;
+        for (int side = 0; side < 2; ++side) {
+            open.emplace_back(a->isLeaf() ? a : a->children[side],
+                              b->isLeaf() ? b : b->children[side]);
         }
-        Kind const kind = a->outer() ? onlyInSecond : b->outer() ? onlyInFirst : common;
-        // The cells nest, so the smaller one is what the two have in common.
-        vectorC3d<double> const extentA = a->bounds.second - a->bounds.first;
-        vectorC3d<double> const extentB = b->bounds.second - b->bounds.first;
-        double const volumeA = extentA.x() * extentA.y() * extentA.z();
-        double const volumeB = extentB.x() * extentB.y() * extentB.z();
-        result.volumes[kind] += volumeA < volumeB ? volumeA : volumeB;
-        result.cells.push_back({volumeA < volumeB ? a->bounds : b->bounds, kind});
     }
     return result;
 }
 
-Table tableOf(Options const &options, VolumeTree const (&trees)[2], Comparison const &found)
+void addRange(Facts &facts, std::string const &key, std::string const &label, Range const &range)
 {
-    double const all =
-        found.volumes[common] + found.volumes[onlyInFirst] + found.volumes[onlyInSecond];
-    return {{"resolution", numberText(options.resolution)},
-            {"common volume", numberText(found.volumes[common])},
-            {"only in A", numberText(found.volumes[onlyInFirst])},
-            {"only in B", numberText(found.volumes[onlyInSecond])},
-            {"intersection over union", numberText(found.volumes[common] / all)},
-            {"A closed", trees[0].closed},
-            {"B closed", trees[1].closed},
-            {"time", timeText(trees[0].seconds + trees[1].seconds)},
-            {"peak memory", sizeText(peakMemory())}};
+    facts.push_back({key + "Below", label, range.below,
+                     numberText(range.below) + " to " + numberText(range.above)});
+    facts.push_back({key + "Above", label + " at most", range.above, ""});
 }
 
-void run(Options options)
+// The common volume over that of both together.
+Range overUnion(Comparison const &found)
 {
-    Mesh const meshes[2] = {readMesh(options.meshes[0]), readMesh(options.meshes[1])};
-    Box const content = boxAround({&meshes[0], &meshes[1]});
-    if (!options.resolutionGiven) {
-        vectorC3d<double> const extent = content.second - content.first;
-        options.resolution = std::max({extent.x(), extent.y(), extent.z()}) / 128.0;
-    }
-    Box const cube = cubeFor(content, options.resolution);
-    VolumeTree const trees[2] = {treeOf(meshes[0], cube, content, options.resolution),
-                                 treeOf(meshes[1], cube, content, options.resolution)};
-    Comparison const found = compare(trees[0].builder->root, trees[1].builder->root);
-    Table const table = tableOf(options, trees, found);
+    Range const &both = found.ranges[common];
+    Range const &a = found.ranges[onlyInFirst];
+    Range const &b = found.ranges[onlyInSecond];
+    auto const ratio = [](double part, double rest) {
+        return part > 0.0 ? part / (part + rest) : 0.0;
+    };
+    return {ratio(both.below, a.above + b.above), ratio(both.above, a.below + b.below)};
+}
 
-    std::string const title = meshes[0].name + " and " + meshes[1].name;
-    Report report(title);
-    report.addTable("A: " + meshes[0].name + ", B: " + meshes[1].name, table);
+void addDeviation(Facts &facts, std::string const &key, std::string const &label,
+                  Deviation const &deviation, std::string const &unit)
+{
+    Fact const at = numbersFact(key + "At", "", {deviation.at.x(), deviation.at.y(),
+                                                 deviation.at.z()});
+    facts.push_back(numberFact(key, label, deviation.distance, unit));
+    facts.back().text += " at " + at.text;
+    facts.push_back({at.key, "its place", at.value, ""});
+}
+
+Facts factsOf(Mesh const (&meshes)[2], double resolution, VolumeTree const (&trees)[2],
+              Comparison const &found)
+{
+    Facts facts{numberFact("resolution", "resolution", resolution, meshes[0].unit)};
+    addRange(facts, "common", "common volume", found.ranges[common]);
+    addRange(facts, "onlyA", "only in A", found.ranges[onlyInFirst]);
+    addRange(facts, "onlyB", "only in B", found.ranges[onlyInSecond]);
+    addRange(facts, "overUnion", "intersection over union", overUnion(found));
+    addDeviation(facts, "deviationA", "largest deviation of A from B",
+                 deviationFrom(meshes[0], meshes[1]), meshes[0].unit);
+    addDeviation(facts, "deviationB", "largest deviation of B from A",
+                 deviationFrom(meshes[1], meshes[0]), meshes[0].unit);
+    facts.push_back(textFact("closedA", "A closed", trees[0].closed));
+    facts.push_back(textFact("closedB", "B closed", trees[1].closed));
+    double const seconds = trees[0].seconds + trees[1].seconds;
+    facts.push_back({"seconds", "time", seconds, timeText(seconds)});
+    facts.push_back({"peakMemory", "peak memory", peakMemory(), sizeText(peakMemory())});
+    return facts;
+}
+
+QByteArray pageOf(Mesh const (&meshes)[2], Facts const &facts, Comparison const &found,
+                  Box const &content)
+{
+    Report report(meshes[0].name + " and " + meshes[1].name);
+    report.addFacts("A: " + meshes[0].name + ", B: " + meshes[1].name, facts);
     report.addSection("Slices", slicePictures(found.cells,
                                               {{"in both", "#8d99ae"},
                                                {"only in A: " + meshes[0].name, "#c0392b"},
-                                               {"only in B: " + meshes[1].name, "#2a6f97"}},
-                                              content));
-    report.write(options.report);
+                                               {"only in B: " + meshes[1].name, "#2a6f97"},
+                                               {"surface of one of them", "#d9b44a"}},
+                                              content, meshes[0].up));
+    return report.html();
+}
 
-    std::cout << "A: " << meshes[0].name << "\nB: " << meshes[1].name << '\n';
-    printTable(std::cout, table);
-    std::cout << "report: " << options.report << '\n';
+QByteArray differenceOf(Comparison const &found, std::string const &path)
+{
+    std::vector<Box> boxes;
+    for (SliceCell const &cell : found.cells) {
+        if (cell.kind == onlyInFirst || cell.kind == onlyInSecond) {
+            boxes.push_back(cell.bounds);
+        }
+    }
+    return exported(boxesMesh(boxes), path);
+}
+
+int run(Options options)
+{
+    Outputs outputs;
+    outputs.addInput(options.meshes[0]);
+    outputs.addInput(options.meshes[1]);
+    outputs.announce(options.common.report);
+    outputs.announce(options.difference);
+    refuseUnknownFormats({options.difference});
+    Progress progress;
+    Mesh const meshes[2] = {readMesh(options.meshes[0], options.common.read, progress, 0.1),
+                            readMesh(options.meshes[1], options.common.read, progress, 0.2)};
+    for (Mesh const &mesh : meshes) {
+        refuseWithoutTriangles(mesh);
+    }
+    Box const content = boxAround({&meshes[0], &meshes[1]});
+    double const resolution = options.resolution.sizeFor(content);
+    Box const cube = cubeFor(content, resolution);
+    VolumeTree const trees[2] = {treeOf(meshes[0], cube, content, resolution, progress, 0.5),
+                                 treeOf(meshes[1], cube, content, resolution, progress, 0.8)};
+    progress.stage("comparing", 1.0);
+    Comparison const found = compare(trees[0].builder->root, trees[1].builder->root);
+    Facts const facts = factsOf(meshes, resolution, trees, found);
+
+    if (!options.common.report.empty()) {
+        outputs.put(options.common.report, pageOf(meshes, facts, found, content));
+    }
+    if (!options.difference.empty()) {
+        outputs.put(options.difference, differenceOf(found, options.difference));
+    }
+    outputs.write();
+    Progress::erase();
+    Listing listing(outputs.usesStandardOutput() ? Listing::Form::none : options.common.form);
+    Facts all{{"fileA", "A", QString::fromStdString(options.meshes[0]), ""},
+              {"fileB", "B", QString::fromStdString(options.meshes[1]), ""}};
+    all.insert(all.end(), facts.begin(), facts.end());
+    warnOf(meshes[0], options.meshes[0]);
+    warnOf(meshes[1], options.meshes[1]);
+    listing.add("A: " + meshes[0].name + "\nB: " + meshes[1].name, all);
+    listing.end();
+    return 0;
 }
 
 } // namespace
 
-void addCompareCommand(CLI::App &app)
+Work addCompareCommand(CLI::App &command)
 {
     auto const options = std::make_shared<Options>();
-    CLI::App *const command =
-        app.add_subcommand("compare", "what the volumes of two closed meshes have in common");
-    command->add_option("A", options->meshes[0], "the first mesh")->required();
-    command->add_option("B", options->meshes[1], "the second mesh")->required();
-    CLI::Option const *const resolution =
-        command->add_option("--resolution", options->resolution,
-                            "smallest half extent of a cell that is still split, in units of the "
-                            "meshes; 1/128 of their longest extent unless given");
-    command->add_option("--report", options->report, "the page to write")->capture_default_str();
-    command->callback([options, resolution] {
-        options->resolutionGiven = resolution->count() > 0;
-        run(*options);
-    });
+    addCommonOptions(command, options->common);
+    command.add_option("A", options->meshes[0], "The first mesh")->required();
+    command.add_option("B", options->meshes[1], "The second mesh")->required();
+    options->resolution.addTo(command);
+    command
+        .add_option("--difference", options->difference,
+                    "Write the cells that only one of them has as boxes to this file (.obj, .ply, "
+                    ".stl, .glb, .gltf)")
+        ->type_name("PATH");
+    return [options] { return run(*options); };
 }

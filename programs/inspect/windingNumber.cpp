@@ -2,13 +2,14 @@
 
 #include <cmath>
 
-double windingNumber(Mesh const &mesh, vectorC3d<double> const &point)
+double windingNumber(Mesh const &mesh, Vector const &point)
 {
     double halfAngles = 0.0;
     for (auto const &t : mesh.triangles) {
-        vectorC3d<double> const a = mesh.vertices.at(t[0]) - point;
-        vectorC3d<double> const b = mesh.vertices.at(t[1]) - point;
-        vectorC3d<double> const c = mesh.vertices.at(t[2]) - point;
+        Corners const corners = mesh.corners(t);
+        Vector const a = corners[0] - point;
+        Vector const b = corners[1] - point;
+        Vector const c = corners[2] - point;
         double const la = a.length();
         double const lb = b.length();
         double const lc = c.length();

@@ -1,3 +1,6 @@
+/// @file
+/// How often a surface winds round a point.
+
 #pragma once
 
 #include "Mesh.h"
@@ -5,4 +8,4 @@
 /// How often the mesh's surface winds round a point, as the solid angle of its triangles over that
 /// of a sphere: 0 outside and 1 or -1 inside of a closed, consistently oriented surface, something
 /// between where it has gaps (Van Oosterom and Strackee 1983). Linear in the number of triangles.
-double windingNumber(Mesh const &mesh, vectorC3d<double> const &point);
+double windingNumber(Mesh const &mesh, Vector const &point);

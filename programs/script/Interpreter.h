@@ -1,3 +1,6 @@
+/// @file
+/// The interpreter that runs scripts.
+
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -6,6 +9,7 @@
 
 struct mrb_state;
 struct mrbc_context;
+struct Classes;
 
 /// A Ruby interpreter that knows the script classes of the process.
 ///
@@ -15,12 +19,13 @@ struct mrbc_context;
 /// |---|---|
 /// | `Orvel.factory` | a new "linquet.mathfactory" |
 /// | `Orvel.create("linquet.vector3d")` | a new object of a class, nil for an unknown one |
-/// | `Orvel::Error` | raised when a call is refused; the message names class, member and arguments
-/// |
+/// | `Orvel::Error` | raised when a call is refused; names class, member and arguments |
 ///
 /// On an object every name is a member: `v.len` and `v.x` call or read, `v.x(5)` calls, `v.x = 5`
 /// writes, `v.(1, 2, 3)` calls the object itself, its default member. A member that gives back its
-/// receiver gives the same Ruby object, so that calls chain.
+/// receiver gives the same Ruby object, so that calls chain. A frozen object refuses to be written.
+///
+/// No script crashes the host, whatever it redefines.
 class Interpreter
 {
 public:
@@ -43,4 +48,5 @@ public:
 private:
     mrb_state *m_mrb;
     mrbc_context *m_context;
+    std::unique_ptr<Classes> m_classes; ///< what the interpreter's user data points to
 };

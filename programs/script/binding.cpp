@@ -11,9 +11,11 @@
 #include <mruby/string.h>
 #include <mruby/variable.h>
 
-// A Ruby exception leaves a function by a long jump that runs no C++ destructor. So every function
-// here makes the exception object first, lets its C++ objects go at the end of a block, and raises
-// only then.
+#include <exception>
+
+// A Ruby exception leaves a function by a long jump that runs no C++ destructor, and a C++ exception
+// must not pass through the interpreter, which is C. So what may raise runs in `guarded`, which
+// gives an exception back as a value; the entry points raise it when no C++ object is left.
 namespace {
 
 using Object = mzComPtrT<mzIUnknown>;
@@ -23,24 +25,97 @@ void freeObject(mrb_state *, void *object)
     delete static_cast<Object *>(object);
 }
 
-const mrb_data_type objectType = {"Orvel::Object", freeObject};
+mrb_data_type const objectType = {"Orvel::Object", freeObject};
 
-RClass *orvelClass(mrb_state *mrb, char const *name)
+/// What a call gives: a value, or an exception to raise.
+struct Result
 {
-    return mrb_class_get_under(mrb, mrb_module_get(mrb, "Orvel"), name);
+    mrb_value value;
+    bool failed;
+};
+
+/// Runs `body`, which makes Ruby values and owns no C++ object, and gives back what it returns or
+/// raises.
+template <typename Body>
+Result guarded(mrb_state *mrb, Body &body)
+{
+    mrb_bool failed = false;
+    mrb_value const value = mrb_protect_error(
+        mrb, [](mrb_state *, void *data) { return (*static_cast<Body *>(data))(); }, &body,
+        &failed);
+    return {value, failed != 0};
 }
 
-/// The object that a Ruby value stands for, or null.
+/// The classes as they were defined: a script may give their names to something else.
+Classes const &classesOf(mrb_state *mrb)
+{
+    return *static_cast<Classes const *>(mrb->ud);
+}
+
+/// The object that a Ruby value stands for, or null: for values of other classes, and for what
+/// `allocate` or `dup` made without one.
 Object const *objectOf(mrb_state *mrb, mrb_value value)
 {
     return static_cast<Object const *>(mrb_data_check_get_ptr(mrb, value, &objectType));
 }
 
-mrb_value wrap(mrb_state *mrb, Object const &object)
+Result wrap(mrb_state *mrb, Object const &object)
 {
-    RData *data = mrb_data_object_alloc(mrb, orvelClass(mrb, "Object"), nullptr, &objectType);
-    data->data = new Object(object);
-    return mrb_obj_value(data);
+    auto body = [mrb] {
+        return mrb_obj_value(
+            mrb_data_object_alloc(mrb, classesOf(mrb).object, nullptr, &objectType));
+    };
+    Result const result = guarded(mrb, body);
+    if (!result.failed) {
+        DATA_PTR(result.value) = new Object(object);
+    }
+    return result;
+}
+
+Result textValue(mrb_state *mrb, QByteArray const &text)
+{
+    char const *const data = text.constData();
+    std::size_t const size = std::size_t(text.size());
+    auto body = [=] { return mrb_str_new(mrb, data, size); };
+    return guarded(mrb, body);
+}
+
+Result error(mrb_state *mrb, RClass *kind, QByteArray const &message)
+{
+    char const *const data = message.constData();
+    std::size_t const size = std::size_t(message.size());
+    auto body = [=] { return mrb_exc_new(mrb, kind, data, size); };
+    return {guarded(mrb, body).value, true};
+}
+
+Result refusal(mrb_state *mrb, QByteArray const &message)
+{
+    return error(mrb, classesOf(mrb).error, message);
+}
+
+Result noObject(mrb_state *mrb)
+{
+    return refusal(mrb, "there is no object behind this one: it was made by allocate or dup");
+}
+
+/// Runs `work`, in which C++ objects live, and raises what came of it once they are gone.
+template <typename Work>
+mrb_value entryPoint(mrb_state *mrb, Work const &work)
+{
+    Result result{mrb_nil_value(), false};
+    bool isOutOfMemory = false;
+    try {
+        result = work();
+    } catch (std::exception const &) {
+        isOutOfMemory = true;
+    }
+    if (isOutOfMemory) {
+        mrb_raise(mrb, mrb->eStandardError_class, "not enough memory");
+    }
+    if (result.failed) {
+        mrb_exc_raise(mrb, result.value);
+    }
+    return result.value;
 }
 
 /// False for a Ruby value that no member can take, such as an array.
@@ -64,25 +139,20 @@ bool toVariant(mrb_state *mrb, mrb_value value, mzComVariantC &variant)
 }
 
 /// The receiver itself where the member gave it back.
-mrb_value toRuby(mrb_state *mrb, mzComVariantC const &variant, mrb_value self)
+Result toRuby(mrb_state *mrb, mzComVariantC const &variant, mrb_value self)
 {
     if (variant.isDouble()) {
-        return mrb_float_value(mrb, variant.toDouble());
+        double const number = variant.toDouble();
+        auto body = [=] { return mrb_float_value(mrb, number); };
+        return guarded(mrb, body);
     }
     if (variant.isString()) {
-        const mzComStringC text = variant.toString();
-        return mrb_str_new(mrb, text.utf8(), std::size_t(text.bytes().size()));
+        return textValue(mrb, variant.toString().bytes());
     }
-    if (const Object object = variant.toObject()) {
-        return object == *objectOf(mrb, self) ? self : wrap(mrb, object);
+    if (Object const object = variant.toObject()) {
+        return object == *objectOf(mrb, self) ? Result{self, false} : wrap(mrb, object);
     }
-    return mrb_nil_value();
-}
-
-mrb_value makeError(mrb_state *mrb, mzComStringC const &message)
-{
-    return mrb_exc_new(mrb, orvelClass(mrb, "Error"), message.utf8(),
-                       std::size_t(message.bytes().size()));
+    return {mrb_nil_value(), false};
 }
 
 /// A member as a script names it.
@@ -106,28 +176,55 @@ Member memberOf(QByteArray const &rubyName, mrb_int argumentCount)
     return {rubyName, proxyMethod};
 }
 
-/// Calls a member. The result is the member's, or an exception to raise if `failed`.
-mrb_value invoke(mrb_state *mrb, mrb_value self, Member const &member, mrb_value const *arguments,
-                 mrb_int argumentCount, bool &failed)
+/// Whether a call changes its receiver: it writes a property, by assignment or by a method that has
+/// a property's name, or is the default member.
+bool changesReceiver(proxyObjectC &proxy, Member const &member, mrb_int argumentCount)
 {
-    failed = true;
+    if ((member.flags & proxyPropertyWrite) != 0 || member.name.bytes().isEmpty()) {
+        return true;
+    }
+    if (argumentCount == 0) {
+        return false;
+    }
+    proxyMemberDescListS const *const list = proxy.getProxyTypeInfo();
+    for (int i = 0; list->members[i].name != nullptr; ++i) {
+        if (list->members[i].kind == proxyPropertyRead &&
+            member.name.bytes() == list->members[i].name) {
+            return true;
+        }
+    }
+    return false;
+}
+
+Result invoke(mrb_state *mrb, mrb_value self, Member const &member, mrb_value const *arguments,
+              mrb_int argumentCount)
+{
+    Object const *const object = objectOf(mrb, self);
+    if (object == nullptr) {
+        return noObject(mrb);
+    }
     mzComVariantArrayC variants;
     for (mrb_int i = 0; i < argumentCount; ++i) {
         mzComVariantC variant;
         if (!toVariant(mrb, arguments[i], variant)) {
-            return makeError(mrb, mzComStringC("no member takes an argument of class ") +
-                                      mrb_obj_classname(mrb, arguments[i]));
+            return refusal(mrb, QByteArray("no member takes an argument of class ") +
+                                    mrb_obj_classname(mrb, arguments[i]));
         }
         variants.append(variant);
     }
     mzComPtrT<proxyObjectC> proxy;
-    if (!(*objectOf(mrb, self))->queryInterface(proxyObjectC::IID(), proxy)) {
-        return makeError(mrb, "the object has no members");
+    if (!(*object)->queryInterface(proxyObjectC::IID(), proxy)) {
+        return refusal(mrb, "the object has no members");
+    }
+    if (MRB_FROZEN_P(mrb_basic_ptr(self)) && changesReceiver(*proxy, member, argumentCount)) {
+        return error(mrb, classesOf(mrb).frozenError,
+                     "can't modify frozen " + describe(*object));
     }
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
-    failed = !proxy->invokeByName(member.name, member.flags, variants, result, exception);
-    return failed ? makeError(mrb, exception->message()) : toRuby(mrb, result, self);
+    return proxy->invokeByName(member.name, member.flags, variants, result, exception)
+               ? toRuby(mrb, result, self)
+               : refusal(mrb, exception->message().bytes());
 }
 
 mrb_value methodMissing(mrb_state *mrb, mrb_value self)
@@ -136,22 +233,18 @@ mrb_value methodMissing(mrb_state *mrb, mrb_value self)
     mrb_value const *arguments = nullptr;
     mrb_int argumentCount = 0;
     mrb_get_args(mrb, "n*", &symbol, &arguments, &argumentCount);
-    bool failed = false;
-    mrb_value result;
-    {
-        const Member member = memberOf(mrb_sym_name(mrb, symbol), argumentCount);
-        result = invoke(mrb, self, member, arguments, argumentCount, failed);
-    }
-    if (failed) {
-        mrb_exc_raise(mrb, result);
-    }
-    return result;
+    char const *const name = mrb_sym_name(mrb, symbol);
+    return entryPoint(mrb, [&] {
+        return invoke(mrb, self, memberOf(name, argumentCount), arguments, argumentCount);
+    });
 }
 
 mrb_value inspect(mrb_state *mrb, mrb_value self)
 {
-    const QByteArray text = describe(*objectOf(mrb, self));
-    return mrb_str_new(mrb, text.constData(), std::size_t(text.size()));
+    return entryPoint(mrb, [&] {
+        Object const *const object = objectOf(mrb, self);
+        return textValue(mrb, object != nullptr ? describe(*object) : "no object");
+    });
 }
 
 /// Two Ruby objects are equal if they stand for the same object.
@@ -159,14 +252,19 @@ mrb_value isEqual(mrb_state *mrb, mrb_value self)
 {
     mrb_value other = mrb_nil_value();
     mrb_get_args(mrb, "o", &other);
-    Object const *object = objectOf(mrb, other);
-    return mrb_bool_value(object != nullptr && *object == *objectOf(mrb, self));
+    Object const *const a = objectOf(mrb, self);
+    Object const *const b = objectOf(mrb, other);
+    bool const isSame = a != nullptr && b != nullptr ? *a == *b : mrb_obj_eq(mrb, self, other);
+    return mrb_bool_value(isSame);
 }
 
 mrb_value createObject(mrb_state *mrb, char const *identifier)
 {
-    mzComPtrT<proxyObjectC> const object = proxyFactoryC::instance().create(mzIIDS(identifier));
-    return object ? wrap(mrb, Object(object.get())) : mrb_nil_value();
+    return entryPoint(mrb, [&] {
+        mzComPtrT<proxyObjectC> const object =
+            proxyFactoryC::instance().create(mzIIDS(identifier));
+        return object ? wrap(mrb, Object(object.get())) : Result{mrb_nil_value(), false};
+    });
 }
 
 mrb_value create(mrb_state *mrb, mrb_value)
@@ -183,24 +281,32 @@ mrb_value factory(mrb_state *mrb, mrb_value)
 
 } // namespace
 
-void defineOrvel(mrb_state *mrb)
+Classes defineOrvel(mrb_state *mrb)
 {
-    RClass *orvel = mrb_define_module(mrb, "Orvel");
+    RClass *const orvel = mrb_define_module(mrb, "Orvel");
     mrb_define_module_function(mrb, orvel, "factory", factory, MRB_ARGS_NONE());
     mrb_define_module_function(mrb, orvel, "create", create, MRB_ARGS_REQ(1));
-    mrb_define_class_under(mrb, orvel, "Error", mrb_class_get(mrb, "StandardError"));
+    RClass *const error =
+        mrb_define_class_under(mrb, orvel, "Error", mrb_class_get(mrb, "StandardError"));
 
-    RClass *object = mrb_define_class_under(mrb, orvel, "Object", mrb->object_class);
+    RClass *const object = mrb_define_class_under(mrb, orvel, "Object", mrb->object_class);
     // The macro of mruby narrows an integer.
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_GCC("-Wconversion")
     MRB_SET_INSTANCE_TT(object, MRB_TT_DATA);
     QT_WARNING_POP
     mrb_undef_class_method(mrb, object, "new");
+    mrb_undef_class_method(mrb, object, "allocate");
     mrb_undef_method(mrb, object, "dup");
     mrb_undef_method(mrb, object, "clone");
     mrb_define_method(mrb, object, "method_missing", methodMissing, MRB_ARGS_ANY());
     mrb_define_method(mrb, object, "inspect", inspect, MRB_ARGS_NONE());
     mrb_define_method(mrb, object, "to_s", inspect, MRB_ARGS_NONE());
     mrb_define_method(mrb, object, "==", isEqual, MRB_ARGS_REQ(1));
+
+    Classes const classes{object, error, mrb_class_get(mrb, "FrozenError")};
+    for (RClass *const kept : {classes.object, classes.error, classes.frozenError}) {
+        mrb_gc_register(mrb, mrb_obj_value(kept));
+    }
+    return classes;
 }

@@ -38,9 +38,9 @@ QByteArray describe(mzComPtrT<mzIUnknown> const &object)
         return "object";
     }
     proxyMemberDescListS const *list = proxy->getProxyTypeInfo();
-    const QByteArray identifier =
+    QByteArray const identifier =
         list->objectIdentifier != nullptr ? list->objectIdentifier : list->name;
-    const QByteArray name = identifier.mid(identifier.lastIndexOf('.') + 1);
+    QByteArray const name = identifier.mid(identifier.lastIndexOf('.') + 1);
     mzComDataStreamC stream;
     if (!mzComVariantC(object).toSkalarValue().writeUserData(stream)) {
         return name;

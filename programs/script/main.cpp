@@ -30,7 +30,7 @@ int runFiles(std::vector<std::string> const &paths)
 {
     Interpreter interpreter;
     for (std::string const &path : paths) {
-        const Interpreter::Outcome outcome =
+        Interpreter::Outcome const outcome =
             interpreter.run(contentsOf(path), QByteArray::fromStdString(path));
         if (!outcome.ok) {
             std::fprintf(stderr, "%s\n", outcome.text.constData());

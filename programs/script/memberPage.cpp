@@ -60,17 +60,17 @@ QByteArray parameterNames(proxyMemberDescS const &member)
 
 QByteArray row(proxyMemberDescS const &member, Section const &section, QByteArray const &line)
 {
-    const QByteArray call = *member.name != '\0' ? "." + QByteArray(member.name) : ".(";
+    QByteArray const call = *member.name != '\0' ? "." + QByteArray(member.name) : ".(";
     if (!line.contains(call)) {
         throw std::runtime_error(("no use of " + call + " in: " + line).toStdString());
     }
     Interpreter interpreter;
-    const Interpreter::Outcome outcome =
+    Interpreter::Outcome const outcome =
         interpreter.run(section.setup + "\n" + line, section.identifier, 0);
     if (!outcome.ok) {
         throw std::runtime_error((line + ": " + outcome.text).toStdString());
     }
-    const QByteArray name = *member.name != '\0' ? QByteArray(member.name) : "\"\"";
+    QByteArray const name = *member.name != '\0' ? QByteArray(member.name) : "\"\"";
     return "| `" + name + "` | " + kindName(member.kind) + " | " + parameterNames(member) + " | `" +
            line + "` | `" + outcome.text + "` |\n";
 }

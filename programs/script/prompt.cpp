@@ -10,13 +10,13 @@
 
 int runPrompt(Interpreter &interpreter)
 {
-    const QByteArray historyFile =
+    QByteArray const historyFile =
         QFile::encodeName(QDir::home().filePath(".orvel_script_history"));
     using_history();
     read_history(historyFile.constData());
     std::puts("f = Orvel.factory gives the factory; exit leaves.");
     for (int number = 1; char *line = readline("orvel> "); ++number) {
-        const QByteArray script = QByteArray(line).trimmed();
+        QByteArray const script = QByteArray(line).trimmed();
         if (!script.isEmpty()) {
             add_history(line);
         }
@@ -27,7 +27,7 @@ int runPrompt(Interpreter &interpreter)
         if (script.isEmpty()) {
             continue;
         }
-        const Interpreter::Outcome outcome = interpreter.run(script, "prompt", number);
+        Interpreter::Outcome const outcome = interpreter.run(script, "prompt", number);
         std::printf("%s %s\n", outcome.ok ? "=>" : "error:", outcome.text.constData());
     }
     write_history(historyFile.constData());

@@ -1,0 +1,6 @@
+class Odd < StandardError
+  def message
+    42
+  end
+end
+raise Odd
