@@ -99,8 +99,8 @@ std::string functionName(std::string const &program)
 std::string manualPage(CLI::App const &app)
 {
     std::string const name = app.get_name();
-    std::string text = ".TH " + upper(roff(name)) + " 1 \"\" \"OrvelMath " ORVELMATH_VERSION
-                       "\" \"User Commands\"\n.SH NAME\n" +
+    std::string text = ".TH " + upper(roff(name)) +
+                       " 1 \"\" \"OrvelMath " ORVELMATH_VERSION "\" \"User Commands\"\n.SH NAME\n" +
                        roff(name) + " \\- " + roff(app.get_description()) + "\n.SH SYNOPSIS\n" +
                        synopsisOf(app, name);
     for (CLI::App const *command : commandsOf(app)) {

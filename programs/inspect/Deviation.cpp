@@ -131,8 +131,8 @@ private:
         if (last - first > leafSize) {
             Vector const extent = m_nodes[at].box.second - m_nodes[at].box.first;
             int const axis = extent.x() >= extent.y() && extent.x() >= extent.z() ? 0
-                             : extent.y() >= extent.z()                          ? 1
-                                                                                 : 2;
+                             : extent.y() >= extent.z()                           ? 1
+                                                                                  : 2;
             auto const begin = m_order.begin();
             std::size_t const middle = (first + last) / 2;
             auto const sumAlong = [&](int triangle) {

@@ -112,8 +112,8 @@ QByteArray csvText(std::vector<Facts> const &rows)
     text += "\r\n";
     for (Facts const &row : rows) {
         for (std::string const &key : keys) {
-            auto const fact = std::find_if(row.begin(), row.end(),
-                                           [&](Fact const &f) { return f.key == key; });
+            auto const fact =
+                std::find_if(row.begin(), row.end(), [&](Fact const &f) { return f.key == key; });
             text += key == keys.front() ? "" : ",";
             text += fact == row.end() ? QByteArray() : quoted(csvField(fact->value));
         }

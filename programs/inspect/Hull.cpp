@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr double tolerance = 1e-7;         // of the longest extent
-constexpr double checkedAtMost = 2e8;      // points times faces
+constexpr double tolerance = 1e-7;    // of the longest extent
+constexpr double checkedAtMost = 2e8; // points times faces
 constexpr int imagesTried = 4;
 constexpr double relativeDifference = 1e-6; // of area or volume, before it is worth a word
 
@@ -65,9 +65,8 @@ public:
         : m_points(points)
         , m_sorted(indices)
     {
-        std::sort(m_sorted.begin(), m_sorted.end(), [&](int a, int b) {
-            return isBefore(m_points.at(a), m_points.at(b));
-        });
+        std::sort(m_sorted.begin(), m_sorted.end(),
+                  [&](int a, int b) { return isBefore(m_points.at(a), m_points.at(b)); });
     }
     int operator()(Vector const &place) const
     {

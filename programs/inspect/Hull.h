@@ -11,8 +11,8 @@
 /// A convex hull as the library's builder gives it, measured.
 struct Hull
 {
-    int dimension = -1;             ///< 0 one location, 1 a line, 2 a plane, 3 a solid
-    std::vector<int> vertexIndices; ///< into the mesh's vertices
+    int dimension = -1;                        ///< 0 one location, 1 a line, 2 a plane, 3 a solid
+    std::vector<int> vertexIndices;            ///< into the mesh's vertices
     std::vector<std::array<int, 3>> triangles; ///< indices into the mesh's vertices
     double area = 0.0;                         ///< of a flat hull, that of one side
     double volume = 0.0;

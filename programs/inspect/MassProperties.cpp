@@ -96,8 +96,7 @@ MassProperties massPropertiesOf(Mesh const &mesh, bool isClosed)
     setAxes(found, surface);
     found.spreads = found.spreads * scale;
     bool const isSolid = isClosed && found.volume != 0.0;
-    Vector const centre =
-        isSolid ? solidFirst / found.volume : surface.first / surface.weight;
+    Vector const centre = isSolid ? solidFirst / found.volume : surface.first / surface.weight;
     found.centroid = mesh.lowest + centre * scale;
     found.volume = isClosed ? found.volume * scale * scale * scale : 0.0;
     return found;

@@ -16,9 +16,9 @@ struct MassProperties
     double volume = 0.0;   ///< signed: negative for a surface turned inside out; only if closed
     double thinnest = 1.0; ///< smallest `thinness` of the triangles that aren't degenerate
     int thinnestTriangle = -1;
-    Vector centroid;          ///< of the solid where closed, else of the surface or the points
-    matrixC3x3<double> axes;  ///< unit columns by falling spread, right-handed
-    Vector spreads;           ///< standard deviations of surface (or points) along the axes
+    Vector centroid;         ///< of the solid where closed, else of the surface or the points
+    matrixC3x3<double> axes; ///< unit columns by falling spread, right-handed
+    Vector spreads;          ///< standard deviations of surface (or points) along the axes
 };
 
 MassProperties massPropertiesOf(Mesh const &mesh, bool isClosed);

@@ -93,10 +93,9 @@ void appendPart(Soup &soup, aiMesh const &part, aiMatrix4x4 const &placement)
     for (unsigned i = 0; i < part.mNumFaces; ++i) {
         aiFace const &face = part.mFaces[i];
         unsigned const count = face.mNumIndices;
-        bool const isWhole = count > 0 && std::all_of(face.mIndices, face.mIndices + count,
-                                                      [&](unsigned index) {
-                                                          return index < part.mNumVertices;
-                                                      });
+        bool const isWhole =
+            count > 0 && std::all_of(face.mIndices, face.mIndices + count,
+                                     [&](unsigned index) { return index < part.mNumVertices; });
         if (isWhole && count == 3) {
             for (unsigned k = 0; k < 3; ++k) {
                 soup.corners.push_back(first + face.mIndices[k]);
@@ -208,8 +207,8 @@ std::string firstLine(std::string const &text)
 QByteArray bytesOf(std::string const &path)
 {
     QFile file(QString::fromStdString(path));
-    bool const opened = path == "-" ? file.open(stdin, QIODevice::ReadOnly)
-                                    : file.open(QIODevice::ReadOnly);
+    bool const opened =
+        path == "-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!opened) {
         throw InputError("can't be read: " + file.errorString().toStdString());
     }

@@ -16,7 +16,8 @@ struct ReadOptions
 };
 
 /// Reads any mesh that Assimp reads: all its parts in one, polygons cut into triangles, vertices at
-/// one place joined. A file with points alone gives a mesh without triangles. `-` is standard input.
+/// one place joined. A file with points alone gives a mesh without triangles. `-` is standard
+/// input.
 ///
 /// Triangles that name vertices which don't exist, or that are none, are left out; `warnings` has
 /// their count. Takes the stages "reading" and "joining vertices" of the bar, up to `end`.

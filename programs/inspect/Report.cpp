@@ -78,6 +78,6 @@ QByteArray Report::html() const
     // The two large parts go in at once, so that nothing in them is taken for a mark.
     int const body = page.indexOf("<!--body-->");
     int const code = page.indexOf("<!--scripts-->");
-    return page.left(body) + QByteArray::fromStdString(m_body) + page.mid(body + 11, code - body - 11) +
-           scripts + page.mid(code + 14);
+    return page.left(body) + QByteArray::fromStdString(m_body) +
+           page.mid(body + 11, code - body - 11) + scripts + page.mid(code + 14);
 }

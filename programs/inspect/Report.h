@@ -21,8 +21,8 @@ public:
     void addFacts(std::string const &heading, Facts const &facts);
     /// A section of ready-made HTML, such as an inline SVG picture.
     void addSection(std::string const &heading, std::string const &html);
-    /// The view in space; `json` is the argument of reportView.js, `still` a picture for where there
-    /// is no WebGL. One a page.
+    /// The view in space; `json` is the argument of reportView.js, `still` a picture for where
+    /// there is no WebGL. One a page.
     void addView(std::string const &heading, QByteArray const &json, std::string const &still,
                  std::string const &note);
 

@@ -60,9 +60,8 @@ double placeOf(Slice const &slice, std::vector<SliceCell> const &cells, Box cons
             counts[cell.kind][std::size_t(i)] += isCrossed ? 1 : 0;
         }
     }
-    auto const commonest =
-        std::max_element(sums.begin(), sums.end(),
-                         [](auto const &a, auto const &b) { return a.second < b.second; });
+    auto const commonest = std::max_element(
+        sums.begin(), sums.end(), [](auto const &a, auto const &b) { return a.second < b.second; });
     int best = places / 2;
     std::size_t most = 0;
     for (int k = 0; k < places; ++k) {
@@ -112,9 +111,8 @@ Picture pictureOf(Slice const &slice, std::vector<SliceCell> const &cells,
                                          rounded(-size[slice.right]) + "z";
     }
     for (std::size_t k = 0; k < kinds.size(); ++k) {
-        picture.body += "<path class=\"kind" + std::to_string(k) + "\" fill=\"" +
-                        kinds[k].colour + "\" stroke=\"#fff\" stroke-width=\"0.2\" d=\"" +
-                        paths[k] + "\"/>\n";
+        picture.body += "<path class=\"kind" + std::to_string(k) + "\" fill=\"" + kinds[k].colour +
+                        "\" stroke=\"#fff\" stroke-width=\"0.2\" d=\"" + paths[k] + "\"/>\n";
     }
     return picture;
 }
@@ -134,9 +132,9 @@ std::string slicePictures(std::vector<SliceCell> const &cells, std::vector<Slice
     for (Slice const &slice : slicesFor(up)) {
         Picture const picture = pictureOf(slice, cells, kinds, content);
         html += "<figure><svg viewBox=\"0 0 " + rounded(picture.width) + " " +
-                rounded(picture.height) + "\" role=\"img\" aria-label=\"slice " +
-                picture.caption + "\">\n" + picture.body + "</svg><figcaption>" +
-                picture.caption + "</figcaption></figure>\n";
+                rounded(picture.height) + "\" role=\"img\" aria-label=\"slice " + picture.caption +
+                "\">\n" + picture.body + "</svg><figcaption>" + picture.caption +
+                "</figcaption></figure>\n";
     }
     return html + "</div>\n";
 }
@@ -158,8 +156,7 @@ std::string sliceDocument(std::vector<SliceCell> const &cells, std::vector<Slice
         width += std::max(picture.width, 320.0);
         height = std::max(height, picture.height + textHeight);
     }
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + rounded(width) +
-           "\" height=\"" + rounded(height) + "\" viewBox=\"0 0 " + rounded(width) + " " +
-           rounded(height) + "\">\n<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n" +
-           body + "</svg>\n";
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + rounded(width) + "\" height=\"" +
+           rounded(height) + "\" viewBox=\"0 0 " + rounded(width) + " " + rounded(height) +
+           "\">\n<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n" + body + "</svg>\n";
 }

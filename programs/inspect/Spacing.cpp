@@ -181,7 +181,6 @@ Facts nearestFacts(Mesh const &mesh, std::string const &place)
     }
     Point3D const query(placeOf(place));
     Point3D const nearest = lookup->findNearest(query, noLimit).first;
-    return {numbersFact("nearestVertex", "nearest vertex",
-                        {nearest.x(), nearest.y(), nearest.z()}),
+    return {numbersFact("nearestVertex", "nearest vertex", {nearest.x(), nearest.y(), nearest.z()}),
             numberFact("nearestDistance", "its distance", (nearest - query).Length())};
 }

@@ -155,7 +155,8 @@ std::string Topology::closedText() const
     };
     add(openEdges, openEdges == 1 ? "open edge" : "open edges");
     add(nonManifoldEdges, nonManifoldEdges == 1 ? "non-manifold edge" : "non-manifold edges");
-    add(flippedEdges, flippedEdges == 1 ? "edge between flipped faces" : "edges between flipped faces");
+    add(flippedEdges,
+        flippedEdges == 1 ? "edge between flipped faces" : "edges between flipped faces");
     return "no: " + (why.empty() ? "no triangles" : why);
 }
 

@@ -64,7 +64,10 @@ double expectedBytes(Mesh const &mesh, Box const &cube, double resolution)
     double area = 0.0;
     for (auto const &t : mesh.triangles) {
         Vector const a = mesh.vertices[std::size_t(t[0])];
-        area += (mesh.vertices[std::size_t(t[1])] - a).cross(mesh.vertices[std::size_t(t[2])] - a).length() / 2.0;
+        area += (mesh.vertices[std::size_t(t[1])] - a)
+                    .cross(mesh.vertices[std::size_t(t[2])] - a)
+                    .length() /
+                2.0;
     }
     return 2.0 * area / (cell * cell) * 4.0 * double(sizeof(Node));
 }

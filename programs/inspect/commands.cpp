@@ -22,17 +22,17 @@ void addCommonOptions(CLI::App &app, CommonOptions &options)
 
 void addListingOptions(CLI::App &app, CommonOptions &options)
 {
-    auto *const form = app.add_option_group("Listing");
-    form->require_option(0, 1);
-    form->add_flag_callback(
+    CLI::Option *const json = app.add_flag_callback(
         "--json", [&options] { options.form = Listing::Form::json; },
         "Print one JSON object a mesh, one line each");
-    form->add_flag_callback(
+    CLI::Option *const csv = app.add_flag_callback(
         "--csv", [&options] { options.form = Listing::Form::csv; },
         "Print comma-separated values, one row a mesh");
-    form->add_flag_callback(
+    CLI::Option *const quiet = app.add_flag_callback(
         "--quiet", [&options] { options.form = Listing::Form::none; },
         "Print nothing but warnings and errors");
+    json->excludes(csv, quiet);
+    csv->excludes(quiet);
 }
 
 void warnOf(Mesh const &mesh, std::string const &path)

@@ -121,8 +121,8 @@ Range overUnion(Comparison const &found)
 void addDeviation(Facts &facts, std::string const &key, std::string const &label,
                   Deviation const &deviation, std::string const &unit)
 {
-    Fact const at = numbersFact(key + "At", "", {deviation.at.x(), deviation.at.y(),
-                                                 deviation.at.z()});
+    Fact const at =
+        numbersFact(key + "At", "", {deviation.at.x(), deviation.at.y(), deviation.at.z()});
     facts.push_back(numberFact(key, label, deviation.distance, unit));
     facts.back().text += " at " + at.text;
     facts.push_back({at.key, "its place", at.value, ""});

@@ -135,8 +135,8 @@ View viewOf(Mesh const &mesh, Findings const &found)
         view.parts.push_back(hullPart(mesh, found.hull));
     }
     std::array<Vector, 8> const corners = found.box.corners();
-    view.parts.push_back(linePart("oriented box", "#e09f3e", {corners.begin(), corners.end()},
-                                  boxEdges(), false));
+    view.parts.push_back(
+        linePart("oriented box", "#e09f3e", {corners.begin(), corners.end()}, boxEdges(), false));
     addAxes(view, mesh);
     return view;
 }

@@ -59,10 +59,10 @@ void addTopology(Facts &facts, Mesh const &mesh, Topology const &topology)
     facts.push_back(
         {"nonManifoldEdges", "non-manifold edges", double(topology.nonManifoldEdges), ""});
     facts.push_back({"flippedEdges", "flipped edges", double(topology.flippedEdges), ""});
-    facts.push_back(countFact("duplicateTriangles", "duplicate triangles",
-                              topology.duplicateTriangles));
-    facts.push_back(countFact("degenerateTriangles", "degenerate triangles",
-                              topology.degenerateTriangles));
+    facts.push_back(
+        countFact("duplicateTriangles", "duplicate triangles", topology.duplicateTriangles));
+    facts.push_back(
+        countFact("degenerateTriangles", "degenerate triangles", topology.degenerateTriangles));
     facts.push_back(countFact("components", "components", topology.components));
     facts.push_back({"euler", "Euler number", double(topology.euler(mesh)),
                      std::to_string(topology.euler(mesh))});
@@ -71,8 +71,7 @@ void addTopology(Facts &facts, Mesh const &mesh, Topology const &topology)
                                : missing("genus", "genus", "none: not a closed manifold"));
 }
 
-void addMass(Facts &facts, Mesh const &mesh, Topology const &topology,
-             MassProperties const &mass)
+void addMass(Facts &facts, Mesh const &mesh, Topology const &topology, MassProperties const &mass)
 {
     facts.push_back(numberFact("area", "area", mass.area, power(mesh.unit, "²")));
     if (topology.isClosed) {
@@ -95,8 +94,8 @@ void addBox(Facts &facts, Mesh const &mesh, OrientedBox const &box)
 {
     facts.push_back(
         numbersFact("orientedBox", "oriented box", listed(box.extent), " x ", mesh.unit));
-    facts.push_back({"orientedBoxCentre", "its centre",
-                     numbersFact("", "", listed(box.centre)).value, ""});
+    facts.push_back(
+        {"orientedBoxCentre", "its centre", numbersFact("", "", listed(box.centre)).value, ""});
     facts.push_back({"orientedBoxAxes", "its axes", axesFact("", "", box.axes).value, ""});
 }
 
@@ -109,8 +108,8 @@ std::string dimensionText(int dimension)
 
 void addHull(Facts &facts, Mesh const &mesh, Hull const &hull, double seconds)
 {
-    facts.push_back({"hullDimension", "hull dimension", hull.dimension,
-                     dimensionText(hull.dimension)});
+    facts.push_back(
+        {"hullDimension", "hull dimension", hull.dimension, dimensionText(hull.dimension)});
     if (hull.dimension >= 2) {
         facts.push_back(countFact("hullVertices", "hull vertices", hull.vertexIndices.size()));
         facts.push_back(countFact("hullTriangles", "hull triangles", hull.triangles.size()));

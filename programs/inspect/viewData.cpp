@@ -215,10 +215,9 @@ std::string stillPicture(View const &view)
                                         frame(part.vertices[std::size_t(t[2])])}));
         }
     }
-    std::stable_sort(triangles.begin(), triangles.end(),
-                     [](ShadedTriangle const &a, ShadedTriangle const &b) {
-                         return a.depth < b.depth;
-                     });
+    std::stable_sort(
+        triangles.begin(), triangles.end(),
+        [](ShadedTriangle const &a, ShadedTriangle const &b) { return a.depth < b.depth; });
     std::string const size = pixel(stillSize);
     std::string svg = "<svg viewBox=\"0 0 " + size + " " + size +
                       "\" role=\"img\" aria-label=\"the mesh from a corner\" "

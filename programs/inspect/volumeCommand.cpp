@@ -51,11 +51,11 @@ void addCells(Facts &facts, std::string const &key, std::string const &label, Ce
 Facts factsOf(Mesh const &mesh, double resolution, Box const &cube, VolumeTree const &tree,
               SimpleBitVector const &bits)
 {
-    Facts facts{countFact("triangles", "triangles", mesh.triangles.size()),
-                numberFact("resolution", "resolution", resolution, mesh.unit),
-                numbersFact("boxLowest", "box from",
-                            {cube.first.x(), cube.first.y(), cube.first.z()}),
-                numberFact("boxEdge", "its edge", cube.second.x() - cube.first.x(), mesh.unit)};
+    Facts facts{
+        countFact("triangles", "triangles", mesh.triangles.size()),
+        numberFact("resolution", "resolution", resolution, mesh.unit),
+        numbersFact("boxLowest", "box from", {cube.first.x(), cube.first.y(), cube.first.z()}),
+        numberFact("boxEdge", "its edge", cube.second.x() - cube.first.x(), mesh.unit)};
     addCells(facts, "enclosed", "enclosed", tree.enclosed);
     addCells(facts, "surface", "surface", tree.surface);
     addCells(facts, "outer", "outer", tree.outer);

@@ -50,7 +50,8 @@ QByteArray textBy(mrb_state *mrb, char const *method, mrb_value value)
 QList<QByteArray> traceOf(mrb_state *mrb, mrb_value error)
 {
     bool failed = false;
-    mrb_value const trace = guarded(mrb, [=] { return mrb_exc_backtrace(mrb, error); }, failed);
+    mrb_value const trace = guarded(
+        mrb, [=] { return mrb_exc_backtrace(mrb, error); }, failed);
     QList<QByteArray> lines;
     if (!failed && mrb_array_p(trace)) {
         for (mrb_int i = 0; i < RARRAY_LEN(trace); ++i) {
@@ -68,8 +69,7 @@ QByteArray takeError(mrb_state *mrb, QByteArray const &fileName)
 {
     mrb_value const error = mrb_obj_value(mrb->exc);
     mrb->exc = nullptr;
-    QByteArray text =
-        textBy(mrb, "message", error) + " (" + mrb_obj_classname(mrb, error) + ")";
+    QByteArray text = textBy(mrb, "message", error) + " (" + mrb_obj_classname(mrb, error) + ")";
     QList<QByteArray> const trace = traceOf(mrb, error);
     QByteArray place = trace.isEmpty() ? fileName : trace.first();
     if (int const at = place.indexOf(":in "); at >= 0) {

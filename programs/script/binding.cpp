@@ -13,9 +13,9 @@
 
 #include <exception>
 
-// A Ruby exception leaves a function by a long jump that runs no C++ destructor, and a C++ exception
-// must not pass through the interpreter, which is C. So what may raise runs in `guarded`, which
-// gives an exception back as a value; the entry points raise it when no C++ object is left.
+// A Ruby exception leaves a function by a long jump that runs no C++ destructor, and a C++
+// exception must not pass through the interpreter, which is C. So what may raise runs in `guarded`,
+// which gives an exception back as a value; the entry points raise it when no C++ object is left.
 namespace {
 
 using Object = mzComPtrT<mzIUnknown>;
@@ -217,8 +217,7 @@ Result invoke(mrb_state *mrb, mrb_value self, Member const &member, mrb_value co
         return refusal(mrb, "the object has no members");
     }
     if (MRB_FROZEN_P(mrb_basic_ptr(self)) && changesReceiver(*proxy, member, argumentCount)) {
-        return error(mrb, classesOf(mrb).frozenError,
-                     "can't modify frozen " + describe(*object));
+        return error(mrb, classesOf(mrb).frozenError, "can't modify frozen " + describe(*object));
     }
     mzComVariantC result;
     mzComPtrT<mzIException> exception;
@@ -261,8 +260,7 @@ mrb_value isEqual(mrb_state *mrb, mrb_value self)
 mrb_value createObject(mrb_state *mrb, char const *identifier)
 {
     return entryPoint(mrb, [&] {
-        mzComPtrT<proxyObjectC> const object =
-            proxyFactoryC::instance().create(mzIIDS(identifier));
+        mzComPtrT<proxyObjectC> const object = proxyFactoryC::instance().create(mzIIDS(identifier));
         return object ? wrap(mrb, Object(object.get())) : Result{mrb_nil_value(), false};
     });
 }

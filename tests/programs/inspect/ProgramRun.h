@@ -1,11 +1,17 @@
+/// @file
+/// Runs of the program as a user starts it.
+
 #pragma once
 
 #include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 #include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
 
+#include <regex>
 #include <string>
 
 /// One run of orvel-inspect in a folder of its own, with what it left behind.
@@ -14,15 +20,15 @@ class ProgramRun
 public:
     explicit ProgramRun(QStringList const &arguments) { run(arguments); }
 
-    /// Writes `content` to a file of the folder first and hands its name in as the only argument.
-    ProgramRun(char const *fileName, std::string const &content)
+    /// Writes `content` to a file of the folder first and hands its name in, before the others.
+    ProgramRun(char const *fileName, std::string const &content, QStringList const &others = {})
     {
         QFile file(m_folder.filePath(fileName));
         if (file.open(QIODevice::WriteOnly)) {
             file.write(content.data(), qint64(content.size()));
         }
         file.close();
-        run({QString(fileName)});
+        run(QStringList{fileName} + others);
         QFile::remove(file.fileName());
     }
 
@@ -39,13 +45,26 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
     }
 
-    /// Bad input: exit code 2, one line of errors that holds `said`, nothing printed or written.
-    bool isRefused(std::string const &said) const
+    /// The value of a row of the printed table.
+    std::string valueOf(std::string const &row) const
     {
-        return m_exitCode == 2 && m_output.empty() && filesLeft().isEmpty() &&
+        std::smatch match;
+        std::regex const line("(^|\n)  " + row + "  +(.*)\n");
+        return std::regex_search(m_output, match, line) ? match[2].str() : "no such row";
+    }
+
+    /// Ended with this exit code, after one line of errors that holds `said`, with nothing printed
+    /// or written.
+    bool isRefused(std::string const &said, int exitCode) const
+    {
+        return m_exitCode == exitCode && m_output.empty() && filesLeft().isEmpty() &&
                m_errors.find(said) != std::string::npos &&
                m_errors.find('\n') == m_errors.size() - 1;
     }
+    /// Wrong use.
+    bool isRefused(std::string const &said) const { return isRefused(said, 2); }
+    /// A mesh that can't be inspected.
+    bool hasFailed(std::string const &said) const { return isRefused(said, 1); }
 
 private:
     void run(QStringList const &arguments)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <regex>
 
 namespace {
@@ -18,14 +19,6 @@ protected:
         return file.fileName();
     }
 
-    static std::string valueOf(ProgramRun const &run, std::string const &row)
-    {
-        std::string const output = run.output();
-        std::smatch match;
-        std::regex const line("  " + row + " +(.*)\n");
-        return std::regex_search(output, match, line) ? match[1].str() : "no such row";
-    }
-
     std::string const tetrahedron = "v 0 0 0\nv 3 0 0\nv 0 4 0\nv 0 0 5\n"
                                     "f 1 3 2\nf 1 2 4\nf 1 4 3\nf 2 3 4\n";
 
@@ -37,16 +30,16 @@ TEST_F(SpacingReport, MeasuresTheNearestOtherVertex)
 {
     ProgramRun const run(QStringList{meshOf(tetrahedron)});
     ASSERT_EQ(0, run.exitCode()) << run.errors();
-    EXPECT_EQ("3", valueOf(run, "smallest vertex spacing"));
-    EXPECT_EQ("4", valueOf(run, "median vertex spacing"));
-    EXPECT_EQ("5", valueOf(run, "largest vertex spacing"));
-    EXPECT_EQ("no such row", valueOf(run, "nearest vertex"));
+    EXPECT_EQ("3", run.valueOf("smallest vertex spacing"));
+    EXPECT_EQ("4", run.valueOf("median vertex spacing"));
+    EXPECT_EQ("5", run.valueOf("largest vertex spacing"));
+    EXPECT_EQ("no such row", run.valueOf("nearest vertex"));
 }
 
 TEST_F(SpacingReport, PageHasTheHistogram)
 {
-    ProgramRun const run(QStringList{meshOf(tetrahedron)});
-    std::string const page = run.fileLeft("report.html");
+    ProgramRun const run({meshOf(tetrahedron), "--report", "page.html"});
+    std::string const page = run.fileLeft("page.html");
     EXPECT_NE(std::string::npos, page.find("highest bar: 2 vertices"));
     std::size_t const picture = page.find("<svg viewBox=\"0 0 680 260\"");
     ASSERT_NE(std::string::npos, picture);
@@ -60,27 +53,28 @@ TEST_F(SpacingReport, VerticesAtOnePlaceCountOnce)
     // Two objects that share an edge, each with vertices of its own.
     ProgramRun const run(QStringList{meshOf("o a\nv 0 0 0\nv 2 0 0\nv 0 3 0\nf 1 2 3\n"
                                             "o b\nv 0 0 0\nv 2 0 0\nv 0 -3 0\nf 4 6 5\n")});
-    EXPECT_EQ("2", valueOf(run, "smallest vertex spacing"));
-    EXPECT_EQ("3", valueOf(run, "largest vertex spacing"));
+    EXPECT_EQ("2", run.valueOf("smallest vertex spacing"));
+    EXPECT_EQ("3", run.valueOf("largest vertex spacing"));
 }
 
 TEST_F(SpacingReport, EqualSpacingsAreOneBar)
 {
-    ProgramRun const run(QStringList{meshOf("v 0 0 1\nv 2 0 1\nv 2 2 1\nv 0 2 1\nf 1 2 3 4\n")});
-    EXPECT_EQ("2", valueOf(run, "smallest vertex spacing"));
-    EXPECT_EQ("2", valueOf(run, "largest vertex spacing"));
-    EXPECT_NE(std::string::npos, run.fileLeft("report.html").find("highest bar: 4 vertices"));
+    ProgramRun const run(
+        {meshOf("v 0 0 1\nv 2 0 1\nv 2 2 1\nv 0 2 1\nf 1 2 3 4\n"), "--report", "page.html"});
+    EXPECT_EQ("2", run.valueOf("smallest vertex spacing"));
+    EXPECT_EQ("2", run.valueOf("largest vertex spacing"));
+    EXPECT_NE(std::string::npos, run.fileLeft("page.html").find("highest bar: 4 vertices"));
 }
 
 TEST_F(SpacingReport, TellsTheVertexNearestToAPlace)
 {
     ProgramRun const run({meshOf(tetrahedron), "--nearest", "0,0,6.5"});
     ASSERT_EQ(0, run.exitCode()) << run.errors();
-    EXPECT_EQ("0, 0, 5", valueOf(run, "nearest vertex"));
-    EXPECT_EQ("1.5", valueOf(run, "its distance"));
+    EXPECT_EQ("0, 0, 5", run.valueOf("nearest vertex"));
+    EXPECT_EQ("1.5", run.valueOf("its distance"));
     ProgramRun const negative({meshOf(tetrahedron), "--nearest", "-1,0,0"});
-    EXPECT_EQ("0, 0, 0", valueOf(negative, "nearest vertex"));
-    EXPECT_EQ("1", valueOf(negative, "its distance"));
+    EXPECT_EQ("0, 0, 0", negative.valueOf("nearest vertex"));
+    EXPECT_EQ("1", negative.valueOf("its distance"));
 }
 
 TEST_F(SpacingReport, RefusesAPlaceThatIsNone)
