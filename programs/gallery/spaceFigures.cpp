@@ -5,7 +5,7 @@
 #include <OrvelMath/geom3d/CutPlane.h>
 #include <OrvelMath/geom3d/MatUtil.h>
 #include <OrvelMath/geom3d/intersect3d.h>
-#include <OrvelMath/proxymath/rotation_p.h>
+#include <OrvelMath/proxymath/proxymath.h>
 
 #include <algorithm>
 #include <cmath>
@@ -28,14 +28,44 @@ struct AxisView
 
 Point3D turnedByScript(double const (&angles)[3], Point3D const &p)
 {
-    RotationColumns const m = rotationAboutAxes(angles[0], angles[1], angles[2]);
+    mzComPtrT<prxMatrix3x3C> const matrix(new prxMatrix3x3C);
+    matrix->rotAngle(angles[0], angles[1], angles[2]);
+    matrixC3x3<double> const m = matrix->getValue();
     Point3D image;
     for (int row = 0; row < 3; ++row) {
         for (int axis = 0; axis < 3; ++axis) {
-            image[row] += m.column[axis][row] * p[axis];
+            image[row] += m(row, axis) * p[axis];
         }
     }
     return image;
+}
+
+/// One of the images of a vector, and who made it.
+struct Turned
+{
+    Vec2 tip;
+    Role role;
+    char const *name;
+};
+
+/// Arrows of one length; those that agree to the eye share a label with all names.
+void drawTurned(Panel &panel, std::vector<Turned> const &images)
+{
+    for (std::size_t i = 0; i < images.size(); ++i) {
+        std::string names;
+        bool isFirst = true;
+        for (std::size_t j = 0; j < images.size(); ++j) {
+            Vec2 const apart = images[j].tip - images[i].tip;
+            if (std::fabs(apart.x) + std::fabs(apart.y) < 1e-6) {
+                isFirst = isFirst && j >= i;
+                names += (names.empty() ? "" : ", ") + std::string(images[j].name);
+            }
+        }
+        panel.arrow({0.0, 0.0}, images[i].tip, images[i].role);
+        if (isFirst) {
+            panel.label(images[i].tip, names, images[i].tip.y > 0.0 ? Side::N : Side::S);
+        }
+    }
 }
 
 void drawRotations(SvgCanvas &canvas)
@@ -57,19 +87,18 @@ void drawRotations(SvgCanvas &canvas)
         euler.Rotate(angles[0], angles[1], angles[2]);
         Matrix4X4C const fromQuaternion = Quaternion4D(about, 30.0 * kDegree).GetMatrix();
         panel.infiniteLine({0.0, 0.0}, {0.0, 1.0}, Role::Muted);
-        panel.arrow({0.0, 0.0}, 1.2 * view(unit), Role::Given);
-        panel.label(1.2 * view(unit), names[(axis + 1) % 3], Side::E);
+        panel.arrow({0.0, 0.0}, view(unit), Role::Given);
+        panel.label(view(unit), names[(axis + 1) % 3], Side::E);
         panel.solution([&] {
-            panel.arrow({0.0, 0.0}, view(turnedByScript(angles, unit)), Role::Accent);
-            panel.arrow({0.0, 0.0}, 0.8 * view(euler.MultMatrixVector(unit)), Role::Result);
-            panel.arrow({0.0, 0.0}, 0.6 * view(fromQuaternion.MultMatrixVector(unit)),
-                        Role::Second);
+            drawTurned(panel, {{view(turnedByScript(angles, unit)), Role::Accent, "S"},
+                               {view(euler.MultMatrixVector(unit)), Role::Result, "M"},
+                               {view(fromQuaternion.MultMatrixVector(unit)), Role::Second, "Q"}});
         });
     }
     canvas.legend(Role::Given, "before");
-    canvas.legend(Role::Accent, "script: right-handed");
-    canvas.legend(Role::Result, "Math3DRotateMatrix: x and z the other way");
-    canvas.legend(Role::Second, "Quaternion4D: all the other way");
+    canvas.legend(Role::Accent, "S script: right-handed");
+    canvas.legend(Role::Result, "M Math3DRotateMatrix: x and z the other way");
+    canvas.legend(Role::Second, "Q Quaternion4D: all the other way");
 }
 
 /// The z and w of a quaternion about the z axis.
