@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Numbers and the loop of the measurements.
+
 #include <benchmark/benchmark.h>
 
 #include <random>

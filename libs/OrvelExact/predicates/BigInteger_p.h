@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Whole numbers for what sums of doubles cannot hold.
+
 #include <cstdint>
 
 namespace orvelExact {

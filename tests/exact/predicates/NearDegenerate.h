@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Points for which a predicate is hard.
+
 #include <OrvelExact/base/points.h>
 
 #include <cmath>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Determinants in the whole numbers of Boost.
+
 #include <OrvelExact/base/points.h>
 
 #include <boost/multiprecision/cpp_int.hpp>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// How many random cases a test takes.
+
 #include <cstdlib>
 #include <string>
 
