@@ -45,7 +45,7 @@ Direction directionOf(Point2 const &end)
 {
     Point2 const near = timesPowerOfTwo(end, -exponentOf(largestOf(end)));
     DoubleDouble const length =
-        squareRoot(twoProduct(near.x(), near.x()) + twoProduct(near.y(), near.y()));
+        squareRoot(wideProduct(near.x(), near.x()) + wideProduct(near.y(), near.y()));
     return {DoubleDouble(near.x()) / length, DoubleDouble(near.y()) / length};
 }
 

@@ -34,14 +34,14 @@ struct DoubleDouble
 };
 
 /// a + b where |a| is not below |b| or a is 0.
-inline DoubleDouble quickTwoSum(double a, double b)
+inline DoubleDouble quickWideSum(double a, double b)
 {
     double const sum = a + b;
     return {sum, b - (sum - a)};
 }
 
 /// a + b without error.
-inline DoubleDouble twoSum(double a, double b)
+inline DoubleDouble wideSum(double a, double b)
 {
     double const sum = a + b;
     double const part = sum - a;
@@ -49,13 +49,13 @@ inline DoubleDouble twoSum(double a, double b)
 }
 
 /// a - b without error.
-inline DoubleDouble twoDifference(double a, double b)
+inline DoubleDouble wideDifference(double a, double b)
 {
-    return twoSum(a, -b);
+    return wideSum(a, -b);
 }
 
 /// a b without error.
-inline DoubleDouble twoProduct(double a, double b)
+inline DoubleDouble wideProduct(double a, double b)
 {
     constexpr double splitter = 134217729.0; // 2^27 + 1 cuts a double into two halves of 26 bits
     double const aWide = splitter * a;
@@ -74,15 +74,15 @@ inline DoubleDouble operator-(DoubleDouble const &a)
 }
 inline DoubleDouble operator+(DoubleDouble const &a, DoubleDouble const &b)
 {
-    DoubleDouble high = twoSum(a.high, b.high);
-    DoubleDouble const low = twoSum(a.low, b.low);
-    high = quickTwoSum(high.high, high.low + low.high);
-    return quickTwoSum(high.high, high.low + low.low);
+    DoubleDouble high = wideSum(a.high, b.high);
+    DoubleDouble const low = wideSum(a.low, b.low);
+    high = quickWideSum(high.high, high.low + low.high);
+    return quickWideSum(high.high, high.low + low.low);
 }
 inline DoubleDouble operator+(DoubleDouble const &a, double b)
 {
-    DoubleDouble const high = twoSum(a.high, b);
-    return quickTwoSum(high.high, high.low + a.low);
+    DoubleDouble const high = wideSum(a.high, b);
+    return quickWideSum(high.high, high.low + a.low);
 }
 inline DoubleDouble operator-(DoubleDouble const &a, DoubleDouble const &b)
 {
@@ -94,13 +94,13 @@ inline DoubleDouble operator-(DoubleDouble const &a, double b)
 }
 inline DoubleDouble operator*(DoubleDouble const &a, DoubleDouble const &b)
 {
-    DoubleDouble const product = twoProduct(a.high, b.high);
-    return quickTwoSum(product.high, product.low + (a.high * b.low + a.low * b.high));
+    DoubleDouble const product = wideProduct(a.high, b.high);
+    return quickWideSum(product.high, product.low + (a.high * b.low + a.low * b.high));
 }
 inline DoubleDouble operator*(DoubleDouble const &a, double b)
 {
-    DoubleDouble const product = twoProduct(a.high, b);
-    return quickTwoSum(product.high, product.low + a.low * b);
+    DoubleDouble const product = wideProduct(a.high, b);
+    return quickWideSum(product.high, product.low + a.low * b);
 }
 inline DoubleDouble operator*(double a, DoubleDouble const &b)
 {
@@ -112,7 +112,7 @@ inline DoubleDouble operator/(DoubleDouble const &a, DoubleDouble const &b)
     DoubleDouble const rest = a - b * first;
     double const second = rest.high / b.high;
     DoubleDouble const last = rest - b * second;
-    return quickTwoSum(first, second) + last.high / b.high;
+    return quickWideSum(first, second) + last.high / b.high;
 }
 
 inline bool operator<(DoubleDouble const &a, DoubleDouble const &b)
@@ -139,7 +139,7 @@ inline DoubleDouble squareRoot(DoubleDouble const &a)
         return {};
     }
     double const root = std::sqrt(a.high);
-    DoubleDouble const once = quickTwoSum(root, (a - twoProduct(root, root)).high / (2.0 * root));
+    DoubleDouble const once = quickWideSum(root, (a - wideProduct(root, root)).high / (2.0 * root));
     return once + (a - once * once).high / (2.0 * root);
 }
 /// The double next to the number.

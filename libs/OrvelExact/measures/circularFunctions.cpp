@@ -57,8 +57,8 @@ double roughArcTangent(double slope)
 SineCosine sineCosineOf(double angle)
 {
     double const quarters = std::floor(angle / quarterHigh + 0.5);
-    DoubleDouble rest = DoubleDouble(angle) - twoProduct(quarters, quarterHigh);
-    rest = rest - twoProduct(quarters, quarterMiddle);
+    DoubleDouble rest = DoubleDouble(angle) - wideProduct(quarters, quarterHigh);
+    rest = rest - wideProduct(quarters, quarterMiddle);
     rest = rest - quarters * quarterLow;
     return turnedByQuarters(smallSineCosine(rest), static_cast<long long>(quarters));
 }

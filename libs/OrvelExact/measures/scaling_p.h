@@ -3,6 +3,8 @@
 /// @file
 /// Powers of two that bring an input to about size 1, so that products keep all their digits.
 
+#include <OrvelExact/measures/DoubleDouble_p.h>
+
 #include <cmath>
 
 namespace orvelExact {
@@ -19,6 +21,10 @@ inline int exponentOf(double size)
 inline double timesPowerOfTwo(double value, int exponent)
 {
     return std::ldexp(value, exponent);
+}
+inline DoubleDouble timesPowerOfTwo(DoubleDouble const &value, int exponent)
+{
+    return {std::ldexp(value.high, exponent), std::ldexp(value.low, exponent)};
 }
 
 } // namespace orvelExact

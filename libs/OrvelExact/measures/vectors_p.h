@@ -26,11 +26,12 @@ struct Vector3
 /// a - b without error.
 inline Vector2 differenceOf(Point2 const &a, Point2 const &b)
 {
-    return {twoDifference(a.x(), b.x()), twoDifference(a.y(), b.y())};
+    return {wideDifference(a.x(), b.x()), wideDifference(a.y(), b.y())};
 }
 inline Vector3 differenceOf(Point3 const &a, Point3 const &b)
 {
-    return {twoDifference(a.x(), b.x()), twoDifference(a.y(), b.y()), twoDifference(a.z(), b.z())};
+    return {wideDifference(a.x(), b.x()), wideDifference(a.y(), b.y()),
+            wideDifference(a.z(), b.z())};
 }
 
 inline Vector2 operator+(Vector2 const &a, Vector2 const &b)
@@ -76,7 +77,7 @@ inline DoubleDouble crossOf(Vector2 const &a, Point2 const &b)
 }
 inline DoubleDouble crossOf(Point2 const &a, Point2 const &b)
 {
-    return twoProduct(a.x(), b.y()) - twoProduct(a.y(), b.x());
+    return wideProduct(a.x(), b.y()) - wideProduct(a.y(), b.x());
 }
 inline Vector3 crossOf(Vector3 const &a, Vector3 const &b)
 {
