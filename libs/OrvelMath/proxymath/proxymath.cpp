@@ -1,6 +1,10 @@
 #include <OrvelMath/proxymath/proxymath.h>
 
+#include <OrvelCore/runtime/ProcessServices.h>
+#include <OrvelMath/proxymath/proxyAutoRegisterT_p.h>
 #include <OrvelMath/proxymath/proxyMember_p.h>
+
+#include <cstdlib>
 
 // What the script classes say of themselves: the table of the members, the name and the base of
 // each. The order of the rows decides which of several members with one name serves a call.
@@ -234,3 +238,23 @@ proxyMemberDescS *prxMathFactoryC::getStaticMemberDescription()
     };
     return table;
 }
+
+// All that the library does when it is loaded, in this order. When it is unloaded the clean-ups run
+// first, and then the registration objects go, the last one first. It lies in one file with the
+// descriptions, so that a program that is linked statically has it as soon as it names a class.
+namespace {
+
+proxyAutoRegisterT<prxVector3dC> registerVector3d;
+proxyAutoRegisterT<prxVector2dC> registerVector2d;
+proxyAutoRegisterT<prxMatrix3x3C> registerMatrix3x3;
+proxyAutoRegisterT<prxMatrix4x4C> registerMatrix4x4;
+proxyAutoRegisterT<prxMathFactoryC> registerMathFactory;
+
+void runCleanups()
+{
+    mzRunGlobalCleanupFor(reinterpret_cast<void *>(&runCleanups));
+}
+
+[[maybe_unused]] int const cleanupsAreRegistered = std::atexit(runCleanups);
+
+} // namespace

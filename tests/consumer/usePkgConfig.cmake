@@ -1,0 +1,21 @@
+# Builds and runs the README's program with the compiler and pkg-config alone.
+include("${CMAKE_CURRENT_LIST_DIR}/consumer.cmake")
+
+file(GLOB_RECURSE descriptions "${prefix}/*/OrvelMath.pc")
+list(GET descriptions 0 description)
+get_filename_component(description_dir "${description}" DIRECTORY)
+get_filename_component(library_dir "${description_dir}" DIRECTORY)
+run(${CMAKE_COMMAND} -E env "PKG_CONFIG_PATH=${description_dir}" pkg-config --cflags --libs OrvelMath)
+separate_arguments(flags UNIX_COMMAND "${output}")
+foreach(flag IN ITEMS -ffp-contract=off -fno-fast-math -fPIC)
+    if(NOT flag IN_LIST flags)
+        message(FATAL_ERROR "pkg-config doesn't give ${flag}: ${flags}")
+    endif()
+endforeach()
+
+set(folder "${WORK_DIR}/pkgconfig")
+file(MAKE_DIRECTORY "${folder}")
+write_snippet(cpp "${folder}/first.cpp")
+separate_arguments(own_flags UNIX_COMMAND "${CXX_FLAGS}")
+run("${CXX_COMPILER}" ${own_flags} "${folder}/first.cpp" ${flags} -o "${folder}/first")
+run_readme_program("${folder}/first" ${CMAKE_COMMAND} -E env "LD_LIBRARY_PATH=${library_dir}")
