@@ -50,10 +50,10 @@ public:
     static void *_castTo(proxyObjectC const *object);
 
 private:
-    Q_DECL_HIDDEN vectorC3d<double> getX();
-    Q_DECL_HIDDEN vectorC3d<double> getY();
-    Q_DECL_HIDDEN vectorC3d<double> getZ();
-    Q_DECL_HIDDEN void setX(vectorC3d<double> const &axis);
-    Q_DECL_HIDDEN void setY(vectorC3d<double> const &axis);
-    Q_DECL_HIDDEN void setZ(vectorC3d<double> const &axis);
+    vectorC3d<double> getX();
+    vectorC3d<double> getY();
+    vectorC3d<double> getZ();
+    void setX(vectorC3d<double> const &axis);
+    void setY(vectorC3d<double> const &axis);
+    void setZ(vectorC3d<double> const &axis);
 };

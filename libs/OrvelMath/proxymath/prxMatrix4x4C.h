@@ -66,12 +66,12 @@ public:
     static void *_castTo(proxyObjectC const *object);
 
 private:
-    Q_DECL_HIDDEN vectorC3d<double> getX();
-    Q_DECL_HIDDEN vectorC3d<double> getY();
-    Q_DECL_HIDDEN vectorC3d<double> getZ();
-    Q_DECL_HIDDEN vectorC3d<double> getT();
-    Q_DECL_HIDDEN void setX(vectorC3d<double> const &axis);
-    Q_DECL_HIDDEN void setY(vectorC3d<double> const &axis);
-    Q_DECL_HIDDEN void setZ(vectorC3d<double> const &axis);
-    Q_DECL_HIDDEN void setT(vectorC3d<double> const &translation);
+    vectorC3d<double> getX();
+    vectorC3d<double> getY();
+    vectorC3d<double> getZ();
+    vectorC3d<double> getT();
+    void setX(vectorC3d<double> const &axis);
+    void setY(vectorC3d<double> const &axis);
+    void setZ(vectorC3d<double> const &axis);
+    void setT(vectorC3d<double> const &translation);
 };
