@@ -22,12 +22,25 @@
 
 // Qt 5.15 declares QLinkedList deprecated, and it is the type of this interface. The attribute is
 // kept from it here, the one place, so that a client's own lists compile without a warning too; if
-// the client included QLinkedList before, at least the declarations below stay silent.
+// the client included QLinkedList before, at least the declarations below stay silent. A client
+// that leaves out what is deprecated, by QT_DISABLE_DEPRECATED_BEFORE, gets this class all the
+// same.
 #include <QtCore/qglobal.h>
 #pragma push_macro("QT_DEPRECATED_VERSION_X_5_15")
 #undef QT_DEPRECATED_VERSION_X_5_15
 #define QT_DEPRECATED_VERSION_X_5_15(text)
+#include <QtCore/qcontainertools_impl.h>
+#include <QtCore/qdatastream.h>
+#include <QtCore/qiterator.h>
+#include <QtCore/qrefcount.h>
+#if !QT_DEPRECATED_SINCE(5, 15)
+#undef QLINKEDLIST_H // the client's own include, if there was one, gave nothing
+#endif
+#pragma push_macro("QT_DISABLE_DEPRECATED_BEFORE")
+#undef QT_DISABLE_DEPRECATED_BEFORE
+#define QT_DISABLE_DEPRECATED_BEFORE 0
 #include <QtCore/QLinkedList>
+#pragma pop_macro("QT_DISABLE_DEPRECATED_BEFORE")
 #pragma pop_macro("QT_DEPRECATED_VERSION_X_5_15")
 
 QT_WARNING_PUSH
