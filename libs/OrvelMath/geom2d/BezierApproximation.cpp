@@ -11,9 +11,9 @@ struct BernsteinWeights
 // As the parameters 0.5, 0.2 and 0.8 give them in double precision.
 constexpr BernsteinWeights atHalf{0.125, 0.375, 0.375, 0.125};
 constexpr BernsteinWeights atFifth{0.5120000000000001, 0.3840000000000001, 0.09600000000000003,
-                                    0.008000000000000002};
+                                   0.008000000000000002};
 constexpr BernsteinWeights atFourFifths{0.007999999999999995, 0.09599999999999997, 0.384,
-                                         0.5120000000000001};
+                                        0.5120000000000001};
 
 Point2D curvePoint(BernsteinWeights const &w, Point2D const &p0, Point2D const &p1,
                    Point2D const &p2, Point2D const &p3)

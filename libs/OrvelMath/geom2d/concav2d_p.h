@@ -3,6 +3,8 @@
 #pragma once
 
 #include <OrvelMath/base/Point2D.h>
+#include <OrvelMath/geom2d/concav2d_lines.h>
+#include <OrvelMath/geom2d/concav2d_regions.h>
 #include <OrvelMath/geom2d/planeVectors_p.h>
 
 namespace concav2d {
@@ -36,5 +38,13 @@ struct Sweep
 /// Counter-clockwise sweep of the arc p0, p1, p2 about its centre; tol in degrees.
 Sweep arcSweep(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &centre,
                double tol);
+
+/// What the functions of the same names answer, without a shortcut. Arguments and results as there.
+namespace definition {
+
+LocationType pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Point2D const &p,
+                                 double tol);
+
+} // namespace definition
 
 } // namespace concav2d
