@@ -119,6 +119,27 @@ ORVEL_INLINE int answerBits(PairMask answers)
 #endif
 }
 
+/// The same for eight answers at once: bits 2 i and 2 i + 1 are those of the lanes of answers[i].
+ORVEL_INLINE int answerBits(PairMask const (&answers)[8])
+{
+#if defined(__SSE2__)
+    // Each answer is all bits or none, so narrowing it to a byte loses nothing.
+    auto const narrowed = [&](int i) {
+        __m128 const low = reinterpret_cast<__m128>(answers[i]);
+        __m128 const high = reinterpret_cast<__m128>(answers[i + 1]);
+        return _mm_castps_si128(_mm_shuffle_ps(low, high, _MM_SHUFFLE(2, 0, 2, 0)));
+    };
+    return _mm_movemask_epi8(_mm_packs_epi16(_mm_packs_epi32(narrowed(0), narrowed(2)),
+                                             _mm_packs_epi32(narrowed(4), narrowed(6))));
+#else
+    int bits = 0;
+    for (int i = 0; i < 8; ++i) {
+        bits |= answerBits(answers[i]) << 2 * i;
+    }
+    return bits;
+#endif
+}
+
 /// a.x * b.y - a.y * b.x of two vectors of the plane, in both lanes.
 ORVEL_INLINE Pair crossProduct(Pair a, Pair b)
 {
