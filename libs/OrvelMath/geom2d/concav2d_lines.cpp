@@ -1,6 +1,6 @@
 #include <OrvelMath/geom2d/concav2d_lines.h>
 #include <OrvelMath/geom2d/concav2d_p.h>
-#include <OrvelMath/geom2d/sse2_p.h>
+#include <OrvelMath/geom2d/quick/segmentCrossings_p.h>
 
 #include <cmath>
 #include <utility>
@@ -129,76 +129,10 @@ int intersectLineLine(Point2D const &p0, Point2D const &p1, Point2D const &p2, P
     return 0;
 }
 
-namespace {
-
-#ifdef __SSE2__
-/// The answer wherever bounds tell it without a root: off an edge by more than the tolerance, or on
-/// both edges and farther than the tolerance from all ends. Which of them is hard to predict, so
-/// they are told without a branch; NaN leaves the answer unclear.
-///
-/// Unless the lines are nearly parallel, rounding moves the crossing, and the place s on the second
-/// edge, by less than 1100 units of rounding (1.2e-13) times the coordinates and lengths about it,
-/// and the sums of lengths by no more than twice that.
-class QuickClass
-{
-public:
-    QuickClass(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &p3,
-               double tol)
-    {
-        __m128d const d = _mm_sub_pd(sse2::load(p1), sse2::load(p0));
-        __m128d const e = _mm_sub_pd(sse2::load(p3), sse2::load(p2));
-        __m128d const p = _mm_sub_pd(sse2::load(p2), sse2::load(p0));
-        __m128d const ex = _mm_unpacklo_pd(e, d);
-        __m128d const ey = _mm_unpackhi_pd(e, d);
-        __m128d const cross = sse2::cross(d, e);
-        __m128d const places = _mm_div_pd(_mm_sub_pd(_mm_mul_pd(_mm_unpacklo_pd(p, p), ey),
-                                                     _mm_mul_pd(_mm_unpackhi_pd(p, p), ex)),
-                                          cross);
-        m_crossing = _mm_add_pd(sse2::load(p0), _mm_mul_pd(_mm_unpacklo_pd(places, places), d));
-
-        __m128d const absX = sse2::abs(ex);
-        __m128d const absY = sse2::abs(ey);
-        __m128d const lengths = _mm_add_pd(absX, absY);
-        __m128d const sizesOfBoth = _mm_max_pd(absX, absY);
-        __m128d const sizes = _mm_shuffle_pd(sizesOfBoth, sizesOfBoth, 1);
-        double const scale =
-            sse2::sum(_mm_add_pd(_mm_add_pd(sse2::abs(sse2::load(p0)), sse2::abs(p)), lengths)) *
-            (1 + sse2::sum(sse2::abs(places)));
-        double const noise = 3e-13 * scale;
-        __m128d const limit = _mm_set1_pd(tol + noise);
-        __m128d const inset =
-            _mm_mul_pd(_mm_min_pd(places, _mm_sub_pd(_mm_set1_pd(1.0), places)), sizes);
-        isOff = _mm_movemask_pd(_mm_cmplt_pd(inset, sse2::negative(limit))) != 0;
-        bool const isInset = _mm_movemask_pd(_mm_cmpgt_pd(inset, limit)) == 3;
-        bool const isAmid = isInset & (tol >= noise);
-        // The bounds keep all squares from underflow and overflow.
-        double const area = std::fabs(_mm_cvtsd_f64(cross));
-        double const lengthProduct = sse2::product(lengths);
-        bool const holds = (area >= 1e-100) & (128 * area > lengthProduct) & (tol >= 0) &
-                           (scale > 1e-80) & (scale < 1e100);
-        isClear = holds & (isOff | isAmid);
-    }
-
-    Point2D crossing() const
-    {
-        Point2D point;
-        _mm_storeu_pd(&point.x(), m_crossing);
-        return point;
-    }
-
-    bool isClear;
-    bool isOff;
-
-private:
-    __m128d m_crossing;
-};
-#endif
-
-/// The crossing and its class, from the lengths to the ends. Apart, so that a quick answer need not
-/// save any registers.
-[[gnu::noinline]] IntersectionType crossByLengths(Point2D const &p0, Point2D const &p1,
-                                                  Point2D const &p2, Point2D const &p3,
-                                                  Point2D &out, double tol)
+// A function of its own, so that a quick answer need not save any registers.
+[[gnu::noinline]] IntersectionType
+definition::intersectEdgeEdge(Point2D const &p0, Point2D const &p1, Point2D const &p2,
+                              Point2D const &p3, Point2D &out, double tol)
 {
     Point2D crossing;
     if (intersect_line_line(p0, p1, p2, p3, crossing, 1e-100) == 0) { // an area
@@ -224,19 +158,15 @@ private:
     return atEndOfFirst || atEndOfSecond ? EndOnEdge : Crossing;
 }
 
-} // namespace
-
 IntersectionType intersectEdgeEdge(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                    Point2D const &p3, Point2D &out, double tol)
 {
-#ifdef __SSE2__
-    QuickClass const quick(p0, p1, p2, p3, tol);
-    if (quick.isClear) {
-        out = quick.crossing();
+    segmentCrossings::ByLengths const quick(p0, p1, p2, p3, tol);
+    if (quick.isProved) {
+        quick.deliver(out);
         return quick.isOff ? NoIntersection : Crossing;
     }
-#endif
-    return crossByLengths(p0, p1, p2, p3, out, tol);
+    return definition::intersectEdgeEdge(p0, p1, p2, p3, out, tol);
 }
 
 bool doOverlap(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &p3,

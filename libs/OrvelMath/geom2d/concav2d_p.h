@@ -42,6 +42,9 @@ Sweep arcSweep(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D 
 /// What the functions of the same names answer, without a shortcut. Arguments and results as there.
 namespace definition {
 
+IntersectionType intersectEdgeEdge(Point2D const &p0, Point2D const &p1, Point2D const &p2,
+                                   Point2D const &p3, Point2D &out, double tol);
+
 LocationType pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Point2D const &p,
                                  double tol);
 
