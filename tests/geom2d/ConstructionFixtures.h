@@ -1,5 +1,7 @@
-/// Random input and checks that the tests of the constructions share.
 #pragma once
+
+/// @file
+/// Random input and checks that the tests of the constructions share.
 
 #include "PlaneFixtures.h"
 

@@ -1,5 +1,7 @@
-/// Values and comparisons that the tests of the plane share.
 #pragma once
+
+/// @file
+/// Values and comparisons that the tests of the plane share.
 
 #include <OrvelCore/runtime/PPtrOrderedVector.h>
 #include <OrvelMath/base/Point2D.h>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Values and random input that the tests of space share.
+
 #include <OrvelMath/base/valueTypes.h>
 
 #include <gtest/gtest.h>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Cubic Bezier segments as circular arcs.
+
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>
 
@@ -18,7 +21,7 @@ public:
     /// One or two arcs, in order along the curve. With m the curve's point at the parameter 0.5:
     /// one arc (p0, m, p3) when m lies nearer than tol to p0 or to p3; otherwise the arcs
     /// (p0, B(0.2), m) and (m, B(0.8), p3). A NaN distance gives two.
-    /// \param tol least straight distance, in model units, from the curve's middle to either end
+    /// @param tol least straight distance, in model units, from the curve's middle to either end
     ///     that is worth two arcs; not an approximation error
     /// @image html BezierApproximation.svg
     static QList<QList<Point2D>> interpolateCubic(Point2D p0, Point2D p1, Point2D p2, Point2D p3,

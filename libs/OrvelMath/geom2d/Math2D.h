@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// The first generation of the plane: crossings of segments, a line clipper, a point-in-polygon
 /// test and the cut of a line with a circle in single precision.
@@ -29,7 +31,6 @@
 /// | p on a level edge   | ends do not count          | ends count                            |
 ///
 /// Take the second one unless the extent is at hand or an old result has to be met.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The definitions behind the functions of Math2D.h that take shortcuts. Not part of the interface.
-#pragma once
 
 #include <OrvelMath/geom2d/Math2D.h>
 

@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// The namespace `concav2d`: where points lie against lines, arcs, ellipse arcs, rectangles and
 /// polygons, how curves are sampled and measured, and how straight lines cross.
@@ -13,7 +15,6 @@
 /// - Input is not checked. A comparison with NaN is false, and the functions follow from there.
 /// - All functions are reentrant and touch only their arguments. Only the sampling functions
 ///   allocate memory.
-#pragma once
 
 #include <OrvelMath/geom2d/concav2d_arcs.h>
 #include <OrvelMath/geom2d/concav2d_lines.h>

@@ -1,10 +1,11 @@
+#pragma once
+
 /// @file
 /// Arcs, circles and ellipses: centre, points at an angle, and whether a point is on an arc.
 ///
 /// An arc comes as three points (start, through, end; the sweep is the one by way of the through
 /// point) or as two angles (swept counter-clockwise from the first to the second). Functions that
 /// say "relative to the centre" leave it to the caller to subtract the centre.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

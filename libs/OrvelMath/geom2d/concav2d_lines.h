@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Points and straight lines: comparison, collinearity, position on a segment, crossings,
 /// overlap.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

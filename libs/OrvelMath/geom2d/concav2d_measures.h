@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Measures of arcs and ellipses: end angles, radius, extent, normal and tangent points.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

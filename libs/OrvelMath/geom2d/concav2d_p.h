@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Helpers shared by the files of the namespace `concav2d`. Not part of the interface.
-#pragma once
 
 #include <OrvelMath/base/Point2D.h>
 #include <OrvelMath/geom2d/concav2d_lines.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Points, lines and arcs against regions: a polygon, and a rectangle of four corners.
-#pragma once
 
 #include <OrvelCore/runtime/PPtrOrderedVector.h>
 #include <OrvelMath/OrvelMathExport.h>

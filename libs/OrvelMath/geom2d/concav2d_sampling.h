@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// Points along arcs, circles and ellipses.
 ///
@@ -15,7 +17,6 @@
 /// The angle of a sample is the sum of the steps so far, not a multiple of the step, and the end
 /// point is always appended once more at its own angle. If the sum reaches the end angle exactly,
 /// the end point stands twice.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

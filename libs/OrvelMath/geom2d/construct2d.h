@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// The constructions with German names: crossings, projections, tangents, fillets, arc helpers.
 ///
@@ -5,7 +7,6 @@
 /// is 1 for found and 0 for none, and the outputs are written only with 1. Lines are infinite and
 /// circles whole. The arguments named eps are tolerances; a length that is compared with one is
 /// first rounded to a grid of that width.
-#pragma once
 
 #include <OrvelMath/geom2d/construct2d_apollonius.h>
 #include <OrvelMath/geom2d/construct2d_arcs.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The circle that touches three circles.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

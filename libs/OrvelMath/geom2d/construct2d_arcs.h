@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Arcs in the form m2pnt: the centre m and two ends, counter-clockwise from the first end to the
 /// second.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

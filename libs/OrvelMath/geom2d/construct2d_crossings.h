@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Crossings of lines and circles, projections on them, the direction of a vector, the grid of
 /// the tolerance. The crossing of two lines, `intersect_line_line`, stands in concav2d_lines.h.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

@@ -1,10 +1,11 @@
+#pragma once
+
 /// @file
 /// Fillets: arcs of a given radius that touch two lines, two circles, or a line and a circle.
 ///
 /// A fillet comes in the form m2pnt: its centre m and its two ends, counter-clockwise from the
 /// first end to the second. An `int` selector means only zero against non-zero. "Left" is left of
 /// the direction named, looking along it.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

@@ -1,9 +1,10 @@
+#pragma once
+
 /// @file
 /// Tangents from a point to a circle and tangents common to two circles.
 ///
 /// An `int` selector means only zero against non-zero. "Left" is left of the direction named,
 /// looking along it.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

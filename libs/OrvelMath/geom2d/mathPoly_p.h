@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Helpers shared by the files of the namespace `mathPoly`. Not part of the interface.
+
 #include <OrvelMath/geom2d/mathPoly.h>
 
 #include <cmath>

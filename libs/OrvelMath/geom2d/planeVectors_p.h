@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Short vector formulas of the plane, each in the order of operations in which its users are
 /// defined. Not part of the interface.
-#pragma once
 
 #include <OrvelMath/base/Point2D.h>
 

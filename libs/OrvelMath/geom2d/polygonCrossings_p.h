@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// What both point-in-polygon tests stand on: how often the outline crosses a horizontal ray to the
 /// right inside a band (M. Shimrat, 1962, for the ray; the band is our own). Not part of the
@@ -11,7 +13,6 @@
 /// - `isOnOutline(cur, next, ray)`: whether an edge puts the point on the outline by an end that
 ///   lies in the band;
 /// - `meeting(cur, next, ray)`: how an edge from one side of the band to the other meets the ray.
-#pragma once
 
 #include <OrvelMath/base/Point2D.h>
 

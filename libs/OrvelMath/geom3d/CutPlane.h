@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// A cutting plane.
+
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/valueTypes.h>
 

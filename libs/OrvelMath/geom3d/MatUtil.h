@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The namespace `MatUtil`: vector geometry on the second generation of value types.
+
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/valueTypes.h>
 #include <OrvelMath/geom3d/TriangleCuboidIntersector.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The engine's pairs of doubles under the names of this folder.
-#pragma once
 
 #include <OrvelMath/engine/Pair_p.h>
 

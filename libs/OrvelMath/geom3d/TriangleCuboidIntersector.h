@@ -3,7 +3,7 @@
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/valueTypes.h>
 
-/// \file
+/// @file
 /// Overlap of a triangle and an axis-aligned cuboid.
 ///
 /// | Take this                     | for                                                         |
@@ -25,11 +25,11 @@ enum TriangleCuboidIntersectionType {
     TriangleCuboidOverlap = 2 ///< overlap; the centroid lies outside the cuboid
 };
 
-/// Tells whether the triangle \p a, \p b, \p c and the closed cuboid from \p minCorner to
-/// \p maxCorner have a point in common. The triangle is the filled one; touching is overlap.
+/// Tells whether the triangle @p a, @p b, @p c and the closed cuboid from @p minCorner to
+/// @p maxCorner have a point in common. The triangle is the filled one; touching is overlap.
 ///
 /// All points are in model units. The corners are taken as they come: unless every coordinate of
-/// \p minCorner is at most that of \p maxCorner, the answer is wrong. A triangle that degenerates
+/// @p minCorner is at most that of @p maxCorner, the answer is wrong. A triangle that degenerates
 /// to a segment or a point is tested as such, but by the edge and range axes only. A NaN in a
 /// vertex gives false.
 ORVELMATH_EXPORT bool triangleIntersectsCuboid(vectorC3d<double> const &a,
@@ -49,7 +49,7 @@ ORVELMATH_EXPORT bool triangleIntersectsCuboid(vectorC3d<double> const &a,
 class ORVELMATH_EXPORT TriangleCuboidIntersector
 {
 public:
-    /// Prepares the triangle \p p0, \p p1, \p p2 (model units, any orientation, may be degenerate).
+    /// Prepares the triangle @p p0, @p p1, @p p2 (model units, any orientation, may be degenerate).
     TriangleCuboidIntersector(vectorC3d<double> const &p0, vectorC3d<double> const &p1,
                               vectorC3d<double> const &p2);
 
@@ -57,15 +57,15 @@ public:
     TriangleCuboidIntersector &operator=(TriangleCuboidIntersector const &other);
     TriangleCuboidIntersector &operator=(TriangleCuboidIntersector &&other);
 
-    /// Tells how the triangle lies to the closed cuboid from \p minCorner to \p maxCorner.
+    /// Tells how the triangle lies to the closed cuboid from @p minCorner to @p maxCorner.
     ///
-    /// \param splitAxis   0, 1 or 2: the cuboid is one half of a cuboid split along x, y or z.
+    /// @param splitAxis   0, 1 or 2: the cuboid is one half of a cuboid split along x, y or z.
     ///                    Any other value: nothing is known of its history, and every axis is
     ///                    tested. A hierarchy's root is tested with such a value.
-    /// \param parentType  what this function told of the parent; read only when \p splitAxis is
+    /// @param parentType  what this function told of the parent; read only when @p splitAxis is
     ///                    0, 1 or 2, and only in whether it is `TriangleCuboidContainsCentroid`.
     ///
-    /// With \p splitAxis 0, 1 or 2 the answer is that of the full test only if the cuboid is half
+    /// With @p splitAxis 0, 1 or 2 the answer is that of the full test only if the cuboid is half
     /// of its parent along that axis and the parent was not disjoint; otherwise it is wrong, and
     /// nothing reports it. The corners must be sorted as for `triangleIntersectsCuboid`.
     ///

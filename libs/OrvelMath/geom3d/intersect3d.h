@@ -3,7 +3,7 @@
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/valueTypes.h>
 
-/// \file
+/// @file
 /// Lines, planes, spheres and cylinders in space, on the first generation of value types.
 ///
 /// A line is two positions and runs on beyond them; ProjectOntoLine alone takes a direction and a

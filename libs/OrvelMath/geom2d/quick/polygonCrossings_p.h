@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// The shortcut of the two point-in-polygon tests. Not part of the interface.
 ///
@@ -23,7 +25,6 @@
 ///
 /// The order of the edges matters to the definition only through the side from which the outline
 /// came into the band; `sideBefore` finds it by a look back.
-#pragma once
 
 #include <OrvelMath/engine/Pair_p.h>
 #include <OrvelMath/geom2d/polygonCrossings_p.h>

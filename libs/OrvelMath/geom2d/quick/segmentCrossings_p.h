@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// The shortcuts of the segment crossings. Not part of the interface.
 ///
@@ -21,7 +23,6 @@
 ///   more than twice that: `lengthNoise` times these sizes covers both.
 /// - With cross products above `leastArea` and sizes below `greatestSize`, no square, product or
 ///   quotient that decides overflows or underflows.
-#pragma once
 
 #include <OrvelMath/base/Point2D.h>
 #include <OrvelMath/engine/Pair_p.h>
