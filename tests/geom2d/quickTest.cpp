@@ -82,14 +82,18 @@ TEST(ShortcutsOfThePlane, PolygonTestsAgreeOnEveryInput)
     for (int round = 0; round < caseCount(); ++round) {
         double const tol = tolerances[random() % tolerances.size()];
         double const scale = std::pow(10.0, static_cast<double>(random() % 9) - 2.0);
+        bool const isTall = random() % 4 == 0; // much wider in y than in x
         Coordinates coordinate(random, scale, tol);
-        Point2D const p(coordinate(0.0), coordinate(0.0));
+        Coordinates coordinateInY(random, isTall ? scale * 1e9 : scale, tol);
+        double const px = coordinate(0.0);
+        Point2D const p(px, coordinateInY(0.0));
         std::vector<Point2D> points;
         // Half of the outlines keep out of the band: those are located without a walk.
         bool const avoidsBand = random() % 2 == 0;
         size_t const size = random() % 4 == 0 ? random() % 140 : random() % 24;
         while (points.size() < size) {
-            Point2D q(coordinate(p.x()), coordinate(p.y()));
+            double const x = coordinate(p.x());
+            Point2D q(x, coordinateInY(p.y()));
             bool const isInBand = !(p.y() - tol > q.y()) && !(q.y() > p.y() + tol);
             if (avoidsBand && isInBand) {
                 static constexpr std::array<double, 4> clearances = {1e-15, 1e-13, 4e-12, 1.0};

@@ -317,6 +317,17 @@ template <typename Test, typename At>
     return crossings == onOutline ? Place::OnOutline : placeOf(crossings + (isOdd ? 1 : 0));
 }
 
+/// Whether a crossing that is clear by its place is clear by lengths too: for a tolerance that is
+/// not below the noise of the actual sizes. `reach` is at least the greatest height of a vertex
+/// above or below the ray's line.
+template <typename Test>
+ORVEL_INLINE bool areLengthsClear(double rayEnd, double xmin, Point2D const &p, double reach,
+                                  double tol)
+{
+    double const sizes = std::fabs(rayEnd) + std::fabs(xmin) + std::fabs(p.x()) + std::fabs(p.y());
+    return !Test::measuresLengths || tol >= 5e-14 * std::max(sizes, reach);
+}
+
 enum class Outcome { Answered, OutOfScale, Unproved };
 
 /// `locate` on the assumption of a scale.
@@ -341,9 +352,9 @@ ORVEL_INLINE Outcome locateInScale(At const &at, int count, Point2D const &p, do
         scale = 8 * size;
         return Outcome::OutOfScale;
     }
-    double const noise = 5e-14 * (std::fabs(ray.end.x()) + std::fabs(extent.min) +
-                                  std::fabs(p.x()) + std::fabs(p.y()));
-    bool const areCrossingsClear = !Test::measuresLengths || tol >= noise;
+    double const heights = std::max(greatest[1] - p.y(), p.y() - least[1]);
+    bool const areCrossingsClear =
+        areLengthsClear<Test>(ray.end.x(), extent.min, p, std::max(sizes[0], heights), tol);
     if (!areCrossingsClear || !(greatest[0] < ray.end.x() - limits.clearance)) {
         return Outcome::Unproved;
     }
@@ -434,9 +445,9 @@ ORVEL_INLINE bool locateSmall(At const &at, int count, Point2D const &p, double 
     double const rayEnd = extent.max + Test::reach;
     Pair const reaches = engine::greaterOr(-outline.least, outline.greatest);
     double const sizes = std::fabs(p.x()) + std::fabs(p.y()) + std::fabs(rayEnd);
-    double const noise = 5e-14 * (sizes + std::fabs(extent.min));
-    bool const areCrossingsClear = !Test::measuresLengths || tol >= noise;
-    bool const isInScale = 4 * (sizes + std::max(reaches[0], reaches[1])) <= scale;
+    double const reach = std::max(reaches[0], reaches[1]);
+    bool const areCrossingsClear = areLengthsClear<Test>(rayEnd, extent.min, p, reach, tol);
+    bool const isInScale = 4 * (sizes + reach) <= scale;
     place = placeOf(outline.isOdd ? 1 : 0);
     return outline.areAllClear & areCrossingsClear & isInScale &
            (actual.max < rayEnd - 2 * clearance);
