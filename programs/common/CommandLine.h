@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// What all programs have in common on their command line.
-
-#pragma once
 
 #include <CLI/CLI.hpp>
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// A program that ends within a second when the user presses Ctrl-C, and leaves nothing half-done.
-
-#pragma once
 
 #include <mutex>
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// The one way in which programs write their results.
-
-#pragma once
 
 #include <QtCore/QByteArray>
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// One progress bar over all the work of a program.
-
-#pragma once
 
 #include <string>
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// What ends a program, or one part of its work, with a sentence for the person who called it.
-
-#pragma once
 
 #include <stdexcept>
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// Manual pages and completion scripts, made from the options that a program has.
-
-#pragma once
 
 #include <CLI/CLI.hpp>
 

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Figures: panels with shapes and labels, written as SVG.
+
 #include <memory>
 #include <string>
 #include <type_traits>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Numbers and text as SVG wants them.
+
 #include <cstddef>
 #include <string>
 

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The figures of the documentation.
+
 #include "SvgCanvas.h"
 
 #include <functional>

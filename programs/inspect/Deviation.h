@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// How far one surface is from another.
-
-#pragma once
 
 #include "Mesh.h"
 

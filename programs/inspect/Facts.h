@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// What the program finds out, in one list for the eye, for JSON and for tables.
-
-#pragma once
 
 #include <QtCore/QByteArray>
 #include <QtCore/QJsonValue>

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// The convex hull with all its corners.
-
-#pragma once
 
 #include "Mesh.h"
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// The figures that go to standard output.
-
-#pragma once
 
 #include "Facts.h"
 

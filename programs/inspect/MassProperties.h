@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// Area, volume, centroid and principal axes of a mesh.
-
-#pragma once
 
 #include "Mesh.h"
 

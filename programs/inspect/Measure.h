@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// Time, memory and numbers as text.
-
-#pragma once
 
 #include <chrono>
 #include <string>

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// A limit on what a file may make the program allocate.
-
-#pragma once
 
 #include <cstdint>
 

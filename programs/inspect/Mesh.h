@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// A mesh as the program holds it.
-
-#pragma once
 
 #include <OrvelMath/base/vectorC.h>
 

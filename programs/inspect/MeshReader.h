@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// Meshes from files and from standard input.
-
-#pragma once
 
 #include "Mesh.h"
 #include "Progress.h"

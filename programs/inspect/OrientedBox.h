@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// A small box about a mesh that need not be parallel to the axes.
-
-#pragma once
 
 #include "Hull.h"
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// The page that shows what was found.
-
-#pragma once
 
 #include "Facts.h"
 

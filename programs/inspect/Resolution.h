@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// How finely volumes are taken apart.
-
-#pragma once
 
 #include "VolumeTree.h"
 

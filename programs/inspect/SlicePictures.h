@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// Slices through trees of cells as pictures.
-
-#pragma once
 
 #include "VolumeTree.h"
 

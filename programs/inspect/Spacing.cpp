@@ -131,27 +131,24 @@ std::string spacingPicture(std::vector<double> const &spacings)
     }
     int const highest = *std::max_element(counts.begin(), counts.end());
 
+    // The texts stand beside the picture, where they keep their size on a small screen.
     int const barWidth = 16;
     double const height = 200.0;
     std::ostringstream svg;
-    svg << "<svg viewBox=\"0 0 " << classCount * barWidth + 40 << " 260\" font-size=\"11\" "
-        << "style=\"max-width: 48rem\" font-family=\"sans-serif\">\n";
+    svg << "<div class=\"histogram\">\n<svg viewBox=\"0 0 " << classCount * barWidth
+        << " 202\" role=\"img\" aria-label=\"how many vertices have which distance\">\n";
     for (int i = 0; i < classCount; ++i) {
         double const bar = height * counts[static_cast<std::size_t>(i)] / highest;
         if (bar > 0.0) {
-            svg << "<rect x=\"" << 20 + i * barWidth << "\" y=\"" << numberText(225.0 - bar)
-                << "\" width=\"" << barWidth - 1 << "\" height=\"" << numberText(bar)
-                << "\" fill=\"#2a4b8d\"/>\n";
+            svg << "<rect class=\"bar\" x=\"" << i * barWidth << "\" y=\""
+                << numberText(height - bar) << "\" width=\"" << barWidth - 1 << "\" height=\""
+                << numberText(bar) << "\"/>\n";
         }
     }
-    int const right = 20 + classCount * barWidth;
-    svg << "<path d=\"M20 225.5H" << right << "\" stroke=\"#555\"/>\n"
-        << "<text x=\"20\" y=\"245\">" << numberText(smallest) << "</text>\n"
-        << "<text x=\"" << right << "\" y=\"245\" text-anchor=\"end\">" << numberText(largest)
-        << "</text>\n<text x=\"" << (20 + right) / 2
-        << "\" y=\"245\" text-anchor=\"middle\">distance, logarithmic</text>\n<text x=\"" << right
-        << "\" y=\"18\" text-anchor=\"end\">highest bar: " << highest
-        << " vertices</text>\n</svg>\n";
+    svg << "<path class=\"axis\" d=\"M0 201H" << classCount * barWidth
+        << "\"/>\n</svg>\n<p><span>" << numberText(smallest)
+        << "</span><span>distance, logarithmic</span><span>" << numberText(largest)
+        << "</span></p>\n<p>highest bar: " << highest << " vertices</p>\n</div>\n";
     return svg.str();
 }
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// How close the vertices of a mesh lie together.
-
-#pragma once
 
 #include "Facts.h"
 #include "Mesh.h"

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// How the triangles of a mesh hang together.
-
-#pragma once
 
 #include "Mesh.h"
 

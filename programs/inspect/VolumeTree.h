@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// The tree of a mesh's volume.
-
-#pragma once
 
 #include "Mesh.h"
 #include "Progress.h"

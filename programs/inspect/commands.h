@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// The commands of orvel-inspect.
-
-#pragma once
 
 #include "Listing.h"
 #include "MeshReader.h"

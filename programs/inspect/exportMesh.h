@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// Meshes as files of other programs.
-
-#pragma once
 
 #include "Hull.h"
 #include "OrientedBox.h"

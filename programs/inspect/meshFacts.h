@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// All that orvel-inspect finds out about one mesh.
-
-#pragma once
 
 #include "Facts.h"
 #include "Hull.h"

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// What the page's view in space shows, as data for the page and as a still picture.
-
-#pragma once
 
 #include "Mesh.h"
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// How often a surface winds round a point.
-
-#pragma once
 
 #include "Mesh.h"
 

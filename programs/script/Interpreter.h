@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// The interpreter that runs scripts.
-
-#pragma once
 
 #include <QtCore/QByteArray>
 

@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// The module Orvel, through which scripts reach the script classes.
-
-#pragma once
 
 struct mrb_state;
 struct RClass;

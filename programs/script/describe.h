@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Objects as text.
+
 #include <OrvelCore/script/ScriptLayer.h>
 
 #include <QtCore/QByteArray>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The page of all members of the script classes.
+
 #include <QtCore/QByteArray>
 
 /// A page that shows every member of the script classes with a line of script and its result.

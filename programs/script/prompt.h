@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The prompt.
+
 #include "Interpreter.h"
 
 /// Reads lines, runs them and shows what they give, until the input ends or says "exit". The lines

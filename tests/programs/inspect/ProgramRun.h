@@ -1,7 +1,7 @@
+#pragma once
+
 /// @file
 /// Runs of the program as a user starts it.
-
-#pragma once
 
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>

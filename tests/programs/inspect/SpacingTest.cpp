@@ -41,7 +41,7 @@ TEST_F(SpacingReport, PageHasTheHistogram)
     ProgramRun const run({meshOf(tetrahedron), "--report", "page.html"});
     std::string const page = run.fileLeft("page.html");
     EXPECT_NE(std::string::npos, page.find("highest bar: 2 vertices"));
-    std::size_t const picture = page.find("<svg viewBox=\"0 0 680 260\"");
+    std::size_t const picture = page.find("<svg viewBox=\"0 0 640 202\"");
     ASSERT_NE(std::string::npos, picture);
     std::string const svg = page.substr(picture, page.find("</svg>", picture) - picture);
     std::regex const bar("<rect ");
