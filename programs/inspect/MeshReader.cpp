@@ -16,6 +16,7 @@
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <map>
 #include <new>
@@ -194,7 +195,7 @@ std::string unitOf(aiScene const &scene, std::string const &format)
     }
     static std::map<int, char const *> const names{
         {100, "mm"}, {1000, "cm"}, {2540, "in"}, {30480, "ft"}, {100000, "m"}};
-    auto const name = names.find(int(centimetres * 1000.0 + 0.5));
+    auto const name = names.find(int(std::lround(centimetres * 1000.0)));
     return name == names.end() ? std::string() : name->second;
 }
 

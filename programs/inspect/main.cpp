@@ -18,7 +18,7 @@ constexpr char const *footer =
     "  genus            handles of all components together; only of a closed manifold\n"
     "  degenerate       height below 1e-12 of the longest side\n"
     "  thinnest         smallest height over longest side; 0.866 is an equilateral triangle\n"
-    "  hull             has all corners to 1e-7 of the longest extent\n"
+    "  hull             exact: all corners and no other; area and volume to 1e-14\n"
     "  oriented box     a side lies in one of the 32 largest faces of the hull\n"
     "\n"
     "Exit codes: 0 all is well, 1 some meshes failed, 2 wrong use or a result that can't be\n"
