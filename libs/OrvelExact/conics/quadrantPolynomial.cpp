@@ -4,15 +4,6 @@ namespace orvelExact {
 
 namespace {
 
-DoubleDouble valueOf(DoubleDouble const *a, int degree, double t)
-{
-    DoubleDouble value = a[degree];
-    for (int i = degree - 1; i >= 0; --i) {
-        value = value * t + a[i];
-    }
-    return value;
-}
-
 double slopeOf(DoubleDouble const *a, int degree, double t)
 {
     double slope = degree * a[degree].high;
@@ -27,8 +18,17 @@ int signWithin(DoubleDouble const &value, double noise)
     return value.high > noise ? 1 : value.high < -noise ? -1 : 0;
 }
 
-/// The place between two places of opposite sign where the polynomial vanishes, to the last bits
-/// of a double: Newton's steps, bisection where they leave the bracket or shrink it too little.
+} // namespace
+
+DoubleDouble valueOf(DoubleDouble const *a, int degree, double t)
+{
+    DoubleDouble value = a[degree];
+    for (int i = degree - 1; i >= 0; --i) {
+        value = value * t + a[i];
+    }
+    return value;
+}
+
 double rootBetween(DoubleDouble const *a, int degree, double below, double above)
 {
     bool const rises = valueOf(a, degree, above).high > 0.0;
@@ -58,8 +58,6 @@ double rootBetween(DoubleDouble const *a, int degree, double below, double above
     }
     return t;
 }
-
-} // namespace
 
 Direction directionAt(Place place)
 {

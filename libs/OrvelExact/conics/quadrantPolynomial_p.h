@@ -47,6 +47,13 @@ void quadrantPolynomial(Real const (&k)[5], int quadrant, Real (&a)[5])
     a[4] = k[0] - k1 + k3;
 }
 
+/// a[0] + a[1] t + ... after Horner.
+DoubleDouble valueOf(DoubleDouble const *a, int degree, double t);
+
+/// The place between two places of opposite sign where a polynomial vanishes, to the last bits of a
+/// double: Newton's steps, bisection where they leave the bracket or shrink it too little.
+double rootBetween(DoubleDouble const *a, int degree, double below, double above);
+
 /// A root and how many derivatives vanish there within the noise, plus one.
 struct PolynomialRoot
 {

@@ -50,33 +50,60 @@ inline Polynomial remainderOf(Polynomial a, Polynomial const &b)
     return a;
 }
 
-/// The number of distinct real roots (Sturm 1829).
-inline int distinctRealRoots(Polynomial p)
+/// The polynomial, its derivative and the remainders with opposite signs (Sturm 1829).
+inline std::vector<Polynomial> sturmChain(Polynomial p)
 {
     trim(p);
     std::vector<Polynomial> chain{p};
-    Polynomial derivative;
+    Polynomial next;
     for (std::size_t i = 1; i < p.size(); ++i) {
-        derivative.push_back(p[i] * i);
+        next.push_back(p[i] * i);
     }
-    while (!derivative.empty()) {
-        chain.push_back(derivative);
-        derivative = remainderOf(chain[chain.size() - 2], chain.back());
-        for (Integer &x : derivative) {
+    while (!next.empty()) {
+        chain.push_back(next);
+        next = remainderOf(chain[chain.size() - 2], chain.back());
+        for (Integer &x : next) {
             x = -x;
         }
     }
-    int changesBelow = 0;
-    int changesAbove = 0;
-    for (std::size_t i = 1; i < chain.size(); ++i) {
-        bool const before = chain[i - 1].back() > 0;
-        bool const after = chain[i].back() > 0;
-        changesAbove += before != after ? 1 : 0;
-        bool const beforeIsOdd = chain[i - 1].size() % 2 == 0;
-        bool const afterIsOdd = chain[i].size() % 2 == 0;
-        changesBelow += (before != beforeIsOdd) != (after != afterIsOdd) ? 1 : 0;
+    return chain;
+}
+
+/// How often the signs change along the chain; zeros are left out.
+template <class Sign>
+int changesAlong(std::vector<Polynomial> const &chain, Sign signOf)
+{
+    int changes = 0;
+    int before = 0;
+    for (Polynomial const &p : chain) {
+        int const sign = signOf(p);
+        changes += sign * before < 0 ? 1 : 0;
+        before = sign != 0 ? sign : before;
     }
-    return changesBelow - changesAbove;
+    return changes;
+}
+
+inline int signAtInfinity(Polynomial const &p)
+{
+    return p.back() > 0 ? 1 : -1;
+}
+
+/// The number of distinct real roots.
+inline int distinctRealRoots(Polynomial const &p)
+{
+    std::vector<Polynomial> const chain = sturmChain(p);
+    auto const atMinusInfinity = [](Polynomial const &q) {
+        return q.size() % 2 == 0 ? -signAtInfinity(q) : signAtInfinity(q);
+    };
+    return changesAlong(chain, atMinusInfinity) - changesAlong(chain, signAtInfinity);
+}
+
+/// The number of distinct roots above 0 of a polynomial that isn't 0 there.
+inline int distinctPositiveRoots(Polynomial const &p)
+{
+    std::vector<Polynomial> const chain = sturmChain(p);
+    auto const atZero = [](Polynomial const &q) { return q.front().sign(); };
+    return changesAlong(chain, atZero) - changesAlong(chain, signAtInfinity);
 }
 
 /// The six components as integers, with one power of two for all of them.

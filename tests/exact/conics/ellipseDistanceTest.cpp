@@ -12,8 +12,9 @@ using conicsTruth::meetingsOf;
 using samples::AnyEllipse;
 using samples::cases;
 
-/// The circle through the nearest point cannot meet the ellipse when it shrinks a little, by Sturm's
-/// count, which errs in no digit; and the point given is on the ellipse at the distance given.
+/// The circle through the nearest point cannot meet the ellipse when it shrinks a little, by
+/// Sturm's count, which errs in no digit; and the point given is on the ellipse at the distance
+/// given.
 void expectTruth(Ellipse const &e, Point2 const &p, double slack)
 {
     NearestOnEllipse const found = nearestOnEllipse(e, p);
