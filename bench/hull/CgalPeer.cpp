@@ -10,10 +10,10 @@ namespace {
 
 using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
 
-void inSpace(benchmark::State &state, std::string const &kind)
+void inSpace(benchmark::State &state, std::vector<Point3> const &cloud)
 {
     std::vector<Kernel::Point_3> points;
-    for (Point3 const &p : spaceCloud(kind, static_cast<int>(state.range(0)))) {
+    for (Point3 const &p : cloud) {
         points.emplace_back(p[0], p[1], p[2]);
     }
     measureBuild(state, [&points] {
@@ -23,7 +23,7 @@ void inSpace(benchmark::State &state, std::string const &kind)
     });
 }
 
-bool const registered = (forSpaceClouds("Cgal", inSpace), true);
+bool const registered = (forSpaceClouds("cgal", inSpace), true);
 
 } // namespace
 

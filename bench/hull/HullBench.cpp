@@ -1,5 +1,6 @@
 #include "HullBench.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <random>
@@ -29,14 +30,80 @@ std::vector<Point3> meshVertices()
     return points;
 }
 
-std::vector<Point3> grid(int count)
+constexpr double pi = 3.141592653589793;
+
+/// Draws numbers in the same order on every machine; the seed is fixed.
+class Drawing
 {
-    int const side = static_cast<int>(std::lround(std::cbrt(count)));
-    std::vector<Point3> points;
-    for (int i = 0; i < side * side * side; ++i) {
-        points.push_back({double(i / (side * side)), double(i / side % side), double(i % side)});
+public:
+    double uniform() { return double(m_generator() >> 11) * 0x1p-52 - 1.0; } ///< -1 to 1
+    double normal() { return m_normal(m_generator); }
+    unsigned whole(unsigned below) { return unsigned(m_generator() % below); }
+
+private:
+    std::mt19937_64 m_generator{42};
+    std::normal_distribution<double> m_normal;
+};
+
+Point3 unit(Point3 const &p)
+{
+    double const length = std::sqrt(p[0] * p[0] + p[1] * p[1] + p[2] * p[2]);
+    return {p[0] / length, p[1] / length, p[2] / length};
+}
+
+Point3 normalPoint(Drawing &draw)
+{
+    double const x = draw.normal();
+    double const y = draw.normal();
+    return {x, y, draw.normal()};
+}
+
+Point3 onCone(Drawing &draw)
+{
+    double const angle = pi * draw.uniform();
+    double const radius = std::abs(draw.uniform());
+    return {radius * std::cos(angle), radius * std::sin(angle), 1.0 - radius};
+}
+
+Point3 onTorus(Drawing &draw)
+{
+    double const around = pi * draw.uniform();
+    double const across = pi * draw.uniform();
+    double const radius = 2.0 + std::cos(across);
+    return {radius * std::cos(around), radius * std::sin(around), std::sin(across)};
+}
+
+/// A point of one of the clouds without order and copies.
+Point3 spacePoint(std::string const &kind, Drawing &draw)
+{
+    if (kind == "gauss") {
+        return normalPoint(draw);
     }
-    return points;
+    if (kind == "sphere") {
+        return unit(normalPoint(draw));
+    }
+    if (kind == "spheres") { // two of them, apart
+        Point3 p = unit(normalPoint(draw));
+        p[0] += draw.whole(2) ? 3.0 : 0.0;
+        return p;
+    }
+    if (kind == "cone") {
+        return onCone(draw);
+    }
+    if (kind == "torus") {
+        return onTorus(draw);
+    }
+    Point3 p{draw.uniform(), draw.uniform(), draw.uniform()};
+    if (kind == "ball" && p[0] * p[0] + p[1] * p[1] + p[2] * p[2] > 1.0) {
+        return spacePoint(kind, draw);
+    }
+    if (kind == "paraboloid") {
+        p[2] = p[0] * p[0] + p[1] * p[1];
+    }
+    if (kind == "integers") {
+        p = {std::floor(500.0 * p[0]), std::floor(500.0 * p[1]), std::floor(500.0 * p[2])};
+    }
+    return p;
 }
 
 std::vector<Point3> makeSpaceCloud(std::string const &kind, int count)
@@ -44,52 +111,67 @@ std::vector<Point3> makeSpaceCloud(std::string const &kind, int count)
     if (kind == "mesh") {
         return meshVertices();
     }
-    if (kind == "grid") {
-        return grid(count);
-    }
-    std::mt19937_64 generator(42);
-    std::uniform_real_distribution<double> uniform(-1.0, 1.0);
-    std::normal_distribution<double> normal;
+    Drawing draw;
+    int const side = static_cast<int>(std::lround(std::cbrt(count)));
     std::vector<Point3> points;
-    while (static_cast<int>(points.size()) < count) {
-        Point3 p{uniform(generator), uniform(generator), uniform(generator)};
-        if (kind == "gauss" || kind == "sphere") {
-            p = {normal(generator), normal(generator), normal(generator)};
+    for (int i = 0; i < count; ++i) {
+        if (kind == "lattice") {
+            points.push_back(
+                {double(i / (side * side)), double(i / side % side), double(i % side)});
+        } else if (kind == "copies" && i >= count / 100) {
+            points.push_back(points[draw.whole(static_cast<unsigned>(count) / 100)]);
+        } else {
+            points.push_back(spacePoint(kind, draw));
         }
-        double const length = std::sqrt(p[0] * p[0] + p[1] * p[1] + p[2] * p[2]);
-        if (kind == "ball" && length > 1.0) {
-            continue;
-        }
-        if (kind == "sphere") {
-            p = {p[0] / length, p[1] / length, p[2] / length};
-        }
-        if (kind == "copies" && static_cast<int>(points.size()) >= count / 100) {
-            p = points[generator() % static_cast<unsigned>(count / 100)];
-        }
-        points.push_back(p);
+    }
+    if (kind == "sorted") {
+        std::sort(points.begin(), points.end());
     }
     return points;
+}
+
+Point2 planePoint(std::string const &kind, Drawing &draw)
+{
+    if (kind == "gauss") {
+        double const x = draw.normal();
+        return {x, draw.normal()};
+    }
+    double const x = draw.uniform();
+    double const y = draw.uniform();
+    if (kind == "circle" || kind == "circleCopies") {
+        return {std::cos(pi * x), std::sin(pi * x)};
+    }
+    if (kind == "disc" && x * x + y * y > 1.0) {
+        return planePoint(kind, draw);
+    }
+    if (kind == "integers") {
+        return {std::floor(500.0 * x), std::floor(500.0 * y)};
+    }
+    return {x, y};
 }
 
 std::vector<Point2> makePlaneCloud(std::string const &kind, int count)
 {
-    std::mt19937_64 generator(42);
-    std::uniform_real_distribution<double> uniform(-1.0, 1.0);
+    Drawing draw;
+    int const side = static_cast<int>(std::lround(std::sqrt(count)));
+    bool const copies = kind == "copies" || kind == "circleCopies";
     std::vector<Point2> points;
-    while (static_cast<int>(points.size()) < count) {
-        Point2 p{uniform(generator), uniform(generator)};
-        double const length = std::sqrt(p[0] * p[0] + p[1] * p[1]);
-        if (kind != "square" && length > 1.0) {
-            continue;
+    for (int i = 0; i < count; ++i) {
+        if (kind == "lattice") {
+            points.push_back({double(i / side), double(i % side)});
+        } else if (copies && i >= count / 100) {
+            points.push_back(points[draw.whole(static_cast<unsigned>(count) / 100)]);
+        } else {
+            points.push_back(planePoint(kind, draw));
         }
-        if (kind == "circle") {
-            p = {p[0] / length, p[1] / length};
-        }
-        points.push_back(p);
+    }
+    if (kind == "sorted") {
+        std::sort(points.begin(), points.end());
     }
     return points;
 }
 
+/// The cloud, made once for all libraries.
 template <typename Cloud>
 Cloud const &kept(Cloud (*make)(std::string const &, int), std::string const &kind, int count)
 {
@@ -98,49 +180,49 @@ Cloud const &kept(Cloud (*make)(std::string const &, int), std::string const &ki
     if (found != clouds.end()) {
         return found->second;
     }
-    Cloud &cloud = clouds[{kind, count}];
-    cloud = make(kind, count);
-    return cloud;
+    return clouds[{kind, count}] = make(kind, count);
+}
+
+template <typename Cloud>
+void addRow(std::string const &family, std::string const &kind, int count, std::string const &who,
+            Cloud (*make)(std::string const &, int),
+            void (*measure)(benchmark::State &, Cloud const &))
+{
+    std::string const size = count ? std::to_string(count) : "whole";
+    benchmark::RegisterBenchmark(
+        (family + "/" + kind + "/" + size + "/" + who).c_str(),
+        [=](benchmark::State &state) { measure(state, kept(make, kind, count)); })
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
 }
 
 } // namespace
 
-std::vector<Point3> const &spaceCloud(std::string const &kind, int count)
+void forSpaceClouds(std::string const &who,
+                    void (*measure)(benchmark::State &, std::vector<Point3> const &))
 {
-    return kept(makeSpaceCloud, kind, count);
-}
-
-std::vector<Point2> const &planeCloud(std::string const &kind, int count)
-{
-    return kept(makePlaneCloud, kind, count);
-}
-
-void forSpaceClouds(std::string const &name,
-                    void (*measure)(benchmark::State &, std::string const &kind))
-{
-    for (std::string const kind : {"ball", "cube", "gauss", "sphere", "grid", "copies", "mesh"}) {
-        if (kind == "mesh" && spaceCloud(kind, 0).empty()) {
-            continue;
+    for (char const *kind : {"ball", "cube", "gauss", "lattice", "integers", "copies", "sorted",
+                             "sphere", "spheres", "torus", "paraboloid"}) {
+        for (int count : {1000, 10000, 100000, 1000000}) {
+            addRow("hullSpace", kind, count, who, makeSpaceCloud, measure);
         }
-        auto *const entry =
-            benchmark::RegisterBenchmark(("Hull3D/" + kind + "/" + name).c_str(), measure, kind);
-        entry->UseManualTime()->Unit(benchmark::kMillisecond);
-        if (kind == "mesh") {
-            entry->Arg(0);
-        } else {
-            entry->RangeMultiplier(10)->Range(1000, 1000000);
-        }
+    }
+    // Many vertices nearly in one plane: the steps grow with the square of their number.
+    for (int count : {1000, 10000}) {
+        addRow("hullSpace", "cone", count, who, makeSpaceCloud, measure);
+    }
+    if (!meshVertices().empty()) {
+        addRow("hullSpace", "mesh", 0, who, makeSpaceCloud, measure);
     }
 }
 
-void forPlaneClouds(std::string const &name,
-                    void (*measure)(benchmark::State &, std::string const &kind))
+void forPlaneClouds(std::string const &who,
+                    void (*measure)(benchmark::State &, std::vector<Point2> const &))
 {
-    for (std::string const kind : {"square", "disc", "circle"}) {
-        benchmark::RegisterBenchmark(("Hull2D/" + kind + "/" + name).c_str(), measure, kind)
-            ->UseManualTime()
-            ->Unit(benchmark::kMillisecond)
-            ->RangeMultiplier(10)
-            ->Range(1000, 1000000);
+    for (char const *kind : {"square", "disc", "gauss", "circle", "lattice", "integers", "copies",
+                             "circleCopies", "sorted"}) {
+        for (int count : {1000, 10000, 100000, 1000000}) {
+            addRow("hullPlane", kind, count, who, makePlaneCloud, measure);
+        }
     }
 }

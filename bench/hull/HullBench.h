@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The clouds on which hulls are measured, and how.
+
 #include <benchmark/benchmark.h>
 
 #include <array>
@@ -10,15 +13,11 @@
 using Point2 = std::array<double, 2>;
 using Point3 = std::array<double, 3>;
 
-/// The clouds of the measurements. The seed is fixed: every program run measures the same points.
-std::vector<Point3> const &spaceCloud(std::string const &kind, int count);
-std::vector<Point2> const &planeCloud(std::string const &kind, int count);
-
-/// Registers a measurement of `what` for all clouds in space and sizes, or in the plane.
-void forSpaceClouds(std::string const &name,
-                    void (*measure)(benchmark::State &, std::string const &kind));
-void forPlaneClouds(std::string const &name,
-                    void (*measure)(benchmark::State &, std::string const &kind));
+/// Registers the rows hullSpace/CLOUD/SIZE/who, or hullPlane/..., of one of the libraries.
+void forSpaceClouds(std::string const &who,
+                    void (*measure)(benchmark::State &, std::vector<Point3> const &));
+void forPlaneClouds(std::string const &who,
+                    void (*measure)(benchmark::State &, std::vector<Point2> const &));
 
 inline double processorSeconds()
 {

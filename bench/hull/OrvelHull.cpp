@@ -6,10 +6,10 @@
 
 namespace {
 
-void inSpace(benchmark::State &state, std::string const &kind)
+void inSpace(benchmark::State &state, std::vector<Point3> const &cloud)
 {
     QList<vectorC3d<double>> points;
-    for (Point3 const &p : spaceCloud(kind, static_cast<int>(state.range(0)))) {
+    for (Point3 const &p : cloud) {
         points.append({p[0], p[1], p[2]});
     }
     measureBuild(state, [&points] {
@@ -19,10 +19,10 @@ void inSpace(benchmark::State &state, std::string const &kind)
     });
 }
 
-void inThePlane(benchmark::State &state, std::string const &kind)
+void inThePlane(benchmark::State &state, std::vector<Point2> const &cloud)
 {
     QVector<vectorC2d<double>> points;
-    for (Point2 const &p : planeCloud(kind, static_cast<int>(state.range(0)))) {
+    for (Point2 const &p : cloud) {
         points.append({p[0], p[1]});
     }
     measureBuild(state,
@@ -30,6 +30,6 @@ void inThePlane(benchmark::State &state, std::string const &kind)
 }
 
 bool const registered =
-    (forSpaceClouds("Orvel", inSpace), forPlaneClouds("Orvel", inThePlane), true);
+    (forSpaceClouds("orvel", inSpace), forPlaneClouds("orvel", inThePlane), true);
 
 } // namespace

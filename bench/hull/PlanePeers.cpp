@@ -7,11 +7,11 @@
 
 namespace {
 
-void withBoost(benchmark::State &state, std::string const &kind)
+void withBoost(benchmark::State &state, std::vector<Point2> const &cloud)
 {
     using Point = boost::geometry::model::d2::point_xy<double>;
     boost::geometry::model::multi_point<Point> points;
-    for (Point2 const &p : planeCloud(kind, static_cast<int>(state.range(0)))) {
+    for (Point2 const &p : cloud) {
         points.emplace_back(p[0], p[1]);
     }
     measureBuild(state, [&points] {
@@ -21,7 +21,7 @@ void withBoost(benchmark::State &state, std::string const &kind)
     });
 }
 
-bool const registeredBoost = (forPlaneClouds("Boost", withBoost), true);
+bool const registeredBoost = (forPlaneClouds("boost", withBoost), true);
 
 } // namespace
 
@@ -38,10 +38,10 @@ bool const registeredBoost = (forPlaneClouds("Boost", withBoost), true);
 
 namespace {
 
-void withGeos(benchmark::State &state, std::string const &kind)
+void withGeos(benchmark::State &state, std::vector<Point2> const &cloud)
 {
     std::vector<geos::geom::Coordinate> coordinates;
-    for (Point2 const &p : planeCloud(kind, static_cast<int>(state.range(0)))) {
+    for (Point2 const &p : cloud) {
         coordinates.emplace_back(p[0], p[1]);
     }
     auto const factory = geos::geom::GeometryFactory::create();
@@ -53,7 +53,7 @@ void withGeos(benchmark::State &state, std::string const &kind)
     });
 }
 
-bool const registeredGeos = (forPlaneClouds("Geos", withGeos), true);
+bool const registeredGeos = (forPlaneClouds("geos", withGeos), true);
 
 } // namespace
 

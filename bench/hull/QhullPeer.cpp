@@ -47,18 +47,18 @@ void measureQhull(benchmark::State &state, Cloud const &cloud)
     measureBuild(state, [&] { return std::make_unique<QhullHull>(dimension, coordinates); });
 }
 
-void inSpace(benchmark::State &state, std::string const &kind)
+void inSpace(benchmark::State &state, std::vector<Point3> const &cloud)
 {
-    measureQhull(state, spaceCloud(kind, static_cast<int>(state.range(0))));
+    measureQhull(state, cloud);
 }
 
-void inThePlane(benchmark::State &state, std::string const &kind)
+void inThePlane(benchmark::State &state, std::vector<Point2> const &cloud)
 {
-    measureQhull(state, planeCloud(kind, static_cast<int>(state.range(0))));
+    measureQhull(state, cloud);
 }
 
 bool const registered =
-    (forSpaceClouds("Qhull", inSpace), forPlaneClouds("Qhull", inThePlane), true);
+    (forSpaceClouds("qhull", inSpace), forPlaneClouds("qhull", inThePlane), true);
 
 } // namespace
 
