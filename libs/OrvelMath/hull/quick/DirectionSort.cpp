@@ -28,8 +28,7 @@ bool DirectionSort::readDirections(QVector<vectorC2d<double>> const &points, int
         if (isCopyOfStart(offset)) { // or the start itself
             continue;
         }
-        double const steps = (offset.y() / span + 1.0) * 2147483647.0;
-        std::uint64_t const direction = static_cast<std::uint32_t>(steps);
+        std::uint64_t const direction = directionOf(offset);
         m_items[m_size++] = direction << 32 | static_cast<std::uint32_t>(i);
     }
     return true;

@@ -7,6 +7,7 @@
 
 #include <QtCore/QVector>
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -25,6 +26,13 @@ public:
     /// The number counts steps of 2^-31 in y / (x + |y|), which grows by at most 1 per radian. 44
     /// steps are 2e-8, and rounding takes away less than two of them.
     static constexpr std::uint32_t distinctSteps = 44;
+
+    /// The number of the direction of an offset from the leftmost point; the offset is not 0.
+    static std::uint32_t directionOf(vectorC2d<double> const &offset)
+    {
+        double const span = offset.x() + std::abs(offset.y());
+        return static_cast<std::uint32_t>((offset.y() / span + 1.0) * 2147483647.0);
+    }
 
     /// Sorts all points but the start and its copies within 1e-8. False if a point is too far away
     /// or no number; the start must be the leftmost point.

@@ -2,22 +2,27 @@
 
 #include <OrvelMath/hull/GrahamScan_p.h>
 #include <OrvelMath/hull/quick/DirectionSort_p.h>
+#include <OrvelMath/hull/quick/SortReplay_p.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
 using Points = QVector<vectorC2d<double>>;
 
-/// Index of a record of which only the position is known.
-constexpr int undecided = -1;
+/// Marks the index of a record that equals another one: which of them stays depends on the course
+/// of the sort. Any of them will do until the corners are known.
+constexpr int tied(int index)
+{
+    return index < 0 ? index : ~index;
+}
 
 /// How many points ahead one is fetched: far enough for the memory, and still in the nearest cache
 /// when its turn comes.
 constexpr std::size_t fetchDistance = 16;
 
-/// Marks the records that equal another one: which of them stays depends on the course of the sort.
-/// False if such records are different points.
+/// Marks the records that equal another one. False if such records are different points.
 bool markEqualRecords(QVector<PolarRecord> &sorted)
 {
     for (int i = 1; i < sorted.size(); ++i) {
@@ -25,11 +30,42 @@ bool markEqualRecords(QVector<PolarRecord> &sorted)
             if (sorted.at(i - 1).position != sorted.at(i).position) {
                 return false;
             }
-            sorted[i - 1].index = undecided;
-            sorted[i].index = undecided;
+            sorted[i - 1].index = tied(sorted.at(i - 1).index);
+            sorted[i].index = tied(sorted.at(i).index);
         }
     }
     return true;
+}
+
+/// Appends the record of the point, or marks the last record if the point is a copy of it.
+void appendRecord(QVector<PolarRecord> &cluster, Points const &points, int start, int index)
+{
+    if (!cluster.isEmpty() && cluster.last().position == points[index]) {
+        cluster.last().index = tied(cluster.last().index);
+    } else {
+        cluster.append(polarRecord(points, start, index));
+    }
+}
+
+/// Replaces each marked corner by the one of its equals that the sort puts first.
+void resolveTies(Points const &points, int start, QList<int> &corners)
+{
+    std::vector<int> wanted;
+    for (int corner : qAsConst(corners)) {
+        if (corner < 0) {
+            wanted.push_back(~corner);
+        }
+    }
+    if (wanted.empty()) {
+        return;
+    }
+    std::vector<int> const found = SortReplay(points, start).firstOfEqual(wanted);
+    auto next = found.begin();
+    for (int &corner : corners) {
+        if (corner < 0) {
+            corner = *next++;
+        }
+    }
 }
 
 /// Gives the scan the points whose directions are sorted. False if different points have equal
@@ -49,7 +85,7 @@ bool addByDirection(Points const &points, int start, DirectionSort const &direct
         } else {
             cluster.clear();
             for (std::size_t i = first; i < end; ++i) {
-                cluster.append(polarRecord(points, start, directions.index(i)));
+                appendRecord(cluster, points, start, directions.index(i));
             }
             std::sort(cluster.begin(), cluster.end());
             if (!markEqualRecords(cluster)) {
@@ -74,10 +110,7 @@ bool quickPolygon(Points const &points, int start, QList<int> &hull)
     if (!addByDirection(points, start, directions, scan)) {
         return false;
     }
-    QList<int> const corners = scan.close();
-    if (corners.contains(undecided)) {
-        return false;
-    }
-    hull = corners;
+    hull = scan.close();
+    resolveTies(points, start, hull);
     return true;
 }
