@@ -9,6 +9,8 @@
 #include <QtCore/QVector>
 
 #include <cmath>
+#include <cstddef>
+#include <vector>
 
 /// A point as seen from the start point of a scan.
 struct PolarRecord
@@ -43,29 +45,26 @@ inline bool isCopyOfStart(vectorC2d<double> const &offset)
 class GrahamScan
 {
 public:
-    explicit GrahamScan(PolarRecord const &start)
-        : m_start(start)
-    {
-        m_stack.append(start);
-    }
+    /// @param start,index  the start point and its index
+    GrahamScan(vectorC2d<double> const &start, int index) { m_stack.push_back({start, index}); }
 
     /// The next point: the farthest at its angle.
-    void add(PolarRecord const &record)
+    void add(vectorC2d<double> const &position, int index)
     {
         if (m_ended) {
             return;
         }
         if (!m_hasFirst) {
             m_hasFirst = true;
-            m_stack.append(record);
+            m_stack.push_back({position, index});
             return;
         }
         while (m_stack.size() >= 2) {
-            if (turnsLeft(record.position)) {
-                m_stack.append(record);
+            if (turnsLeft(position)) {
+                m_stack.push_back({position, index});
                 return;
             }
-            m_stack.removeLast();
+            m_stack.pop_back();
         }
         m_ended = true;
     }
@@ -73,27 +72,33 @@ public:
     /// Closes the polygon and returns the indices of its corners.
     QList<int> close()
     {
-        add(m_start);
+        add(m_stack.front().position, m_stack.front().index);
         QList<int> indices;
-        indices.reserve(m_stack.size());
-        // The last entry is the start once more, which closed the polygon.
-        for (int i = 0; i + 1 < m_stack.size(); ++i) {
-            indices.append(m_stack.at(i).index);
+        indices.reserve(static_cast<int>(m_stack.size()));
+        // The last entry is the start once more, which closed the polygon. It is left out by its
+        // place, whatever it is: a scan that has ended leaves the start alone on the stack.
+        for (std::size_t i = 0; i + 1 < m_stack.size(); ++i) {
+            indices.append(m_stack[i].index);
         }
         return indices;
     }
 
 private:
+    struct Corner
+    {
+        vectorC2d<double> position;
+        int index;
+    };
+
     /// True if the way from the entry under the top over the top turns left to `p`; no tolerance.
     bool turnsLeft(vectorC2d<double> const &p) const
     {
-        vectorC2d<double> const &a = m_stack.at(m_stack.size() - 2).position;
-        vectorC2d<double> const &b = m_stack.at(m_stack.size() - 1).position;
+        vectorC2d<double> const &a = m_stack[m_stack.size() - 2].position;
+        vectorC2d<double> const &b = m_stack[m_stack.size() - 1].position;
         return (a.y() - p.y()) * (b.x() - p.x()) - (b.y() - p.y()) * (a.x() - p.x()) < 0.0;
     }
 
-    PolarRecord m_start;
-    QVector<PolarRecord> m_stack;
+    std::vector<Corner> m_stack;
     bool m_hasFirst = false;
     bool m_ended = false; ///< the stack has fallen to one entry: nothing can follow
 };
@@ -109,7 +114,7 @@ void addFarthestPerAngle(Records const &sorted, GrahamScan &scan)
         // Radians. A run is measured against its first angle, not against the neighbour's.
         if (!(std::abs(lastAngle - record.angle) < 1e-8)) {
             if (kept) {
-                scan.add(*kept);
+                scan.add(kept->position, kept->index);
             }
             lastAngle = record.angle;
         } else if (!(record.distance > lastDistance)) {
@@ -119,6 +124,6 @@ void addFarthestPerAngle(Records const &sorted, GrahamScan &scan)
         lastDistance = record.distance;
     }
     if (kept) {
-        scan.add(*kept);
+        scan.add(kept->position, kept->index);
     }
 }

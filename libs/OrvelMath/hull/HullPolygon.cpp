@@ -53,7 +53,7 @@ QList<int> hullPolygon(Points const &points, HullWay way)
         }
     }
     vectorC2d<double> const origin = points.isEmpty() ? vectorC2d<double>() : points[start];
-    GrahamScan scan({origin, 0.0, 0.0, start});
+    GrahamScan scan(origin, start);
     addFarthestPerAngle(sortedRecords(points, start), scan);
     return scan.close();
 }

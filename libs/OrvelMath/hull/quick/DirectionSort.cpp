@@ -25,7 +25,9 @@ bool DirectionSort::readDirections(QVector<vectorC2d<double>> const &points, int
         if (!(span < 1e150)) { // a square must not overflow
             return false;
         }
-        if (isCopyOfStart(offset)) { // or the start itself
+        // The start itself or a copy of it. The length is at least span / sqrt(2), so that most
+        // points need no root.
+        if (span < 1e-7 && isCopyOfStart(offset)) {
             continue;
         }
         std::uint64_t const direction = directionOf(offset);

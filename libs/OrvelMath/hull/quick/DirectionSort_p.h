@@ -27,6 +27,11 @@ public:
     /// steps are 2e-8, and rounding takes away less than two of them.
     static constexpr std::uint32_t distinctSteps = 44;
 
+    /// What the numbers of two directions may differ by at most to show that the angles differ by
+    /// less than 1e-8 radians, rounding included: y / (x + |y|) grows by at least 1/2 per radian,
+    /// rounding adds less than two steps, and 2 * 10 steps are 9.4e-9.
+    static constexpr std::uint32_t oneRunSteps = 8;
+
     /// The number of the direction of an offset from the leftmost point; the offset is not 0.
     static std::uint32_t directionOf(vectorC2d<double> const &offset)
     {

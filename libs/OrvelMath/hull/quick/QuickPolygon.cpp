@@ -68,32 +68,70 @@ void resolveTies(Points const &points, int start, QList<int> &corners)
     }
 }
 
+/// Gives the scan the farthest point of a cluster whose angles all lie within 1e-8 radians: they
+/// are one run, whatever their order. False if different points are the farthest; then their order
+/// counts.
+bool addFarthest(Points const &points, int start, DirectionSort const &directions,
+                 std::size_t first, std::size_t end, GrahamScan &scan)
+{
+    int farthest = directions.index(first);
+    double distance = (points[farthest] - points[start]).length();
+    for (std::size_t i = first + 1; i < end; ++i) {
+        int const index = directions.index(i);
+        double const other = (points[index] - points[start]).length();
+        if (other > distance) {
+            farthest = index;
+            distance = other;
+        } else if (other == distance) {
+            if (points[index] != points[farthest < 0 ? ~farthest : farthest]) {
+                return false;
+            }
+            farthest = tied(farthest);
+        }
+    }
+    scan.add(points[farthest < 0 ? ~farthest : farthest], farthest);
+    return true;
+}
+
+/// Gives the scan the farthest points of a cluster by their angles. False if different points have
+/// equal records.
+bool addByAngle(Points const &points, int start, DirectionSort const &directions, std::size_t first,
+                std::size_t end, GrahamScan &scan)
+{
+    QVector<PolarRecord> cluster;
+    for (std::size_t i = first; i < end; ++i) {
+        appendRecord(cluster, points, start, directions.index(i));
+    }
+    std::sort(cluster.begin(), cluster.end());
+    if (!markEqualRecords(cluster)) {
+        return false;
+    }
+    addFarthestPerAngle(cluster, scan);
+    return true;
+}
+
 /// Gives the scan the points whose directions are sorted. False if different points have equal
 /// records.
 bool addByDirection(Points const &points, int start, DirectionSort const &directions,
                     GrahamScan &scan)
 {
-    QVector<PolarRecord> cluster;
-    for (std::size_t first = 0; first < directions.size();) {
+    std::size_t end;
+    for (std::size_t first = 0; first < directions.size(); first = end) {
         if (first + fetchDistance < directions.size()) {
             __builtin_prefetch(&points[directions.index(first + fetchDistance)]);
         }
-        std::size_t const end = directions.endOfCluster(first);
+        end = directions.endOfCluster(first);
         if (end == first + 1) {
             int const index = directions.index(first);
-            scan.add({points[index], 0.0, 0.0, index});
-        } else {
-            cluster.clear();
-            for (std::size_t i = first; i < end; ++i) {
-                appendRecord(cluster, points, start, directions.index(i));
-            }
-            std::sort(cluster.begin(), cluster.end());
-            if (!markEqualRecords(cluster)) {
-                return false;
-            }
-            addFarthestPerAngle(cluster, scan);
+            scan.add(points[index], index);
+            continue;
         }
-        first = end;
+        bool const isOneRun = directions.direction(end - 1) - directions.direction(first) <=
+                              DirectionSort::oneRunSteps;
+        if (!(isOneRun && addFarthest(points, start, directions, first, end, scan)) &&
+            !addByAngle(points, start, directions, first, end, scan)) {
+            return false;
+        }
     }
     return true;
 }
@@ -106,7 +144,7 @@ bool quickPolygon(Points const &points, int start, QList<int> &hull)
     if (!directions.sort(points, start)) {
         return false;
     }
-    GrahamScan scan({points[start], 0.0, 0.0, start});
+    GrahamScan scan(points[start], start);
     if (!addByDirection(points, start, directions, scan)) {
         return false;
     }
