@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace gallery {
 
@@ -14,32 +15,78 @@ double const kGap = 14.0;
 double const kCaptionHeight = 38.0;
 double const kLegendHeight = 26.0;
 
-char const kStyle[] = R"(<style>
-text { font-family: "DejaVu Sans", Verdana, Helvetica, Arial, sans-serif; font-size: 11px; }
-.title { font-size: 16px; font-weight: bold; fill: #1f2a44; }
-.caption { text-anchor: middle; fill: #1f2a44; }
-.legend { fill: #1f2a44; }
-.label { text-anchor: middle; stroke: #ffffff; stroke-width: 3; stroke-linejoin: round;
-         paint-order: stroke; }
-.frame { fill: #ffffff; stroke: #d5dae3; stroke-width: 1; }
+/// The colours of a theme: of text, ground, frames and halos, and of the roles.
+struct Palette
+{
+    char const *ink;
+    char const *ground;
+    char const *frame;
+    char const *soft;
+    char const *roles[6]; ///< in the order of Role
+};
+
+constexpr Palette lightPalette{"#1f2a44",
+                               "#ffffff",
+                               "#d5dae3",
+                               "#5d6678",
+                               {"#2b4a7d", "#c8283c", "#8a93a6", "#00798c", "#c47f00", "#dfe3ea"}};
+constexpr Palette darkPalette{"#e6e9ef",
+                              "#161a22",
+                              "#3a4252",
+                              "#a9b3c6",
+                              {"#8fb4ee", "#ff7a85", "#8a93a6", "#4cc3d6", "#f0b44a", "#333b49"}};
+
+char const kShapes[] =
+    R"(text { font-family: "DejaVu Sans", Verdana, Helvetica, Arial, sans-serif; font-size: 11px; }
+.title { font-size: 16px; font-weight: bold; }
+.caption { text-anchor: middle; }
 path, ellipse { fill: none; stroke-linejoin: round; stroke-linecap: round; }
-.given { stroke: #2b4a7d; stroke-width: 1.6; }
-.result { stroke: #c8283c; stroke-width: 2.2; }
-.helper { stroke: #8a93a6; stroke-width: 1; stroke-dasharray: 4 3; }
-.accent { stroke: #00798c; stroke-width: 2; }
-.second { stroke: #c47f00; stroke-width: 2; }
-.muted { stroke: #dfe3ea; stroke-width: 1; }
-.dot, .fill { stroke: none; stroke-dasharray: none; }
-.dot.given, .fill.given, .label.given { fill: #2b4a7d; }
-.dot.result, .fill.result, .label.result { fill: #c8283c; }
-.dot.helper, .fill.helper, .label.helper { fill: #6b7487; }
-.dot.accent, .fill.accent, .label.accent { fill: #00798c; }
-.dot.second, .fill.second, .label.second { fill: #c47f00; }
-.dot.muted, .fill.muted, .label.muted { fill: #c3c9d4; }
-.label.given, .label.result, .label.helper, .label.accent, .label.second, .label.muted {
-    stroke: #ffffff; stroke-width: 3; stroke-dasharray: none; }
-</style>
+.frame { stroke-width: 1; }
+.given { stroke-width: 1.6; }
+.result { stroke-width: 2.2; }
+.helper { stroke-width: 1; stroke-dasharray: 4 3; }
+.accent { stroke-width: 2; }
+.second { stroke-width: 2; }
+.muted { stroke-width: 1; }
+.dot, .fill { stroke-dasharray: none; }
+.label { text-anchor: middle; stroke-width: 3; stroke-linejoin: round; stroke-dasharray: none;
+         paint-order: stroke; }
 )";
+
+std::string colours(Palette const &palette)
+{
+    static constexpr Role roles[] = {Role::Given,  Role::Result, Role::Helper,
+                                     Role::Accent, Role::Second, Role::Muted};
+    std::string const ink = palette.ink;
+    std::string const ground = palette.ground;
+    std::string css = ".title, .caption, .legend { fill: " + ink +
+                      "; }\n.ground { fill: " + ground + "; }\n.frame { fill: " + ground +
+                      "; stroke: " + palette.frame + "; }\n";
+    for (std::size_t i = 0; i < std::size(roles); ++i) {
+        std::string const name = roleClass(roles[i]);
+        // Grey lines may be faint; grey text and dots may not.
+        bool const isGrey = roles[i] == Role::Helper || roles[i] == Role::Muted;
+        std::string const strong = isGrey ? palette.soft : palette.roles[i];
+        css += "." + name + " { stroke: " + palette.roles[i] + "; }\n.dot." + name + ", .fill." +
+               name + ", .label." + name + " { fill: " + strong + "; }\n";
+    }
+    return css +
+           ".dot, .fill, .dot.given, .dot.result, .dot.helper, .dot.accent, .dot.second, "
+           ".dot.muted, .fill.given, .fill.result, .fill.helper, .fill.accent, .fill.second, "
+           ".fill.muted { stroke: none; }\n"
+           ".label.given, .label.result, .label.helper, .label.accent, .label.second, "
+           ".label.muted { stroke: " +
+           ground + "; stroke-width: 3; }\n";
+}
+
+std::string styleOf(Theme theme)
+{
+    std::string css = kShapes + colours(theme == Theme::Dark ? darkPalette : lightPalette);
+    if (theme == Theme::System) {
+        css += "@media (prefers-color-scheme: dark) {\n" + colours(darkPalette) + "}\n";
+    }
+    return "<style>\n" + css + "</style>\n";
+}
 
 /// Estimated width, in pixels, of the longest line of a caption.
 double widestLine(std::string const &caption)
@@ -106,7 +153,30 @@ void SvgCanvas::legend(Role role, std::string const &text)
     m_legend.emplace_back(role, text);
 }
 
-std::string SvgCanvas::svg() const
+std::string SvgCanvas::legendMark(Role role, double x, double y) const
+{
+    std::string drawn;
+    for (auto const &panel : m_panels) {
+        drawn += panel->svg();
+    }
+    std::string const name = roleClass(role);
+    std::size_t const area = drawn.find("class=\"fill " + name + "\"");
+    if (drawn.find("class=\"" + name + "\"") != std::string::npos) {
+        return "<path class=\"" + name + "\" d=\"M" + svgNumber(x) + ' ' + svgNumber(y) +
+               " h22\"/>\n";
+    }
+    if (area != std::string::npos) {
+        std::size_t const opacity = drawn.find(" opacity=\"", area);
+        std::size_t const end = drawn.find('"', opacity + 10);
+        return "<rect class=\"fill " + name + '"' + attribute("x", x + 4.0) +
+               attribute("y", y - 6.0) + " width=\"14\" height=\"12\"" +
+               drawn.substr(opacity, end + 1 - opacity) + "/>\n";
+    }
+    return "<circle class=\"dot " + name + '"' + attribute("cx", x + 11.0) + attribute("cy", y) +
+           " r=\"3\"/>\n";
+}
+
+std::string SvgCanvas::svg(Theme theme) const
 {
     int const count = static_cast<int>(m_panels.size());
     int const columns = std::max(1, std::min(m_columns, count));
@@ -119,8 +189,8 @@ std::string SvgCanvas::svg() const
                       "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
                       attribute("width", width) + attribute("height", height) + " viewBox=\"0 0 " +
                       svgNumber(width) + ' ' + svgNumber(height) + "\">\n";
-    out += "<title>" + xmlEscaped(m_title) + "</title>\n" + kStyle;
-    out += "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
+    out += "<title>" + xmlEscaped(m_title) + "</title>\n" + styleOf(theme);
+    out += "<rect class=\"ground\" width=\"100%\" height=\"100%\"/>\n";
     out += "<text class=\"title\"" + attribute("x", kMargin) + " y=\"24\">" + xmlEscaped(m_title) +
            "</text>\n";
     for (auto const &panel : m_panels) {
@@ -129,8 +199,7 @@ std::string SvgCanvas::svg() const
     double x = kMargin;
     double const y = legendTop + 8.0;
     for (auto const &[role, text] : m_legend) {
-        out += std::string("<path class=\"") + roleClass(role) + "\" d=\"M" + svgNumber(x) + ' ' +
-               svgNumber(y) + " h22\"/>\n";
+        out += legendMark(role, x, y);
         out += "<text class=\"legend\"" + attribute("x", x + 28.0) + attribute("y", y + 4.0) + '>' +
                xmlEscaped(text) + "</text>\n";
         x += 28.0 + 6.3 * static_cast<double>(characterCount(text)) + 18.0;

@@ -55,6 +55,9 @@ enum class Role {
     Muted   ///< background: light grey, thin, solid
 };
 
+/// For paper or for a screen; `System` follows what the reader's system is set to.
+enum class Theme { Light, Dark, System };
+
 /// The CSS class of a role's elements.
 char const *roleClass(Role role);
 
@@ -172,14 +175,18 @@ public:
     /// The next panel of the grid. A caption may hold two lines, parted by '\n'. The reference
     /// stays valid as long as the canvas.
     Panel &panel(std::string const &caption, Bounds bounds, Scaling scaling = Scaling::Uniform);
+    /// A line of the legend. Its mark is what the figure draws with the role: a stroke where there
+    /// is one, else an area in its strength, else a dot.
     void legend(Role role, std::string const &text);
 
-    std::string svg() const;
+    std::string svg(Theme theme = Theme::System) const;
     /// Labels of one panel that overlap although every side was tried, labels that stick out of
     /// their panel, captions wider than it; empty for a good figure.
     std::vector<std::string> labelFaults() const;
 
 private:
+    std::string legendMark(Role role, double x, double y) const;
+
     std::string m_title;
     int m_columns = 3;
     double m_panelWidth = 300.0;

@@ -16,11 +16,11 @@ std::vector<Figure> allFigures()
     return figures;
 }
 
-std::string render(Figure const &figure)
+std::string render(Figure const &figure, Theme theme)
 {
     SvgCanvas canvas(figure.title);
     figure.draw(canvas);
-    return canvas.svg();
+    return canvas.svg(theme);
 }
 
 } // namespace gallery

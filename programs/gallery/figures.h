@@ -33,6 +33,6 @@ std::vector<Figure> volumeFigures();
 std::vector<Figure> allFigures();
 
 /// The figure as an SVG document; throws std::runtime_error when a coordinate is not finite.
-std::string render(Figure const &figure);
+std::string render(Figure const &figure, Theme theme = Theme::System);
 
 } // namespace gallery

@@ -1,46 +1,104 @@
-// Draws every figure of the documentation through the library's own functions.
+// Draws the figures of the documentation through the library's own functions.
 
+#include "CommandLine.h"
+#include "Outputs.h"
+#include "errors.h"
 #include "figures.h"
 
-#include <CLI/CLI.hpp>
-#include <QDir>
-#include <QSaveFile>
-#include <QString>
+#include <QtCore/QDir>
+#include <QtCore/QProcess>
+#include <QtCore/QStringList>
 
-#include <exception>
-#include <iostream>
-#include <stdexcept>
+#include <algorithm>
+#include <map>
 
 namespace {
 
-/// Writes beside the target and renames, so that a reader never sees half a picture.
-void writeFile(QString const &path, std::string const &content)
+struct Options
 {
-    QSaveFile file(path);
-    qint64 const size = static_cast<qint64>(content.size());
-    if (!file.open(QIODevice::WriteOnly) || file.write(content.data(), size) != size ||
-        !file.commit()) {
-        throw std::runtime_error("cannot write " + path.toStdString() + ": " +
-                                 file.errorString().toStdString());
-    }
+    std::string folder;
+    std::vector<std::string> names; ///< of figures; all when empty
+    std::string theme = "system";
+    bool list = false;
+    bool png = false;
+};
+
+std::string nameOf(gallery::Figure const &figure)
+{
+    return figure.file.substr(0, figure.file.rfind('.'));
 }
 
-int drawAll(std::string const &folder)
+std::vector<gallery::Figure> chosenFigures(Options const &options)
 {
-    QDir const dir(QString::fromStdString(folder));
-    if (!dir.mkpath(QStringLiteral("."))) {
-        throw std::runtime_error("cannot make the folder " + folder);
+    std::vector<gallery::Figure> const all = gallery::allFigures();
+    if (options.names.empty()) {
+        return all;
     }
-    int written = 0;
-    for (gallery::Figure const &figure : gallery::allFigures()) {
-        try {
-            writeFile(dir.filePath(QString::fromStdString(figure.file)), gallery::render(figure));
-        } catch (std::exception const &e) {
-            throw std::runtime_error(figure.file + ": " + e.what());
+    std::vector<gallery::Figure> chosen;
+    for (std::string const &name : options.names) {
+        auto const found = std::find_if(all.begin(), all.end(), [&](gallery::Figure const &figure) {
+            return name == nameOf(figure) || name == figure.file;
+        });
+        if (found == all.end()) {
+            throw UsageError(name + ": no such figure; see --list");
         }
-        ++written;
+        chosen.push_back(*found);
     }
-    std::cout << written << " figures written to " << folder << '\n';
+    return chosen;
+}
+
+int list(std::vector<gallery::Figure> const &figures)
+{
+    QByteArray text;
+    for (gallery::Figure const &figure : figures) {
+        text += QByteArray::fromStdString(nameOf(figure) + "  " + figure.title + "\n");
+    }
+    printOut(text);
+    return 0;
+}
+
+// The picture in dots, two for a pixel, by librsvg's program.
+QByteArray pngOf(QByteArray const &svg)
+{
+    QProcess converter;
+    converter.start(QStringLiteral("rsvg-convert"), {QStringLiteral("--zoom=2")});
+    if (!converter.waitForStarted()) {
+        throw UsageError("--png needs rsvg-convert, of the package librsvg2-bin");
+    }
+    converter.write(svg);
+    converter.closeWriteChannel();
+    if (!converter.waitForFinished() || converter.exitCode() != 0) {
+        throw OutputError("rsvg-convert: " + converter.readAllStandardError().toStdString());
+    }
+    return converter.readAllStandardOutput();
+}
+
+int draw(Options const &options, std::vector<gallery::Figure> const &figures)
+{
+    static std::map<std::string, gallery::Theme> const themes{{"light", gallery::Theme::Light},
+                                                              {"dark", gallery::Theme::Dark},
+                                                              {"system", gallery::Theme::System}};
+    QDir const folder(QString::fromStdString(options.folder));
+    if (!folder.mkpath(QStringLiteral("."))) {
+        throw OutputError("cannot make the folder " + options.folder);
+    }
+    Outputs outputs;
+    for (gallery::Figure const &figure : figures) {
+        QByteArray const svg =
+            QByteArray::fromStdString(gallery::render(figure, themes.at(options.theme)));
+        std::string const path =
+            folder.filePath(QString::fromStdString(nameOf(figure))).toStdString();
+        outputs.announce(path + ".svg");
+        outputs.put(path + ".svg", svg);
+        if (options.png) {
+            outputs.announce(path + ".png");
+            outputs.put(path + ".png", pngOf(svg));
+        }
+    }
+    outputs.write();
+    printOut(QByteArray::number(int(figures.size())) +
+             (figures.size() == 1 ? " figure" : " figures") + " written to " +
+             QByteArray::fromStdString(options.folder) + "\n");
     return 0;
 }
 
@@ -48,14 +106,27 @@ int drawAll(std::string const &folder)
 
 int main(int argc, char **argv)
 {
-    CLI::App app("Draws the figures of the documentation as SVG files");
-    std::string folder;
-    app.add_option("--out", folder, "folder for the pictures; made when missing")->required();
-    CLI11_PARSE(app, argc, argv);
-    try {
-        return drawAll(folder);
-    } catch (std::exception const &e) {
-        std::cerr << "orvel-gallery: " << e.what() << '\n';
-        return 1;
-    }
+    CLI::App app("Draws the figures of the documentation", "orvel-gallery");
+    Options options;
+    app.add_option("FIGURE", options.names, "Names of figures; all of them unless named");
+    app.add_option("--out", options.folder, "Folder for the pictures; made when missing")
+        ->type_name("FOLDER");
+    app.add_flag("--list", options.list, "Print the figures' names and titles");
+    app.add_flag("--png", options.png, "Write a PNG file beside each SVG file");
+    app.add_option("--theme", options.theme,
+                   "Colours: light, dark, or system, which follows the reader's settings")
+        ->check(CLI::IsMember({"light", "dark", "system"}))
+        ->capture_default_str()
+        ->type_name("THEME");
+    addStandardOptions(app);
+    return runProgram(app, argc, argv, [&] {
+        std::vector<gallery::Figure> const figures = chosenFigures(options);
+        if (options.list) {
+            return list(figures);
+        }
+        if (options.folder.empty()) {
+            throw UsageError("--out is required");
+        }
+        return draw(options, figures);
+    });
 }

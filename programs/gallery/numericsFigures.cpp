@@ -86,9 +86,8 @@ void drawAxes(Panel &panel, Axonometric const &view, PValOrderedVector<Point3D> 
     for (int i = 0; i < 3; ++i) {
         Point3D const end = mean + 2.0 * std::sqrt(value[i]) * axis[i];
         panel.solution([&] { panel.arrow(view(mean), view(end), roles[i]); });
-        panel.label(view(end), "axis" + std::to_string(i + 1), Side::E, roles[i]);
     }
-    panel.point(view(mean), Role::Result, "centre", Side::W);
+    panel.point(view(mean), Role::Helper);
 }
 
 void drawPrincipalAxes(SvgCanvas &canvas)
@@ -101,9 +100,10 @@ void drawPrincipalAxes(SvgCanvas &canvas)
     Panel &fromAbove = canvas.panel("the same from the side", bounds);
     drawAxes(fromAbove, Axonometric(-90, 0), points);
     canvas.legend(Role::Given, "points");
-    canvas.legend(Role::Result, "largest variance");
-    canvas.legend(Role::Accent, "middle");
-    canvas.legend(Role::Second, "smallest; each arrow is two deviations long");
+    canvas.legend(Role::Helper, "centre");
+    canvas.legend(Role::Result, "axis1: largest variance");
+    canvas.legend(Role::Accent, "axis2");
+    canvas.legend(Role::Second, "axis3: smallest; each arrow is two deviations long");
 }
 
 using CirclePoints = std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>>;
@@ -211,14 +211,14 @@ void drawSpectrum(SvgCanvas &canvas)
         tones.im.push_back(0.0);
         curve.emplace_back(double(j), value);
     }
-    Panel &signal = canvas.panel("two tones under noise, 256 samples", {{0, -2.4}, {256, 2.4}},
+    Panel &signal = canvas.panel("two tones under noise, 256 samples", {{-36, -2.4}, {256, 2.4}},
                                  Scaling::Stretch);
     signal.axes("j", "");
     signal.polyline(curve, Role::Given);
 
     Spectrum const spectrum = transformed(tones);
     Panel &amplitudes = canvas.panel("computeFFT: 2 |X[k]| / n\nshows a tone at 12 and one at 40",
-                                     {{0, -0.4}, {128, 1.2}}, Scaling::Stretch);
+                                     {{-18, -0.4}, {128, 1.2}}, Scaling::Stretch);
     drawMagnitudes(amplitudes, spectrum, n / 2, double(n) / 2);
     for (std::size_t k : {std::size_t(12), std::size_t(40)}) {
         double const amplitude = std::hypot(spectrum.re[k], spectrum.im[k]) / (double(n) / 2);
@@ -233,7 +233,7 @@ void drawSpectrum(SvgCanvas &canvas)
     Spectrum const turned = transformed(turning);
     Panel &exponent = canvas.panel("|X[k]| of exp(+2 pi i 5 j / 64): the exponent\n"
                                    "is positive, so the peak is at 64 - 5",
-                                   {{0, -25}, {64, 75}}, Scaling::Stretch);
+                                   {{-9, -25}, {64, 75}}, Scaling::Stretch);
     drawMagnitudes(exponent, turned, 64, 1.0);
     exponent.solutionPoint({59, std::hypot(turned.re[59], turned.im[59])}, "k = 59", Side::W);
     canvas.legend(Role::Given, "signal");

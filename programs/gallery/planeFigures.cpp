@@ -76,7 +76,7 @@ void drawSegmentCrossings(SvgCanvas &canvas)
         Point2D out;
         IntersectionType const type = Math2DIntersect2Lines(s.p0, s.p1, s.p2, s.p3, out, tol);
         Panel &panel =
-            canvas.panel(std::string(className(type)) + "\n" + s.name, {{-1, -1}, {7, 5}});
+            canvas.panel(std::string(className(type)) + "\n" + s.name, {{-1.8, -1.6}, {7, 5.2}});
         for (Point2D const &end : {s.p0, s.p1, s.p2, s.p3}) {
             panel.disc(end, tol, Role::Helper);
         }

@@ -190,4 +190,73 @@ TEST(SvgCanvas, NamesLabelsThatFindNoRoom)
     EXPECT_EQ(canvas.labelFaults().size(), 1U);
 }
 
+// What the program prints for some arguments; its exit code goes to `exitCode`.
+QByteArray printed(QStringList const &arguments, int &exitCode)
+{
+    QProcess program;
+    program.start(QStringLiteral(ORVEL_GALLERY), arguments);
+    EXPECT_TRUE(program.waitForFinished(60000));
+    exitCode = program.exitCode();
+    return program.readAllStandardOutput();
+}
+
+TEST(GalleryProgram, ListsItsFigures)
+{
+    int exitCode = -1;
+    QByteArray const list = printed({QStringLiteral("--list")}, exitCode);
+    EXPECT_EQ(0, exitCode);
+    EXPECT_EQ(int(gallery::allFigures().size()), list.count('\n'));
+    EXPECT_TRUE(list.contains("rotations  The same 30 degrees"));
+}
+
+TEST(GalleryProgram, DrawsOneFigureByNameInAThemeAndAsPng)
+{
+    QTemporaryDir const folder;
+    int exitCode = -1;
+    printed({QStringLiteral("rotations"), QStringLiteral("--out"), folder.path(),
+             QStringLiteral("--theme"), QStringLiteral("dark")},
+            exitCode);
+    EXPECT_EQ(0, exitCode);
+    EXPECT_EQ(QStringList{QStringLiteral("rotations.svg")},
+              QDir(folder.path()).entryList(QDir::Files));
+    QFile file(folder.filePath(QStringLiteral("rotations.svg")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray const svg = file.readAll();
+    EXPECT_TRUE(svg.contains(".ground { fill: #161a22; }"));
+    EXPECT_FALSE(svg.contains("prefers-color-scheme"));
+    printed({QStringLiteral("nonsense"), QStringLiteral("--out"), folder.path()}, exitCode);
+    EXPECT_EQ(2, exitCode);
+}
+
+TEST(Gallery, LegendShowsWhatThePictureDraws)
+{
+    SvgCanvas canvas("title");
+    gallery::Panel &panel = canvas.panel("caption", {{0, 0}, {1, 1}});
+    panel.disc({0.5, 0.5}, 0.2, Role::Result, 0.15);
+    panel.smallPoint({0.5, 0.5}, Role::Given);
+    panel.line({0, 0}, {1, 1}, Role::Helper);
+    canvas.legend(Role::Result, "disc");
+    canvas.legend(Role::Given, "dot");
+    canvas.legend(Role::Helper, "line");
+    std::string const svg = canvas.svg();
+    std::string const legend = svg.substr(svg.rfind("class=\"caption\""));
+    EXPECT_NE(std::string::npos, legend.find("<rect class=\"fill result\""));
+    EXPECT_NE(std::string::npos, legend.find("opacity=\"0.15\""));
+    EXPECT_NE(std::string::npos, legend.find("<circle class=\"dot given\""));
+    EXPECT_NE(std::string::npos, legend.find("<path class=\"helper\""));
+}
+
+TEST(Gallery, ThreeRotatedArrowsHaveOneLength)
+{
+    for (Figure const &figure : gallery::allFigures()) {
+        if (figure.file == "rotations.svg") {
+            // Each panel has labels for the three conventions at the tips.
+            std::string const svg = gallery::render(figure);
+            for (char const *name : {">S<", ">M, Q<", ">S, M<", ">Q<"}) {
+                EXPECT_NE(std::string::npos, svg.find(name)) << name;
+            }
+        }
+    }
+}
+
 } // namespace
