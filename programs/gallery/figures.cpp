@@ -7,6 +7,9 @@ std::vector<Figure> allFigures()
     std::vector<Figure> (*const subjects[])() = {
         planeFigures,    constructionFigures, conicFigures,  spaceFigures,
         numericsFigures, lookupFigures,       volumeFigures,
+#ifdef ORVEL_HAVE_EXACT
+        exactFigures,
+#endif
     };
     std::vector<Figure> figures;
     for (auto const subject : subjects) {

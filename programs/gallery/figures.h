@@ -28,6 +28,7 @@ std::vector<Figure> spaceFigures();
 std::vector<Figure> numericsFigures();
 std::vector<Figure> lookupFigures();
 std::vector<Figure> volumeFigures();
+std::vector<Figure> exactFigures(); // only with OrvelExact
 
 /// All figures of the gallery, subject by subject.
 std::vector<Figure> allFigures();

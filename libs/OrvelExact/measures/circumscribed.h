@@ -44,7 +44,7 @@ struct CircleThrough3
 /// @return `NotFinite` for NaN or infinity, `Degenerate` for points of one line, told exactly,
 ///     `OutOfRange` for coordinates above 1e270, a condition above 2^90, or a circle that doubles
 ///     don't hold
-/// @see MatUtil, runPCA and CircleFit for circles near more points
+/// @see MatUtil::getCircleCenter
 ORVELEXACT_EXPORT CircleThrough2 circleThrough(Point2 const &a, Point2 const &b, Point2 const &c);
 
 /// The same in space.
@@ -52,6 +52,7 @@ ORVELEXACT_EXPORT CircleThrough3 circleThrough(Point3 const &a, Point3 const &b,
 
 /// The sphere through four points; `normal` is left 0.
 /// @return as for the circle, `Degenerate` for points of one plane
+/// @see MatUtil::getSphereCenter
 ORVELEXACT_EXPORT CircleThrough3 sphereThrough(Point3 const &a, Point3 const &b, Point3 const &c,
                                                Point3 const &d);
 

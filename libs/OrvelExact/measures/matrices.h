@@ -51,7 +51,7 @@ ORVELEXACT_EXPORT Determinant determinantOf(matrixC4x4<double> const &m);
 /// @return `NotFinite` for NaN or infinity, `Degenerate` for a singular matrix, told exactly,
 ///     `OutOfRange` for a matrix that 106 bits can't tell from a singular one, which needs a
 ///     condition above 1e28, and for an element of the inverse that overflows
-/// @see MatUtil and Math3D, whose inverses test against absolute limits
+/// @see Math3DInvertMatrix, Matrix4X4C::Invert, where elements below 1e-9 vanish
 ORVELEXACT_EXPORT Inverse3 inverseOf(matrixC3x3<double> const &m);
 ORVELEXACT_EXPORT Inverse4 inverseOf(matrixC4x4<double> const &m);
 
