@@ -1,14 +1,15 @@
 #include <OrvelMath/geom3d/TriangleCuboidIntersector.h>
 
-#include <OrvelMath/geom3d/PairLanes_p.h>
+#include <OrvelMath/geom3d/TriangleCuboidView_p.h>
+#include <OrvelMath/geom3d/quick/separatingAxes_p.h>
+
+#include <cmath>
 
 namespace MatUtil {
 
 namespace {
 
-using Vector = vectorC3d<double>;
-
-// The smaller (larger) of two; a NaN in the second is passed over.
+/// The smaller (larger) of two; a NaN in the second is passed over.
 inline double smaller(double a, double b)
 {
     return b < a ? b : a;
@@ -31,133 +32,130 @@ inline Vector componentMaximum(Vector const &a, Vector const &b, Vector const &c
                   larger(larger(a.z(), b.z()), c.z()));
 }
 
-// A vector in lanes, seen from the coordinate S: the two other coordinates side by side, and S in
-// both lanes. The cross products of the two other axes with an edge pair each of them with S.
-template <int S>
-struct Lanes
+/// A triangle beside a box, both relative to the box's centre.
+struct Scene
 {
-    static constexpr int first = S == 0 ? 1 : 0;
-    static constexpr int second = S == 2 ? 1 : 2;
-
-    explicit Lanes(Vector const &v)
-        : split{v[S], v[S]}
-        , others{v[first], v[second]}
+    Scene(Vector const &a, Vector const &b, Vector const &c, Vector const &minCorner,
+          Vector const &maxCorner)
+        : half((maxCorner - minCorner) * 0.5)
+        , v0(a - (minCorner + maxCorner) * 0.5)
+        , v1(b - (minCorner + maxCorner) * 0.5)
+        , v2(c - (minCorner + maxCorner) * 0.5)
     {
     }
-    Lanes(Pair splitLanes, Pair otherLanes)
-        : split(splitLanes)
-        , others(otherLanes)
-    {
-    }
-    Lanes operator+(Lanes const &o) const { return {split + o.split, others + o.others}; }
-    Lanes operator-(Lanes const &o) const { return {split - o.split, others - o.others}; }
-    Lanes halved() const { return {split * 0.5, others * 0.5}; }
 
-    Pair split;
-    Pair others;
+    Vector half;
+    Vector v0, v1, v2;
 };
 
-// A lane is true where the projections on (axis x e) come within the box's, [-radius, radius].
-// Both ends of the edge e have the same projection, so `end`, one of them, and `apex`, the opposite
-// vertex, span the triangle's interval; its sign is free, since the box's is symmetric. A NaN in
-// the radius or in either projection makes a comparison fail, and so separates.
-template <int S>
-inline PairMask edgeAxesMeet(Lanes<S> const &e, Lanes<S> const &end, Lanes<S> const &apex,
-                             Lanes<S> const &half)
+/// Whether the projections on the cross product of a coordinate axis with the edge e part triangle
+/// and box. Both ends of the edge have the same projection, so one of them and the opposite vertex
+/// span the triangle's interval. NaN parts them.
+bool edgeAxisSeparates(int axis, Vector const &e, Vector const &end, Vector const &apex,
+                       Vector const &half)
 {
-    Pair const p = e.others * end.split - e.split * end.others;
-    Pair const q = e.others * apex.split - e.split * apex.others;
-    Pair const radius = magnitude(e.others) * half.split + magnitude(e.split) * half.others;
-    Pair const lo = lesserOr(p, q);
-    Pair const hi = greaterOr(q, p);
-    return (radius >= lo) & (hi >= -radius);
+    int const i = (axis + 1) % 3;
+    int const j = (axis + 2) % 3;
+    double const p = e[j] * end[i] - e[i] * end[j];
+    double const q = e[j] * apex[i] - e[i] * apex[j];
+    double const radius = std::fabs(e[i]) * half[j] + std::fabs(e[j]) * half[i];
+    double const low = p < q ? p : q;
+    double const high = q > p ? q : p;
+    return !(radius >= low && high >= -radius);
 }
 
-// The plane with normal n through the vertex v misses the box. The sums are the product of n with
-// the box's corner that lies lowest along n, seen from v, and that with the highest, negated:
-// either separates if it is above 0. A NaN does not separate.
-template <int S>
-inline bool planeSeparates(Lanes<S> const &n, Lanes<S> const &v, Lanes<S> const &half)
+/// Whether one of the axes that belong to the edge e separates, the one of `skipped` left out.
+bool edgeSeparates(Vector const &e, Vector const &end, Vector const &apex, Vector const &half,
+                   int skipped)
 {
-    Pair const zero{0.0, 0.0};
-    Pair const cornerSplit = negatedWhere(n.split > zero, half.split);
-    Pair const cornerOthers = negatedWhere(n.others > zero, half.others);
-    Pair const vSplit = negatedWhere(PairMask{0, -1}, v.split);
-    Pair const lowestOthers = n.others * (cornerOthers - v.others);
-    Pair const highestOthers = n.others * (cornerOthers + v.others);
-    Pair const split = n.split * (cornerSplit - vSplit);
-    Pair const first{lowestOthers[0], highestOthers[0]};
-    Pair const second{lowestOthers[1], highestOthers[1]};
-    // Summed in the order x, y, z.
-    Pair const sum = S == 0   ? split + first + second
-                     : S == 1 ? first + split + second
-                              : first + second + split;
-    return answerBits(sum > zero) != 0;
+    for (int axis = 0; axis < 3; ++axis) {
+        if (axis != skipped && edgeAxisSeparates(axis, e, end, apex, half)) {
+            return true;
+        }
+    }
+    return false;
 }
 
-// A triangle beside a box, both relative to the box's centre.
-template <int S>
-struct CentredScene
+/// Whether all three edges' axes leave triangle and box together; e0 runs from vertex 1 to 2, e1
+/// from 2 to 0, e2 from 0 to 1.
+bool anyEdgeSeparates(Scene const &s, Vector const &e0, Vector const &e1, Vector const &e2,
+                      int skipped)
 {
-    CentredScene(Vector const &p0, Vector const &p1, Vector const &p2, Vector const &minCorner,
-                 Vector const &maxCorner)
-        : CentredScene(p0, p1, p2, Lanes<S>(minCorner), Lanes<S>(maxCorner))
-    {
-    }
-    CentredScene(Vector const &p0, Vector const &p1, Vector const &p2, Lanes<S> const &lo,
-                 Lanes<S> const &hi)
-        : half((hi - lo).halved())
-        , v0(Lanes<S>(p0) - (lo + hi).halved())
-        , v1(Lanes<S>(p1) - (lo + hi).halved())
-        , v2(Lanes<S>(p2) - (lo + hi).halved())
-    {
-    }
+    return edgeSeparates(e2, s.v0, s.v2, s.half, skipped) ||
+           edgeSeparates(e0, s.v1, s.v0, s.half, skipped) ||
+           edgeSeparates(e1, s.v2, s.v1, s.half, skipped);
+}
 
-    // No cross product of an edge with a coordinate axis other than S separates. The six answers
-    // are gathered before they are asked: which of the axes separates cannot be foreseen, and a
-    // wrong guess costs the processor more than the arithmetic.
-    bool edgeAxesMeet(Vector const &e0, Vector const &e1, Vector const &e2) const
-    {
-        return answerBits(MatUtil::edgeAxesMeet(Lanes<S>(e2), v0, v2, half) &
-                          MatUtil::edgeAxesMeet(Lanes<S>(e0), v1, v0, half) &
-                          MatUtil::edgeAxesMeet(Lanes<S>(e1), v2, v1, half)) == 3;
+/// Whether the plane through the vertex v across n misses the box: its corners that lie lowest and
+/// highest along n are on one side. NaN does not separate.
+bool planeSeparates(Vector const &n, Vector const &v, Vector const &half)
+{
+    Vector lowest;
+    Vector highest;
+    for (int q = 0; q < 3; ++q) {
+        bool const ascends = n[q] > 0.0;
+        lowest[q] = ascends ? -half[q] - v[q] : half[q] - v[q];
+        highest[q] = ascends ? half[q] - v[q] : -half[q] - v[q];
     }
-    bool planeSeparates(Vector const &normal) const
-    {
-        return MatUtil::planeSeparates(Lanes<S>(normal), v0, half);
-    }
-
-    Lanes<S> half;
-    Lanes<S> v0, v1, v2;
-};
+    return n.dot(lowest) > 0.0 || 0.0 > n.dot(highest);
+}
 
 } // namespace
+
+bool definition::triangleIntersectsCuboid(Vector const &a, Vector const &b, Vector const &c,
+                                          Vector const &minCorner, Vector const &maxCorner)
+{
+    Scene const s(a, b, c, minCorner, maxCorner);
+    Vector const ab = s.v1 - s.v0;
+    Vector const bc = s.v2 - s.v1;
+    Vector const ca = s.v0 - s.v2;
+    if (anyEdgeSeparates(s, bc, ca, ab, -1)) {
+        return false;
+    }
+    for (int q = 0; q < 3; ++q) {
+        double const h = s.half[q];
+        if ((s.v0[q] > h && s.v1[q] > h && s.v2[q] > h) ||
+            (s.v0[q] < -h && s.v1[q] < -h && s.v2[q] < -h)) {
+            return false;
+        }
+    }
+    return !planeSeparates(bc.cross(ca), s.v0, s.half);
+}
+
+TriangleCuboidIntersectionType definition::intersect(TriangleCuboidIntersector const &intersector,
+                                                     Vector const &minCorner,
+                                                     Vector const &maxCorner, int splitAxis,
+                                                     TriangleCuboidIntersectionType parentType)
+{
+    TriangleCuboidView const t(intersector);
+    bool const isHalf = splitAxis >= 0 && splitAxis < 3;
+    bool const parentHoldsCentroid = parentType == TriangleCuboidContainsCentroid;
+    bool isWithin = true;
+    for (int q = 0; q < 3; ++q) {
+        // A half has its parent's spans in the other coordinates.
+        bool const isKnown = isHalf && parentHoldsCentroid && q != splitAxis;
+        isWithin = isWithin && (isKnown || t.isCentroidWithin(minCorner, maxCorner, q));
+    }
+    if (isWithin) {
+        return TriangleCuboidContainsCentroid;
+    }
+    for (int q = 0; q < 3; ++q) {
+        if ((!isHalf || q == splitAxis) && t.areRangesApart(minCorner, maxCorner, q)) {
+            return TriangleCuboidDisjoint;
+        }
+    }
+    Scene const s(t.p0, t.p1, t.p2, minCorner, maxCorner);
+    if (anyEdgeSeparates(s, t.e0, t.e1, t.e2, isHalf ? splitAxis : -1) ||
+        planeSeparates(t.normal, s.v0, s.half)) {
+        return TriangleCuboidDisjoint;
+    }
+    return TriangleCuboidOverlap;
+}
 
 bool triangleIntersectsCuboid(Vector const &a, Vector const &b, Vector const &c,
                               Vector const &minCorner, Vector const &maxCorner)
 {
-    Vector const centre = (minCorner + maxCorner) * 0.5;
-    Vector const h = (maxCorner - minCorner) * 0.5;
-    Vector const va = a - centre;
-    Vector const vb = b - centre;
-    Vector const vc = c - centre;
-    Vector const ab = vb - va;
-    Vector const bc = vc - vb;
-    Vector const ca = va - vc;
-    CentredScene<0> const seenFromX(a, b, c, minCorner, maxCorner);
-    CentredScene<1> const seenFromY(a, b, c, minCorner, maxCorner);
-    if (!seenFromX.edgeAxesMeet(bc, ca, ab) || !seenFromY.edgeAxesMeet(bc, ca, ab)) {
-        return false;
-    }
-    for (int q = 0; q < 3; ++q) {
-        if (va[q] > h[q] && vb[q] > h[q] && vc[q] > h[q]) {
-            return false;
-        }
-        if (va[q] < -h[q] && vb[q] < -h[q] && vc[q] < -h[q]) {
-            return false;
-        }
-    }
-    return !seenFromX.planeSeparates(bc.cross(ca));
+    return quick::meets(a, b, c, minCorner, maxCorner);
 }
 
 TriangleCuboidIntersector::TriangleCuboidIntersector(Vector const &a, Vector const &b,
@@ -181,81 +179,24 @@ TriangleCuboidIntersector::operator=(TriangleCuboidIntersector const &other) = d
 TriangleCuboidIntersector &
 TriangleCuboidIntersector::operator=(TriangleCuboidIntersector &&other) = default;
 
-// The centroid lies in the closed span of coordinate q.
-inline bool TriangleCuboidIntersector::centroidWithin(Vector const &minCorner,
-                                                      Vector const &maxCorner, int q) const
-{
-    return maxCorner[q] >= centroid[q] && centroid[q] >= minCorner[q];
-}
-
-inline bool TriangleCuboidIntersector::rangesApart(Vector const &minCorner, Vector const &maxCorner,
-                                                   int q) const
-{
-    return minimum[q] > maxCorner[q] || minCorner[q] > maximum[q];
-}
-
-// One half of a box split along Axis. Within the two other coordinates it is its parent, so these
-// can neither push out a centroid that the parent held nor part the ranges; and the products of
-// Axis with the edges see only them. Cheap tests come first.
-template <int Axis, bool ParentHoldsCentroid>
-inline TriangleCuboidIntersectionType
-TriangleCuboidIntersector::testHalf(Vector const &minCorner, Vector const &maxCorner) const
-{
-    constexpr int A = (Axis + 1) % 3;
-    constexpr int B = (Axis + 2) % 3;
-    bool within = centroidWithin(minCorner, maxCorner, Axis);
-    if constexpr (!ParentHoldsCentroid) {
-        within = within && centroidWithin(minCorner, maxCorner, A) &&
-                 centroidWithin(minCorner, maxCorner, B);
-    }
-    if (within) {
-        return TriangleCuboidContainsCentroid;
-    }
-    if (rangesApart(minCorner, maxCorner, Axis)) {
-        return TriangleCuboidDisjoint;
-    }
-    CentredScene<Axis> const scene(p0, p1, p2, minCorner, maxCorner);
-    bool const edgesMeet = scene.edgeAxesMeet(e0, e1, e2);
-    bool const planeSeparates = scene.planeSeparates(normal);
-    bool const meets = edgesMeet & !planeSeparates; // no branch between the two
-    return meets ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
-}
-
-inline TriangleCuboidIntersectionType
-TriangleCuboidIntersector::testAll(Vector const &minCorner, Vector const &maxCorner) const
-{
-    if (centroidWithin(minCorner, maxCorner, 0) && centroidWithin(minCorner, maxCorner, 1) &&
-        centroidWithin(minCorner, maxCorner, 2)) {
-        return TriangleCuboidContainsCentroid;
-    }
-    if (rangesApart(minCorner, maxCorner, 0) || rangesApart(minCorner, maxCorner, 1) ||
-        rangesApart(minCorner, maxCorner, 2)) {
-        return TriangleCuboidDisjoint;
-    }
-    CentredScene<0> const seenFromX(p0, p1, p2, minCorner, maxCorner);
-    CentredScene<1> const seenFromY(p0, p1, p2, minCorner, maxCorner);
-    bool const meets = seenFromX.edgeAxesMeet(e0, e1, e2) && seenFromY.edgeAxesMeet(e0, e1, e2) &&
-                       !seenFromX.planeSeparates(normal);
-    return meets ? TriangleCuboidOverlap : TriangleCuboidDisjoint;
-}
-
 TriangleCuboidIntersectionType
 TriangleCuboidIntersector::intersect(Vector const &minCorner, Vector const &maxCorner,
                                      int splitAxis, TriangleCuboidIntersectionType parentType) const
 {
+    TriangleCuboidView const t(*this);
     bool const parentHoldsCentroid = parentType == TriangleCuboidContainsCentroid;
     switch (splitAxis) {
     case 0:
-        return parentHoldsCentroid ? testHalf<0, true>(minCorner, maxCorner)
-                                   : testHalf<0, false>(minCorner, maxCorner);
+        return parentHoldsCentroid ? quick::testHalf<0, true>(t, minCorner, maxCorner)
+                                   : quick::testHalf<0, false>(t, minCorner, maxCorner);
     case 1:
-        return parentHoldsCentroid ? testHalf<1, true>(minCorner, maxCorner)
-                                   : testHalf<1, false>(minCorner, maxCorner);
+        return parentHoldsCentroid ? quick::testHalf<1, true>(t, minCorner, maxCorner)
+                                   : quick::testHalf<1, false>(t, minCorner, maxCorner);
     case 2:
-        return parentHoldsCentroid ? testHalf<2, true>(minCorner, maxCorner)
-                                   : testHalf<2, false>(minCorner, maxCorner);
+        return parentHoldsCentroid ? quick::testHalf<2, true>(t, minCorner, maxCorner)
+                                   : quick::testHalf<2, false>(t, minCorner, maxCorner);
     default:
-        return testAll(minCorner, maxCorner);
+        return quick::testAll(t, minCorner, maxCorner);
     }
 }
 

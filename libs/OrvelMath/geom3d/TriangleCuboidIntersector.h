@@ -17,6 +17,8 @@
 
 namespace MatUtil {
 
+struct TriangleCuboidView;
+
 /// How a triangle lies to a cuboid.
 enum TriangleCuboidIntersectionType {
     TriangleCuboidDisjoint = 0, ///< no point in common
@@ -76,15 +78,7 @@ public:
                                              TriangleCuboidIntersectionType parentType) const;
 
 private:
-    bool centroidWithin(vectorC3d<double> const &minCorner, vectorC3d<double> const &maxCorner,
-                        int q) const;
-    bool rangesApart(vectorC3d<double> const &minCorner, vectorC3d<double> const &maxCorner,
-                     int q) const;
-    template <int Axis, bool ParentHoldsCentroid>
-    TriangleCuboidIntersectionType testHalf(vectorC3d<double> const &minCorner,
-                                            vectorC3d<double> const &maxCorner) const;
-    TriangleCuboidIntersectionType testAll(vectorC3d<double> const &minCorner,
-                                           vectorC3d<double> const &maxCorner) const;
+    friend struct TriangleCuboidView;
 
     vectorC3d<double> p0;
     vectorC3d<double> p1;
