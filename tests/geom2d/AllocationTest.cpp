@@ -82,4 +82,28 @@ TEST_F(PlaneAllocations, ASampleCostsAPointAndAListNode)
     qDeleteAll(points);
 }
 
+/// What a sampling function appends, freed again, whatever it throws.
+template <typename Sample>
+void expectNoLeaks(Sample sample)
+{
+    long const failures = support::failEachAllocation([&] {
+        QLinkedList<Point2D *> points;
+        struct Owner
+        {
+            ~Owner() { qDeleteAll(list); }
+            QLinkedList<Point2D *> &list;
+        } const owner{points};
+        sample(points);
+    });
+    EXPECT_LT(10, failures);
+}
+
+TEST_F(PlaneAllocations, SamplingLeaksNothingWhenMemoryRunsOut)
+{
+    expectNoLeaks([&](auto &points) { getArcPoints(b, c, d, points, 0, 0.5); });
+    expectNoLeaks([&](auto &points) { getCirclePoints(a, 2, points, 0.5); });
+    expectNoLeaks([&](auto &points) { getEllipseArcPoints(a, b, d, 10, 300, points, 0.5); });
+    expectNoLeaks([&](auto &points) { getEllipsePoints(a, b, d, 30, points, 0.5); });
+}
+
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <OrvelMath/geom2d/Math2D.h>
 #include <OrvelMath/geom2d/concav2d.h>
+#include <OrvelMath/geom2d/concav2d_p.h>
 
 #include <rapidcheck/gtest.h>
 
@@ -35,6 +36,20 @@ struct Square
                                                    r1, r2, r3, nan64);
     }
 };
+
+TEST(EdgeSide, TellsTheSideAndExactlyCollinearPoints)
+{
+    Point2D const a(0, 0), b(10, 0);
+    double const tol = 1e-6;
+    EXPECT_EQ(1, concav2d::edgeSide(a, b, Point2D(3, 1), tol));
+    EXPECT_EQ(-1, concav2d::edgeSide(a, b, Point2D(3, -1), tol));
+    EXPECT_EQ(0, concav2d::edgeSide(a, b, Point2D(3, 0), tol));
+    EXPECT_EQ(0, concav2d::edgeSide(a, b, Point2D(-7, 0), tol));
+    EXPECT_EQ(0, concav2d::edgeSide(a, b, a, tol));
+    EXPECT_EQ(0, concav2d::edgeSide(a, b, Point2D(10 + 1e-7, 1e-7), tol)) << "within 1e-6 of b";
+    // So flat an arc that the direction of b falls on another one.
+    EXPECT_EQ(2, concav2d::edgeSide(a, b, Point2D(5, 1e-9), tol));
+}
 
 TEST(PointInsideRectangle, InsideAndOnTheOutlineIsOne)
 {

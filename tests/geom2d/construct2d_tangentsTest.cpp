@@ -131,6 +131,19 @@ TEST(TangenteKreisKreis, OuterOfEqualRadiiLiesStraightAcross)
     EXPECT_POINT(right.t2, 4, -1);
 }
 
+TEST(TangenteKreisKreis, OuterOfEqualRadiiOnASlantLiesStraightAcross)
+{
+    // The centres are 5 apart along (3, 4) / 5; its left normal is (-4, 3) / 5.
+    CircleTangent const left = tangentOf(Point2D(1, 2), 2.5, Point2D(4, 6), 2.5, 0, Outer);
+    EXPECT_EQ(1, left.result);
+    EXPECT_POINT_NEAR(left.t1, -1, 3.5, 1e-15);
+    EXPECT_POINT_NEAR(left.t2, 2, 7.5, 1e-15);
+    CircleTangent const right = tangentOf(Point2D(1, 2), 2.5, Point2D(4, 6), 2.5, 1, Outer);
+    EXPECT_EQ(1, right.result);
+    EXPECT_POINT_NEAR(right.t1, 3, 0.5, 1e-15);
+    EXPECT_POINT_NEAR(right.t2, 6, 4.5, 1e-15);
+}
+
 TEST(TangenteKreisKreis, OuterOfNearlyEqualRadiiKeepsEachRadius)
 {
     CircleTangent const t = tangentOf(Point2D(0, 0), 1, Point2D(4, 0), 1.04, 0, Outer, 0, 0.1);

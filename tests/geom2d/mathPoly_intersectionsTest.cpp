@@ -59,6 +59,17 @@ TEST(FindIntersections, FourCrossings)
     }
 }
 
+TEST(FindIntersections, CrossingsComeAsFirstDiscovered)
+{
+    std::vector<Point2D> const p = crossings(wide(), high());
+    ASSERT_EQ(4U, p.size());
+    double const at = std::sqrt(0.8);
+    Point2D const expected[4] = {{at, at}, {-at, at}, {at, -at}, {-at, -at}};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_POINT_NEAR(p[i], expected[i].x(), expected[i].y(), 1e-13);
+    }
+}
+
 TEST(FindIntersections, ConcentricCirclesHaveNone)
 {
     EXPECT_TRUE(crossings(circle(1, 2, 1), circle(1, 2, 2)).empty());

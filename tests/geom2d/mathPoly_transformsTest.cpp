@@ -96,6 +96,34 @@ RC_GTEST_PROP(ConicOfEllipseProperty, VanishesOnTheEllipseAndIsMinusOneAtTheCent
     }
 }
 
+TEST(TMatrixOfPlane, ATurnTakesThePresentMapAlong)
+{
+    // All six members of the map before the turn differ, and a quarter turn carries each over.
+    TMat m{2, 3, 5, 7, 11, 13};
+    m.rotate(pi / 2);
+    EXPECT_NEAR(-3, m.m00, 1e-14);
+    EXPECT_NEAR(2, m.m10, 1e-14);
+    EXPECT_NEAR(-7, m.m01, 1e-14);
+    EXPECT_NEAR(5, m.m11, 1e-14);
+    EXPECT_NEAR(-13, m.tx, 1e-14);
+    EXPECT_NEAR(11, m.ty, 1e-14);
+}
+
+TEST(TMatrixOfPlane, TwoTurnsAddUp)
+{
+    TMat twice{2, 3, 5, 7, 11, 13};
+    TMat once = twice;
+    twice.rotate(0.4);
+    twice.rotate(0.7);
+    once.rotate(1.1);
+    Point p{1, -2};
+    Point q = p;
+    twice.apply(p);
+    once.apply(q);
+    EXPECT_NEAR(q.x, p.x, 1e-13);
+    EXPECT_NEAR(q.y, p.y, 1e-13);
+}
+
 TEST(TMatrixOfPlane, StepsFollowOneAnother)
 {
     TMat m;

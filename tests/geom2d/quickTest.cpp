@@ -184,6 +184,83 @@ TEST(ShortcutsOfThePlane, CrossingsByLengthsAgreeToTheBit)
     }
 }
 
+/// Vectors whose directions are often a tolerance and a little more or less apart.
+class Directions
+{
+public:
+    Directions(std::mt19937_64 &random, double tol)
+        : m_random(random)
+        , m_tol(tol)
+    {
+    }
+
+    Point2D operator()()
+    {
+        static constexpr std::array<double, 10> angles = {0.0,  45.0,  90.0,  180.0, 270.0,
+                                                          30.0, 359.0, 120.0, 240.0, 60.0};
+        static constexpr std::array<double, 6> strange = {support::nan, support::inf, 0.0,
+                                                          1e-200,       1e200,        -0.0};
+        if (m_random() % 32 == 0) {
+            double const x = strange[m_random() % strange.size()];
+            return Point2D(x, strange[m_random() % strange.size()]);
+        }
+        std::uniform_real_distribution<double> any(0.0, 360.0);
+        std::uniform_real_distribution<double> part(-1.5, 1.5);
+        double angle = m_random() % 2 == 0 ? any(m_random) : angles[m_random() % angles.size()];
+        double const noises[] = {0.0, m_tol, 1e-9, 5.7e-8, m_tol + 5.7e-8};
+        angle += noises[m_random() % 5] * (m_random() % 2 == 0 ? 1.0 : part(m_random));
+        double const radii[] = {1.0, 1.0, 3.5, 1e-6, 1e6, 1e-71, 1e71};
+        double const radius = radii[m_random() % 7];
+        return Point2D(radius * std::cos(angle * pi / 180), radius * std::sin(angle * pi / 180));
+    }
+
+private:
+    std::mt19937_64 &m_random;
+    double m_tol;
+};
+
+constexpr std::array<double, 10> angleTolerances = {0.0, 1e-12, 1e-9, 1e-6,  1e-3,
+                                                    1.0, 50.0,  90.0, -1e-6, support::nan};
+
+TEST(ShortcutsOfThePlane, OrdersOfDirectionsAgree)
+{
+    std::mt19937_64 random(35);
+    int counts[4] = {0, 0, 0, 0};
+    for (int round = 0; round < caseCount(); ++round) {
+        double const tol = angleTolerances[random() % angleTolerances.size()];
+        Directions direction(random, tol);
+        Point2D const u = direction();
+        Point2D const v = direction();
+        Point2D const w = direction();
+        int const expected = concav2d::definition::ccw_vectors_origin(u, v, w, tol);
+        ASSERT_EQ(expected, concav2d::ccw_vectors_origin(u, v, w, tol)) << "round " << round;
+        ++counts[expected + 1];
+    }
+    for (int const count : counts) {
+        EXPECT_LT(1000, count);
+    }
+}
+
+TEST(ShortcutsOfThePlane, ParallelsAgree)
+{
+    std::mt19937_64 random(36);
+    int counts[2] = {0, 0};
+    for (int round = 0; round < caseCount(); ++round) {
+        double const tol = angleTolerances[random() % angleTolerances.size()];
+        Directions direction(random, tol);
+        Point2D const origin(0, 0);
+        Point2D const u = direction();
+        Point2D const v = direction();
+        bool const expected = concav2d::definition::areLinesParallel(u, origin, v, origin, tol);
+        ASSERT_EQ(expected, concav2d::areLinesParallel(u, origin, v, origin, tol))
+            << "round " << round;
+        ++counts[expected ? 1 : 0];
+    }
+    for (int const count : counts) {
+        EXPECT_LT(1000, count);
+    }
+}
+
 TEST(ShortcutsOfThePlane, TinyCrossProductsLeaveTheOutputAlone)
 {
     Point2D out = Point2D(support::preset, support::preset);

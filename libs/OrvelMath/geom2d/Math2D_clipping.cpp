@@ -1,6 +1,9 @@
 #include <OrvelMath/geom2d/Math2D.h>
 
+#include <OrvelMath/engine/CycleGuard_p.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -61,36 +64,18 @@ struct Clipper
     }
 };
 
-/// Finds that a sequence of segments repeats itself, by a mark that is set anew after 1, 2, 4, 8
-/// ... steps (R. P. Brent, 1980).
-class Recurrence
+/// The two ends of a segment.
+using Ends = std::array<double, 4>;
+
+struct AreSame
 {
-public:
-    bool repeats(double x1, double y1, double x2, double y2)
+    bool operator()(Ends const &a, Ends const &b) const
     {
-        if (marked && isSame(x1, mark[0]) && isSame(y1, mark[1]) && isSame(x2, mark[2]) &&
-            isSame(y2, mark[3])) {
-            return true;
-        }
-        if (++steps == nextMark) {
-            mark[0] = x1;
-            mark[1] = y1;
-            mark[2] = x2;
-            mark[3] = y2;
-            marked = true;
-            nextMark *= 2;
-        }
-        return false;
+        // A coordinate that is no number stays none, and is the same place again.
+        return std::equal(a.begin(), a.end(), b.begin(), [](double x, double y) {
+            return x == y || (std::isnan(x) && std::isnan(y));
+        });
     }
-
-private:
-    // A coordinate that is no number stays none, and is the same place again.
-    static bool isSame(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
-
-    double mark[4] = {0.0, 0.0, 0.0, 0.0};
-    bool marked = false;
-    unsigned steps = 0;
-    unsigned nextMark = 1;
 };
 
 } // namespace
@@ -99,7 +84,9 @@ bool clipline(double xmin, double ymin, double xmax, double ymax, double &x1, do
               double &x2, double &y2)
 {
     Clipper const clipper{xmin, ymin, xmax, ymax, x2 - x1, y2 - y1};
-    Recurrence recurrence;
+    // The steps at which the guard looks show in the result: the ends are clamped where they are
+    // then.
+    engine::CycleGuard<Ends, AreSame> guard;
     int code1 = clipper.outcode(x1, y1);
     int code2 = clipper.outcode(x2, y2);
     while (code1 != 0 || code2 != 0) {
@@ -120,7 +107,7 @@ bool clipline(double xmin, double ymin, double xmax, double ymax, double &x1, do
         // On a segment through a corner, rounding may drive an end off one border and back over the
         // other for ever. Such an end belongs on the corner. In a rectangle whose borders are
         // exchanged no end ever comes to rest, and nothing stays.
-        if (recurrence.repeats(x1, y1, x2, y2)) {
+        if (guard.comesAgain({x1, y1, x2, y2})) {
             clipper.clamp(x1, y1);
             clipper.clamp(x2, y2);
             return !(xmin > xmax || ymin > ymax);

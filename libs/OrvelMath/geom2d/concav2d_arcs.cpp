@@ -1,6 +1,7 @@
 #include <OrvelMath/geom2d/concav2d_arcs.h>
 #include <OrvelMath/geom2d/concav2d_lines.h>
 #include <OrvelMath/geom2d/concav2d_p.h>
+#include <OrvelMath/geom2d/quick/directions_p.h>
 
 #include <cmath>
 
@@ -35,7 +36,7 @@ int ccw_angle_origin(double a, double m, double b, double tol)
     return beforeEnd && afterStart ? 1 : -1;
 }
 
-int ccw_vectors_origin(Point2D const &u, Point2D const &v, Point2D const &w, double tol)
+int definition::ccw_vectors_origin(Point2D const &u, Point2D const &v, Point2D const &w, double tol)
 {
     double const coincide = 1e-6; // a length
     if (comparePoints(u, v, coincide) == 0 || comparePoints(u, w, coincide) == 0 ||
@@ -43,6 +44,12 @@ int ccw_vectors_origin(Point2D const &u, Point2D const &v, Point2D const &w, dou
         return 0;
     }
     return ccw_angle_origin(WinVec(u), WinVec(v), WinVec(w), tol);
+}
+
+int ccw_vectors_origin(Point2D const &u, Point2D const &v, Point2D const &w, double tol)
+{
+    int const order = directions::orderOf(u, v, w, tol);
+    return order != 0 ? order : definition::ccw_vectors_origin(u, v, w, tol);
 }
 
 Sweep arcSweep(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &centre,
@@ -71,14 +78,14 @@ int getArcMiddle(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2
 
 int getCirclePoint(Point2D const &centre, double radius, double angle, Point2D &out)
 {
-    double const t = angle * 3.141592653589793 / 180;
+    double const t = engine::degreesTimesPiBy180(angle);
     out = Point2D(centre.x() + radius * std::cos(t), centre.y() + radius * std::sin(t));
     return 0;
 }
 
 double getEllipsePointAngle(Point2D const &p, double semiA, double semiB, double rotation)
 {
-    Point2D const local = turned(p, -rotation * 3.141592653589793 / 180);
+    Point2D const local = turned(p, engine::degreesTimesPiBy180(-rotation));
     return WinVec(local.x() / semiA, local.y() / semiB);
 }
 

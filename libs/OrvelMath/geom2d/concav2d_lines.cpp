@@ -1,5 +1,6 @@
 #include <OrvelMath/geom2d/concav2d_lines.h>
 #include <OrvelMath/geom2d/concav2d_p.h>
+#include <OrvelMath/geom2d/quick/directions_p.h>
 #include <OrvelMath/geom2d/quick/segmentCrossings_p.h>
 
 #include <cmath>
@@ -77,10 +78,19 @@ int ccw_points(Point2D const &a, Point2D const &b, Point2D const &c, double tol)
     return 0;
 }
 
+bool definition::areLinesParallel(Point2D const &p0, Point2D const &p1, Point2D const &p2,
+                                  Point2D const &p3, double tol)
+{
+    return tol >= std::fabs(WinVec(p0 - p1) - WinVec(p2 - p3));
+}
+
 bool areLinesParallel(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &p3,
                       double tol)
 {
-    return tol >= std::fabs(WinVec(p0 - p1) - WinVec(p2 - p3));
+    if (directions::areApart(p0 - p1, p2 - p3, tol)) {
+        return false;
+    }
+    return definition::areLinesParallel(p0, p1, p2, p3, tol);
 }
 
 int distanceBetweenParallels(Point2D const &p0, Point2D const &p1, Point2D const &p2,

@@ -94,11 +94,11 @@ int getEllipseExtremaAngles(Point2D const & /*centre*/, double a, double b, doub
     if (tol > std::fabs(rotation - 90) || tol > std::fabs(rotation - 270) ||
         tol > std::fabs(rotation - 180) || tol > std::fabs(rotation) ||
         tol > std::fabs(rotation - 360)) {
-        t1 = (360 - rotation) * radiansPerDegree;
-        t2 = (360 - rotation + 90) * radiansPerDegree;
+        t1 = engine::degreesTimesFactor(360 - rotation);
+        t2 = engine::degreesTimesFactor(360 - rotation + 90);
         return 0;
     }
-    double const k = std::tan(rotation * radiansPerDegree);
+    double const k = std::tan(engine::degreesTimesFactor(rotation));
     double const q = a / b;
     t1 = std::atan(-q * k);
     t2 = std::atan(q / k);
@@ -149,7 +149,7 @@ int getArcExtrema(Point2D const &centre, double radius, double start, double end
 int getEllipsePointNormal(Point2D const &centre, double a, double b, double rotation,
                           Point2D const &p, Point2D &out)
 {
-    double const r = rotation * radiansPerDegree;
+    double const r = engine::degreesTimesFactor(rotation);
     Point2D const q = turned(p - centre, -r);
     // The root of the sum of the squares, not of their difference: these are not the foci.
     double const f = std::sqrt(a * a + b * b);
@@ -160,7 +160,7 @@ int getEllipsePointNormal(Point2D const &centre, double a, double b, double rota
         h += 180;
     }
     h -= 180;
-    double const direction = h * radiansPerDegree;
+    double const direction = engine::degreesTimesFactor(h);
     Point2D const normal(std::cos(direction), std::sin(direction));
     out = centre + turned(q + normal, r);
     return 0;
@@ -169,7 +169,7 @@ int getEllipsePointNormal(Point2D const &centre, double a, double b, double rota
 int getEllipsePointTangent(Point2D const &centre, double a, double b, double rotation,
                            Point2D const &p, Point2D &out)
 {
-    double const r = rotation * radiansPerDegree;
+    double const r = engine::degreesTimesFactor(rotation);
     Point2D normalPoint;
     getEllipsePointNormal(centre, a, b, rotation, p, normalPoint);
     Point2D const q = turned(p - centre, -r);

@@ -4,6 +4,7 @@
 /// Helpers shared by the files of the namespace `concav2d`. Not part of the interface.
 
 #include <OrvelMath/base/Point2D.h>
+#include <OrvelMath/engine/angles_p.h>
 #include <OrvelMath/geom2d/concav2d_lines.h>
 #include <OrvelMath/geom2d/concav2d_regions.h>
 #include <OrvelMath/geom2d/planeVectors_p.h>
@@ -13,8 +14,6 @@ namespace concav2d {
 using planeVectors::distance;
 using planeVectors::length;
 using planeVectors::turned;
-
-constexpr double radiansPerDegree = 0.017453292519943295;
 
 /// `ccw_angle_origin` of the directions of three vectors; 0 if two of them are within 1e-6 of
 /// each other.
@@ -42,6 +41,11 @@ Sweep arcSweep(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D 
 
 /// What the functions of the same names answer, without a shortcut. Arguments and results as there.
 namespace definition {
+
+int ccw_vectors_origin(Point2D const &u, Point2D const &v, Point2D const &w, double tol);
+
+bool areLinesParallel(Point2D const &p0, Point2D const &p1, Point2D const &p2, Point2D const &p3,
+                      double tol);
 
 IntersectionType intersectEdgeEdge(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                    Point2D const &p3, Point2D &out, double tol);

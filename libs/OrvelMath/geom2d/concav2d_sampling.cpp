@@ -4,6 +4,7 @@
 #include <OrvelMath/geom2d/concav2d_p.h>
 
 #include <cmath>
+#include <memory>
 
 namespace concav2d {
 
@@ -28,12 +29,12 @@ struct TurnedEllipse
     {
     }
 
-    Point2D *newPoint(double t) const
+    Point2D pointAt(double t) const
     {
         double const cosT = std::cos(t);
         double const sinT = std::sin(t);
-        return new Point2D(centre.x() + cosR * a * cosT - sinR * b * sinT,
-                           centre.y() + sinR * a * cosT + cosR * b * sinT);
+        return Point2D(centre.x() + cosR * a * cosT - sinR * b * sinT,
+                       centre.y() + sinR * a * cosT + cosR * b * sinT);
     }
 
     Point2D centre;
@@ -51,9 +52,17 @@ void removeAll(QLinkedList<Point2D *> &points)
     points.swap(former);
 }
 
-Point2D *newCirclePoint(Point2D const &centre, double radius, double t)
+Point2D circlePoint(Point2D const &centre, double radius, double t)
 {
-    return new Point2D(centre.x() + radius * std::cos(t), centre.y() + radius * std::sin(t));
+    return Point2D(centre.x() + radius * std::cos(t), centre.y() + radius * std::sin(t));
+}
+
+/// Appends a point of its own to the list. When memory for the list runs out, the point is freed.
+void append(QLinkedList<Point2D *> &points, Point2D const &point)
+{
+    auto owned = std::make_unique<Point2D>(point);
+    points.append(owned.get());
+    owned.release();
 }
 
 } // namespace
@@ -67,17 +76,17 @@ int getArcPoints(Point2D const &p0, Point2D const &p1, Point2D const &p2,
         return 1;
     }
     Sweep const sweep = arcSweep(p0, p1, p2, centre, 1e-6); // degrees
-    double const low = sweep.low * radiansPerDegree;
-    double high = sweep.high * radiansPerDegree;
+    double const low = engine::degreesTimesFactor(sweep.low);
+    double high = engine::degreesTimesFactor(sweep.high);
     double const radius = distance(p0, centre);
     double const stride = stepOrFiveDegrees(step);
     if (low > high) {
         high += fullTurn;
     }
     for (double t = low; high >= t; t += stride) {
-        points.append(newCirclePoint(centre, radius, t));
+        append(points, circlePoint(centre, radius, t));
     }
-    points.append(newCirclePoint(centre, radius, high));
+    append(points, circlePoint(centre, radius, high));
     return 0;
 }
 
@@ -88,10 +97,10 @@ int getCirclePoints(Point2D const &centre, double radius, QLinkedList<Point2D *>
     double const stride = stepOrFiveDegrees(step);
     double t = 0.0;
     do {
-        points.append(newCirclePoint(centre, radius, t));
+        append(points, circlePoint(centre, radius, t));
         t += stride;
     } while (fullTurn >= t);
-    points.append(newCirclePoint(centre, radius, fullTurn));
+    append(points, circlePoint(centre, radius, fullTurn));
     return 0;
 }
 
@@ -99,18 +108,18 @@ int getEllipseArcPoints(Point2D const &centre, Point2D const &axisA, Point2D con
                         double start, double end, QLinkedList<Point2D *> &points, double step)
 {
     removeAll(points);
-    TurnedEllipse const ellipse(centre, axisA, axisB, WinVec(axisA) * radiansPerDegree);
-    double low = start * radiansPerDegree;
-    double const high = end * radiansPerDegree;
+    TurnedEllipse const ellipse(centre, axisA, axisB, engine::degreesTimesFactor(WinVec(axisA)));
+    double low = engine::degreesTimesFactor(start);
+    double const high = engine::degreesTimesFactor(end);
     double const stride = stepOrFiveDegrees(step);
     // Here the start is lowered, where getArcPoints raises the end.
     if (low > high) {
         low -= fullTurn;
     }
     for (double t = low; high >= t; t += stride) {
-        points.append(ellipse.newPoint(t));
+        append(points, ellipse.pointAt(t));
     }
-    points.append(ellipse.newPoint(high));
+    append(points, ellipse.pointAt(high));
     return 0;
 }
 
@@ -118,22 +127,22 @@ int getEllipsePoints(Point2D const &centre, Point2D const &axisA, Point2D const 
                      double rotation, QLinkedList<Point2D *> &points, double step)
 {
     removeAll(points);
-    TurnedEllipse const ellipse(centre, axisA, axisB, rotation * radiansPerDegree);
+    TurnedEllipse const ellipse(centre, axisA, axisB, engine::degreesTimesFactor(rotation));
     double const stride = stepOrFiveDegrees(step);
     double t = 0.0;
     do {
-        points.append(ellipse.newPoint(t));
+        append(points, ellipse.pointAt(t));
         t += stride;
     } while (fullTurn >= t);
-    points.append(ellipse.newPoint(fullTurn));
+    append(points, ellipse.pointAt(fullTurn));
     return 0;
 }
 
 int getEllipsePoint(Point2D const &centre, double a, double b, Point2D &out, double rotation,
                     double angle)
 {
-    double const r = rotation * radiansPerDegree;
-    double const t = angle * radiansPerDegree;
+    double const r = engine::degreesTimesFactor(rotation);
+    double const t = engine::degreesTimesFactor(angle);
     Point2D const local(a * std::cos(t), b * std::sin(t));
     out = centre + turned(local, r);
     return 0;

@@ -1,5 +1,6 @@
 #include <OrvelMath/geom2d/construct2d_arcs.h>
 
+#include <OrvelMath/engine/angles_p.h>
 #include <OrvelMath/geom2d/concav2d_lines.h>
 
 #include <algorithm>
@@ -9,9 +10,11 @@
 namespace {
 
 /// Direction of v in degrees by the arc cosine of its cosine: 0 for the positive x axis.
+///
+/// Multiplied first, where `mat_vektor_winkel` divides first: the two differ in the last bits.
 double directionOf(Point2D const &v, double cosine)
 {
-    double const angle = std::acos(cosine) * 180.0 / 3.141592653589793;
+    double const angle = engine::radiansTimes180ByPi(std::acos(cosine));
     return v.y() < 0.0 ? 360.0 - angle : angle;
 }
 

@@ -1,5 +1,7 @@
 #include <OrvelMath/geom2d/construct2d_crossings.h>
 
+#include <OrvelMath/engine/angles_p.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -102,6 +104,7 @@ double mat_vektor_winkel(Point2D const &v)
     if (w < -1) {
         w = -1;
     }
-    double const angle = std::acos(w) / 3.141592653589793 * 180;
+    // Divided first, where the arc helpers multiply first: the two differ in the last bits.
+    double const angle = engine::radiansByPiTimes180(std::acos(w));
     return v.y() < 0 ? 360 - angle : angle;
 }

@@ -1,3 +1,4 @@
+#include <OrvelMath/engine/angles_p.h>
 #include <OrvelMath/geom2d/mathPoly_p.h>
 
 #include <algorithm>
@@ -81,6 +82,7 @@ bool FindIntersections2(Ellipse &e1, Ellipse &e2, bool last, bool inner, Point2D
     for (int i = 0; i < count; ++i) {
         order[i] = {directionFrom(e1, points[i]), i};
     }
+    // The exchange of equal directions is the C library's, which std::sort does not share.
     std::qsort(order, static_cast<std::size_t>(count), sizeof order[0], compareDirections);
     int const place = chosenPlace(count, last, inner);
     if (place < 0) {
@@ -115,7 +117,7 @@ int intersect_ellipse_ellipse(Point2D const &c1, double angle1, double a1, doubl
 int intersect_line_ellipse(Point2D const &p0, Point2D const &p1, Point2D const &centre,
                            double angle, double a, double b, bool other, Point2D &out, double eps)
 {
-    double const radians = angle * 3.141592653589793 / 180.0;
+    double const radians = engine::degreesTimesPiBy180(angle);
     double const c = std::cos(radians);
     double const s = std::sin(radians);
     auto const toOwnFrame = [&](Point2D const &p) {

@@ -1,3 +1,4 @@
+#include <OrvelMath/engine/angles_p.h>
 #include <OrvelMath/geom2d/mathPoly_p.h>
 
 #include <cmath>
@@ -6,8 +7,6 @@
 namespace mathPoly {
 
 namespace {
-
-constexpr double pi = 3.141592653589793;
 
 /// The angle after full turns are taken off while it is above 360 and put on while it is below 0.
 /// The remainder is exact, so it equals the repeated subtraction, without its endless run on
@@ -59,7 +58,7 @@ Ellipse::Ellipse(Point2D centre, double degrees, double semiA, double semiB)
     , cy(centre.y())
     , a(semiA)
     , b(semiB)
-    , angle(reducedDegrees(degrees) * pi / 180.0)
+    , angle(engine::degreesTimesPiBy180(reducedDegrees(degrees)))
 {
 }
 
