@@ -5,6 +5,8 @@
 #include <OrvelMath/lookup/Point2DLookupC.h>
 #include <OrvelMath/lookup/Point3DLookupC.h>
 
+#include "support/Bits.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -84,7 +86,7 @@ void operator delete(void *memory, std::size_t, std::align_val_t) noexcept
 
 namespace {
 
-double const inf = std::numeric_limits<double>::infinity();
+using support::inf;
 
 std::vector<Point3D> randomPoints(int count)
 {
@@ -100,7 +102,7 @@ std::vector<Point3D> randomPoints(int count)
     return points;
 }
 
-TEST(LookupMemory, AtMost64BytesAPointInSpace)
+TEST(LookupMemory, AtMost40BytesPerPointInSpace)
 {
     for (int count : {1000, 30000, 200000}) {
         std::vector<Point3D> const points = randomPoints(count);
@@ -109,13 +111,13 @@ TEST(LookupMemory, AtMost64BytesAPointInSpace)
         for (Point3D const &p : points) {
             lookup->insert(p);
         }
-        EXPECT_LE(liveBytes - before, 64L * count) << count;
+        EXPECT_LE(liveBytes - before, 40L * count) << count;
         lookup = nullptr;
         EXPECT_EQ(liveBytes, before);
     }
 }
 
-TEST(LookupMemory, AtMost64BytesAPointOfAScannedGrid)
+TEST(LookupMemory, AtMost48BytesPerPointOfAScannedGrid)
 {
     int const side = 40;
     long const before = liveBytes;
@@ -124,7 +126,7 @@ TEST(LookupMemory, AtMost64BytesAPointOfAScannedGrid)
         lookup->insert({double(i / (side * side)), double(i / side % side), double(i % side)});
     }
     int const stored = lookup->findWithinRange({0, 0, 0}, inf).size();
-    EXPECT_LE(liveBytes - before, 64L * stored);
+    EXPECT_LE(liveBytes - before, 48L * stored);
 }
 
 TEST(LookupMemory, NearestAllocatesNothing)

@@ -1,24 +1,31 @@
-// The lookups against a plain recursive tree, answer by answer and in the same order.
+// The shortcuts of the lookups against their definitions on a plain tree, bit by bit and in the
+// same order, and both against the sight of all points.
 
 #include "PlainTree.h"
 
+#include "support/Bits.h"
+
 #include <OrvelCore/runtime/PRefPtr.h>
+#include <OrvelMath/lookup/LookupNeighbours_p.h>
+#include <OrvelMath/lookup/LookupTree_p.h>
 #include <OrvelMath/lookup/Point2DLookupC.h>
 #include <OrvelMath/lookup/Point3DLookupC.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <cstring>
+#include <cstdlib>
 #include <functional>
-#include <limits>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace {
 
-double const inf = std::numeric_limits<double>::infinity();
+using support::inf;
+using support::SameBits;
 
 using Random = std::mt19937_64;
 
@@ -27,8 +34,8 @@ double uniform(Random &random, double low, double high)
     return std::uniform_real_distribution<double>(low, high)(random);
 }
 
-template <std::size_t K>
-using Points = std::vector<std::array<double, K>>;
+template <int K>
+using Points = std::vector<LookupPoint<K>>;
 
 /// Sets of points that reach the tree's branches: spread out, full of ties, repeated, in chains.
 struct Sample
@@ -52,27 +59,33 @@ std::vector<Sample> samples()
         {"ascending", [](Random &, int i) { return 0.5 * i; }},
         {"descending with noise",
          [](Random &r, int i) { return uniform(r, -3.0, 0.0) - 0.25 * i; }},
+        {"copies in a row", [](Random &, int i) { return std::floor(i / 40 * 7919 % 23); }},
+        {"strips as of a mesh",
+         [](Random &r, int i) {
+             return 0.125 * static_cast<double>(i / 3 % 29) + 0.25 * static_cast<double>(r() % 3);
+         }},
+        {"one place", [](Random &, int) { return 3.0; }},
         {"special values",
          [special](Random &r, int) { return special[static_cast<std::size_t>(r() % 12)]; }},
     };
 }
 
-template <std::size_t K>
-std::array<double, K> draw(Sample const &sample, Random &random, int index)
+template <int K>
+LookupPoint<K> draw(Sample const &sample, Random &random, int index)
 {
-    std::array<double, K> p;
-    for (double &c : p) {
+    LookupPoint<K> p;
+    for (double &c : p.coordinates) {
         c = sample.coordinate(random, index);
     }
     return p;
 }
 
 /// Stored points, near misses, and points between.
-template <std::size_t K>
-std::array<double, K> drawQuery(Sample const &sample, Points<K> const &points, Random &random)
+template <int K>
+LookupPoint<K> drawQuery(Sample const &sample, Points<K> const &points, Random &random)
 {
-    std::array<double, K> q = points[static_cast<std::size_t>(random() % points.size())];
-    for (double &c : q) {
+    LookupPoint<K> q = points[static_cast<std::size_t>(random() % points.size())];
+    for (double &c : q.coordinates) {
         switch (random() % 4) {
         case 0:
             c += 0.5;
@@ -94,149 +107,202 @@ double drawLimit(Random &random)
                              : limits[static_cast<std::size_t>(random() % 8)];
 }
 
-/// The same bits, so that 0 and -0 are told apart and NaN equals itself.
-bool sameBits(double a, double b)
+/// 10^5 questions in all by default, 10^6 when long tests are asked for.
+int questionsOf(int byDefault)
 {
-    return std::memcmp(&a, &b, sizeof a) == 0;
+    char const *const asked = std::getenv("ORVEL_LONG_TESTS");
+    return asked && asked[0] == '1' ? 10 * byDefault : byDefault;
 }
 
-struct Model2
+/// The shipped tree beside the plain one.
+template <int K>
+struct Model
 {
-    PRefPtr<Point2DLookupC> lookup{new Point2DLookupC};
-    PlainTree<2> plain;
-    Points<2> points;
+    LookupTree<K, int> tree;
+    PlainTree<K> plain;
+    Points<K> points;
 
-    void insert(std::array<double, 2> const &p)
+    void insert(LookupPoint<K> const &p)
     {
         int const id = static_cast<int>(points.size());
-        lookup->insert({p[0], p[1]}, id);
+        tree.insert(p, id);
         plain.insert(p, id);
         points.push_back(p);
     }
 
-    static void expectSame(PRefPtr<Point2DLookupResultC> const &hit,
-                           PlainTree<2>::Node const *expected, double distance)
+    static void expectSame(LookupNearest<K, int> const &expected,
+                           LookupNearest<K, int> const &actual)
     {
-        ASSERT_EQ(static_cast<bool>(hit), expected != nullptr);
-        if (hit) {
-            EXPECT_EQ(hit->getUserData().toInt(), expected->id);
-            EXPECT_TRUE(sameBits(hit->getDistance(), distance));
+        ASSERT_EQ(expected.payload != nullptr, actual.payload != nullptr);
+        if (expected.payload) {
+            ASSERT_EQ(*expected.payload, *actual.payload);
+            ASSERT_TRUE(SameBits(expected.distance, actual.distance));
+        }
+        for (int i = 0; i < K; ++i) {
+            ASSERT_TRUE(SameBits(expected.point[i], actual.point[i]));
         }
     }
 
-    void checkNearest(std::array<double, 2> const &q, double limit) const
+    void checkNearest(LookupPoint<K> const &q, double limit) const
     {
-        Point2D const query(q[0], q[1]);
-        double distance = -1.0;
-        auto const all = [](PlainTree<2>::Node const &) { return true; };
-        auto const *const expected = plain.findNearest(q, limit, all, &distance);
-        expectSame(lookup->findNearest(query, limit), expected, distance);
-        auto const others = [&q](PlainTree<2>::Node const &n) {
-            return n.point[0] != q[0] || n.point[1] != q[1];
-        };
-        auto const *const other = plain.findNearest(q, limit, others, &distance);
-        expectSame(lookup->findNearestNotEqual(query, limit), other, distance);
+        expectSame(plain.findNearest(q, limit, LookupAcceptAll()),
+                   tree.findNearest(q, limit, LookupAcceptAll()));
+        LookupAcceptOthers<K> const others = {q};
+        expectSame(plain.findNearest(q, limit, others), tree.findNearest(q, limit, others));
     }
 
-    void checkRange(std::array<double, 2> const &q, double radius) const
+    void checkRange(LookupPoint<K> const &q, double radius) const
     {
-        auto const expected = plain.findWithinRange(q, radius);
-        auto const pairs = lookup->findWithinRangeUserData({q[0], q[1]}, radius);
-        auto const bare = lookup->findWithinRange({q[0], q[1]}, radius);
-        ASSERT_EQ(static_cast<std::size_t>(pairs.size()), expected.size());
-        ASSERT_EQ(bare.size(), pairs.size());
-        for (int i = 0; i < pairs.size(); ++i) {
-            ASSERT_EQ(pairs[i].second.toInt(), expected[static_cast<std::size_t>(i)]->id);
-            ASSERT_TRUE(bare[i] == pairs[i].first);
+        std::vector<std::pair<int, double>> expected;
+        std::vector<std::pair<int, double>> actual;
+        plain.collectInDisc(q, radius, [&](LookupPoint<K> const &, int id, double d2) {
+            expected.emplace_back(id, d2);
+        });
+        tree.collectInDisc(q, radius, [&](LookupPoint<K> const &, int id, double d2) {
+            actual.emplace_back(id, d2);
+        });
+        ASSERT_EQ(expected, actual);
+    }
+
+    void checkNeighbours(LookupPoint<K> const &q, int k, double limit) const
+    {
+        auto const expected = findNearestValuesAsDefined(plain, q, k, limit);
+        auto const actual = findNearestValues(tree, q, k, limit);
+        ASSERT_EQ(expected.size(), actual.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            expectSame(expected[i], actual[i]);
         }
     }
 };
 
-TEST(LookupTruth, PlaneAnswersAreThoseOfThePlainTree)
+template <int K>
+class LookupTruth : public ::testing::Test
 {
-    for (Sample const &sample : samples()) {
-        SCOPED_TRACE(sample.name);
-        Random random(7);
-        for (int size : {1, 2, 5, 30, 64, 65, 66, 130, 700, 1500}) {
-            SCOPED_TRACE(size);
-            Model2 model;
-            for (int i = 0; i < size; ++i) {
-                model.insert(draw<2>(sample, random, i));
-            }
-            for (int i = 0; i < 400 && !::testing::Test::HasFatalFailure(); ++i) {
-                auto const q = drawQuery(sample, model.points, random);
-                model.checkNearest(q, drawLimit(random));
-                model.checkRange(q, drawLimit(random));
-            }
-        }
-    }
-}
-
-TEST(LookupTruth, SpaceAnswersAreThoseOfThePlainTree)
-{
-    for (Sample const &sample : samples()) {
-        SCOPED_TRACE(sample.name);
-        Random random(11);
-        for (int size : {1, 2, 5, 30, 64, 65, 66, 130, 700, 1500}) {
-            SCOPED_TRACE(size);
-            PRefPtr<Point3DLookupC> const lookup(new Point3DLookupC);
-            PlainTree<3> plain;
-            Points<3> points;
-            for (int i = 0; i < size; ++i) {
-                points.push_back(draw<3>(sample, random, i));
-                auto const &p = points.back();
-                lookup->insert({p[0], p[1], p[2]});
-                plain.insert(p, i);
-            }
-            auto const same = [](Point3D const &p, std::array<double, 3> const &e) {
-                return sameBits(p.x(), e[0]) && sameBits(p.y(), e[1]) && sameBits(p.z(), e[2]);
-            };
-            for (int i = 0; i < 400; ++i) {
-                auto const q = drawQuery(sample, points, random);
-                double const limit = drawLimit(random);
-                auto const nearest = lookup->findNearest({q[0], q[1], q[2]}, limit);
-                auto const *const expected = plain.findNearest(q, limit);
-                ASSERT_EQ(nearest.second, expected != nullptr);
-                ASSERT_TRUE(same(nearest.first,
-                                 expected ? expected->point : std::array<double, 3>{0, 0, 0}));
-
-                auto const range = lookup->findWithinRange({q[0], q[1], q[2]}, limit);
-                auto const inRange = plain.findWithinRange(q, limit);
-                ASSERT_EQ(static_cast<std::size_t>(range.size()), inRange.size());
-                for (int j = 0; j < range.size(); ++j) {
-                    ASSERT_TRUE(same(range[j], inRange[static_cast<std::size_t>(j)]->point));
+protected:
+    /// Asks trees of all samples and sizes so many questions each.
+    template <typename Ask>
+    void ask(int questions, Ask question)
+    {
+        for (Sample const &sample : samples()) {
+            SCOPED_TRACE(sample.name);
+            Random random(7);
+            for (int size : {1, 2, 5, 30, 64, 65, 130, 700, 1500, 6000}) {
+                SCOPED_TRACE(size);
+                Model<K> model;
+                for (int i = 0; i < size; ++i) {
+                    model.insert(draw<K>(sample, random, i));
+                }
+                ASSERT_EQ(model.plain.size(), model.tree.size());
+                for (int i = 0; i < questions && !HasFatalFailure(); ++i) {
+                    question(model, drawQuery(sample, model.points, random), random);
                 }
             }
         }
     }
+};
+
+using Plane = LookupTruth<2>;
+using Space = LookupTruth<3>;
+
+TEST_F(Plane, NearestIsThatOfTheDefinition)
+{
+    ask(questionsOf(1000), [](Model<2> const &model, LookupPoint<2> const &q, Random &random) {
+        model.checkNearest(q, drawLimit(random));
+    });
 }
 
-TEST(LookupTruth, SearchesBetweenInsertionsSeeEveryPointSoFar)
+TEST_F(Space, NearestIsThatOfTheDefinition)
+{
+    ask(questionsOf(1000), [](Model<3> const &model, LookupPoint<3> const &q, Random &random) {
+        model.checkNearest(q, drawLimit(random));
+    });
+}
+
+TEST_F(Plane, RangesAreThoseOfTheDefinition)
+{
+    ask(questionsOf(1000), [](Model<2> const &model, LookupPoint<2> const &q, Random &random) {
+        model.checkRange(q, drawLimit(random));
+    });
+}
+
+TEST_F(Space, RangesAreThoseOfTheDefinition)
+{
+    ask(questionsOf(1000), [](Model<3> const &model, LookupPoint<3> const &q, Random &random) {
+        model.checkRange(q, drawLimit(random));
+    });
+}
+
+TEST_F(Plane, RangesBesideLargeCoordinates)
+{
+    // Radii that rounding takes away, above 0 and below.
+    Model<2> model;
+    for (double const x : {1e9, 1e9 + 1e-6, 1e9 + 2e-6, 1e9 - 1e-6}) {
+        model.insert({{x, 1e9}});
+        model.insert({{x, 1e9 + 1e-6}});
+    }
+    for (LookupPoint<2> const &q : model.points) {
+        for (double const radius : {1e-8, -1e-8, 1e-7, -1e-7, 1e-6, 2.4e-7, -1e-3}) {
+            model.checkRange(q, radius);
+        }
+    }
+    int found = 0;
+    model.tree.collectInDisc({{1e9, 1e9}}, -1e-8, [&](auto const &, int, double) { ++found; });
+    EXPECT_EQ(1, found);
+}
+
+TEST_F(Plane, NeighboursAreThoseOfTheDefinition)
+{
+    ask(questionsOf(500), [](Model<2> const &model, LookupPoint<2> const &q, Random &random) {
+        int const ks[] = {2, 3, 8, 8, 20, 100, 199, 250, 2000};
+        model.checkNeighbours(q, ks[random() % 9], drawLimit(random));
+    });
+}
+
+TEST_F(Plane, NeighboursWhoseSquaresShareARoot)
+{
+    // Squared distances a unit of rounding apart have the same root; the order of the tree decides.
+    Random random(3);
+    for (int round = 0; round < questionsOf(300); ++round) {
+        Model<2> model;
+        double const radius = uniform(random, 0.5, 3.0);
+        for (int i = 0; i < 60; ++i) {
+            double const angle = uniform(random, 0.0, 7.0);
+            model.insert({{radius * std::cos(angle), radius * std::sin(angle)}});
+        }
+        model.insert({{uniform(random, 0.2, 1.0) * radius, 0.0}});
+        for (int k : {2, 5, 20, 59}) {
+            model.checkNeighbours({{0, 0}}, k, random() % 2 == 0 ? inf : radius);
+        }
+    }
+}
+
+TEST_F(Plane, SearchesBetweenInsertionsSeeEveryPointSoFar)
 {
     for (Sample const &sample : samples()) {
         SCOPED_TRACE(sample.name);
         Random random(13);
-        Model2 model;
+        Model<2> model;
         for (int i = 0; i < 1200 && !::testing::Test::HasFatalFailure(); ++i) {
             model.insert(draw<2>(sample, random, i));
             auto const q = drawQuery(sample, model.points, random);
             model.checkNearest(q, drawLimit(random));
+            model.checkRange(q, drawLimit(random));
         }
     }
 }
 
 /// Distances of the k nearest by sorting them all.
-std::vector<double> sortedDistances(Points<2> const &points, std::array<double, 2> const &q)
+std::vector<double> sortedDistances(Points<2> const &points, LookupPoint<2> const &q)
 {
     std::vector<double> distances;
     for (auto const &p : points) {
-        distances.push_back(std::sqrt(PlainTree<2>::squaredDistance(q, p)));
+        distances.push_back(std::sqrt(squaredDistance(q, p)));
     }
     std::sort(distances.begin(), distances.end());
     return distances;
 }
 
-TEST(LookupTruth, NeighboursAreTheNearestOfAll)
+TEST_F(Plane, NeighboursAreTheNearestOfAll)
 {
     for (Sample const &sample : samples()) {
         if (sample.name == "special values") {
@@ -244,24 +310,27 @@ TEST(LookupTruth, NeighboursAreTheNearestOfAll)
         }
         SCOPED_TRACE(sample.name);
         Random random(17);
-        Model2 model;
+        PRefPtr<Point2DLookupC> const lookup(new Point2DLookupC);
+        Points<2> points;
         for (int i = 0; i < 600; ++i) {
-            model.insert(draw<2>(sample, random, i));
+            points.push_back(draw<2>(sample, random, i));
+            lookup->insert({points.back()[0], points.back()[1]}, i);
         }
         for (int i = 0; i < 300; ++i) {
-            auto const q = drawQuery(sample, model.points, random);
+            auto const q = drawQuery(sample, points, random);
             int const k = 2 + static_cast<int>(random() % 20);
-            auto const hits = model.lookup->findKNearestNeighbors({q[0], q[1]}, k, inf);
-            auto const expected = sortedDistances(model.points, q);
-            ASSERT_EQ(hits.size(), k);
-            for (int j = 0; j < k; ++j) {
-                ASSERT_EQ(hits[j]->getDistance(), expected[static_cast<std::size_t>(j)]);
+            auto const hits = lookup->findKNearestNeighbors({q[0], q[1]}, k, inf);
+            auto const expected = sortedDistances(points, q);
+            bool const allEqual = expected.back() == 0.0;
+            ASSERT_EQ(allEqual ? 0 : k, hits.size());
+            for (int j = 0; j < hits.size(); ++j) {
+                ASSERT_EQ(expected[static_cast<std::size_t>(j)], hits[j]->getDistance());
             }
         }
     }
 }
 
-TEST(LookupTruth, NearestIsTheNearestOfAll)
+TEST_F(Space, NearestIsTheNearestOfAll)
 {
     Random random(19);
     Sample const sample = samples().front();
@@ -275,11 +344,11 @@ TEST(LookupTruth, NearestIsTheNearestOfAll)
         auto const q = draw<3>(sample, random, i);
         auto const expected =
             *std::min_element(points.begin(), points.end(), [&q](auto const &a, auto const &b) {
-                return PlainTree<3>::squaredDistance(q, a) < PlainTree<3>::squaredDistance(q, b);
+                return squaredDistance(q, a) < squaredDistance(q, b);
             });
         auto const answer = lookup->findNearest({q[0], q[1], q[2]}, inf);
         ASSERT_TRUE(answer.second);
-        ASSERT_EQ(answer.first, Point3D(expected[0], expected[1], expected[2]));
+        ASSERT_EQ(Point3D(expected[0], expected[1], expected[2]), answer.first);
     }
 }
 

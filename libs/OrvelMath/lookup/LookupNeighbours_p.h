@@ -3,13 +3,15 @@
 /// @file
 /// The k nearest values of a lookup.
 
-#include <OrvelMath/lookup/LookupRegion_p.h>
+#include <OrvelMath/lookup/LookupTree_p.h>
+#include <OrvelMath/lookup/quick/NeighbourWalk_p.h>
 
 #include <QtCore/QtGlobal>
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 /// The values of `tree` in the open disc around `centre`, in the order of the tree, each with its
@@ -80,4 +82,39 @@ std::vector<typename Tree::Nearest> nearestByGrowingDisc(Tree const &tree, Point
                      [](Value const &a, Value const &b) { return a.distance < b.distance; });
     values.resize(std::min(values.size(), static_cast<std::size_t>(k)));
     return values;
+}
+
+/// The k nearest values as they are defined, for a k above 1: those of the growing disc; none when
+/// no value but those equal to the centre is at most `maxDistance` away.
+template <typename Tree, int K>
+std::vector<typename Tree::Nearest> findNearestValuesAsDefined(Tree const &tree,
+                                                               LookupPoint<K> const &centre, int k,
+                                                               double maxDistance)
+{
+    auto const other = tree.findNearest(centre, maxDistance, LookupAcceptOthers<K>{centre});
+    if (!other.payload) {
+        return {};
+    }
+    return nearestByGrowingDisc(tree, centre, k, other.distance, maxDistance);
+}
+
+/// As findNearestValuesAsDefined, by one search where that gives the same list. Beyond some hundred
+/// values the insertion into a sorted list costs more than the passes.
+template <int K, typename Payload>
+std::vector<LookupNearest<K, Payload>> findNearestValues(LookupTree<K, Payload> const &tree,
+                                                         LookupPoint<K> const &centre, int k,
+                                                         double maxDistance)
+{
+    constexpr std::uint64_t mostByOneSearch = 200;
+    std::uint64_t const wanted =
+        std::min<std::uint64_t>(static_cast<std::uint64_t>(k), tree.size());
+    if (wanted > 0 && wanted <= mostByOneSearch && maxDistance >= 0.0 && isFinite(centre)) {
+        NeighbourWalk<K, Payload> walk(*tree.rootRun(), centre, static_cast<int>(wanted),
+                                       maxDistance);
+        double const firstRadius = std::min(2.0 * walk.nearestOther(), maxDistance);
+        if (firstRadius > 0.0) {
+            return walk.nearest(firstRadius, maxDistance);
+        }
+    }
+    return findNearestValuesAsDefined(tree, centre, k, maxDistance);
 }

@@ -3,6 +3,7 @@
 /// @file
 /// Points and boxes of the lookups.
 
+#include <cmath>
 #include <utility>
 
 /// A point of K dimensions.
@@ -29,6 +30,29 @@ double squaredDistance(LookupPoint<K> const &a, LookupPoint<K> const &b)
     return squaredDistance(a, b, std::make_integer_sequence<int, K>());
 }
 
+/// Whether all coordinates are the same numbers; 0 and -0 are.
+template <int K>
+bool areEqual(LookupPoint<K> const &a, LookupPoint<K> const &b)
+{
+    for (int i = 0; i < K; ++i) {
+        if (!(a[i] == b[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+template <int K>
+bool isFinite(LookupPoint<K> const &p)
+{
+    for (double const c : p.coordinates) {
+        if (!std::isfinite(c)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// An axis-parallel box of K dimensions, both ends included.
 template <int K>
 struct LookupRegion
@@ -37,7 +61,7 @@ struct LookupRegion
     LookupPoint<K> high;
 
     /// The box that a ball of `radius` around `centre` touches from within. A negative radius gives
-    /// a box whose `low` exceeds its `high`.
+    /// a box whose `low` exceeds its `high`, unless rounding takes the radius away.
     static LookupRegion around(LookupPoint<K> const &centre, double radius)
     {
         LookupRegion region;
@@ -51,12 +75,12 @@ struct LookupRegion
     /// No coordinate of the point outside; a NaN counts as inside.
     bool encloses(LookupPoint<K> const &p) const
     {
-        bool outside = false; // no branch a coordinate: which one decides can't be foreseen
         for (int i = 0; i < K; ++i) {
-            outside |= low[i] > p[i];
-            outside |= p[i] > high[i];
+            if (low[i] > p[i] || p[i] > high[i]) {
+                return false;
+            }
         }
-        return !outside;
+        return true;
     }
 
     bool intersects(LookupRegion const &other) const
@@ -68,19 +92,4 @@ struct LookupRegion
         }
         return true;
     }
-
-    bool contains(LookupRegion const &other) const
-    {
-        for (int i = 0; i < K; ++i) {
-            if (!(low[i] <= other.low[i] && other.high[i] <= high[i])) {
-                return false;
-            }
-        }
-        return true;
-    }
-
-    /// Whether points beyond a plane at `split` across dimension d, on the side below or from it
-    /// upwards, can lie in the box.
-    bool reachesBelow(double split, int d) const { return !(low[d] > split); }
-    bool reachesAbove(double split, int d) const { return !(split > high[d]); }
 };

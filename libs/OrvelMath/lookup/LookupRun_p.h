@@ -1,48 +1,59 @@
 #pragma once
 
+/// @file
+/// The storage of the lookups: a piece of the tree in one piece of memory.
+
 #include <OrvelMath/lookup/LookupRegion_p.h>
 
+#include <QtCore/QtGlobal>
+
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <new>
 #include <type_traits>
 #include <utility>
 
-/// A small subtree of a LookupTree, its values in one piece of memory.
+/// A connected piece of a LookupTree.
 ///
-/// The values stand in pre-order: the root of the subtree, its left subtree, its right subtree.
-/// With each value goes the size of its left subtree, which is all that is needed to walk them as
-/// the tree that they are:
+/// Its slots are in pre-order: the root of the piece, its left subtree, its right subtree. A slot
+/// holds a value, or it is an exit: the subtree that belongs there is a run of its own. With each
+/// value goes the number of slots of its left subtree, which is all that is needed to walk the
+/// piece as the tree that it is:
 ///
-///     value        a  b  c  d  e             a
-///     left count   2  1  0  0  0           /   \.
+///     slot         a  b  c  d  *             a
+///     left count   2  1  0  0  exit        /   \.
 ///                     ----  ----          b     d
 ///                     left  right        /       \.
-///                     of a  of a        c         e
+///                     of a  of a        c         * another run
 ///
-/// The coordinates stand in K rows, so that two points at a time are measured; a row that isn't
-/// full ends in NaN. A run is allocated together with the room for its values, and is made anew to
-/// grow. It holds at least one value once it stands in a tree.
+/// The coordinates form K rows, so that two points at a time are measured. An exit has NaN for
+/// coordinates, and so has the rest of a row that isn't full. A run is allocated together with the
+/// room for its slots, and is made anew to grow. Its first slot is a value.
 template <int K, typename Payload>
 class LookupRun
 {
 public:
-    static constexpr int maxCapacity = 64;
+    static constexpr int maxSlots = 64;
+    /// A binary tree has one exit more than values at most.
+    static constexpr int maxExits = maxSlots / 2 + 1;
 
     using Point = LookupPoint<K>;
 
-    /// An empty run with room for at least `count` values.
-    static LookupRun *create(int count)
+    /// An empty run with room for at least `needed` slots, exits among them only when told so.
+    static LookupRun *create(int needed, bool withExits)
     {
-        int capacity = 4;
-        while (capacity < count) {
-            capacity *= 2;
-        }
-        return new (::operator new(bytes(capacity))) LookupRun(capacity);
+        int const step = needed <= 16 ? 8 : 16;
+        int const capacity = std::min((needed + step - 1) / step * step, maxSlots);
+        Q_ASSERT(needed <= capacity);
+        return new (::operator new(bytes(capacity, withExits))) LookupRun(capacity, withExits);
     }
 
+    /// Destroys this run alone.
     static void destroy(LookupRun *run)
     {
         if constexpr (hasPayload) {
@@ -56,292 +67,307 @@ public:
     LookupRun &operator=(LookupRun const &) = delete;
 
     int count() const { return m_count; }
-    int capacity() const { return m_capacity; }
     bool isFull() const { return m_count == m_capacity; }
+    int room() const { return m_capacity - m_count; }
+    int exitCount() const { return m_exitCount; }
 
-    Point point(int index) const
+    /// The run with the exit to this one; null at the root of the tree.
+    LookupRun *parent() const { return m_parent; }
+    /// The smallest box that holds the values of the subtree, exits included. A NaN is in no box.
+    LookupRegion<K> const &box() const { return m_box; }
+    /// Whether a coordinate in the subtree, exits included, is NaN.
+    bool hasNan() const { return m_hasNan; }
+
+    bool isExit(int slot) const { return leftCounts()[slot] >= exitMark; }
+    /// Bit i is set where slot i is an exit.
+    std::uint64_t exitSlots() const { return m_exitSlots; }
+    LookupRun *exit(int slot) const
+    {
+        Q_ASSERT(isExit(slot));
+        return exits()[leftCounts()[slot] - exitMark];
+    }
+    bool hasExits(int first, int end) const
+    {
+        Q_ASSERT(first < end && end <= maxSlots);
+        std::uint64_t const width = ~std::uint64_t(0) >> (64 - (end - first));
+        return (m_exitSlots >> first & width) != 0;
+    }
+    /// The slot of the exit to `child`.
+    int slotOf(LookupRun const *child) const
+    {
+        int slot = 0;
+        while (!(isExit(slot) && exit(slot) == child)) {
+            ++slot;
+            Q_ASSERT(slot < m_count);
+        }
+        return slot;
+    }
+    /// The slot after the left subtree of a value, where its right subtree begins if it has one.
+    int endOfLeft(int slot) const
+    {
+        Q_ASSERT(!isExit(slot));
+        return slot + 1 + leftCounts()[slot];
+    }
+
+    double coordinate(int slot, int i) const { return row(i)[slot]; }
+    Point point(int slot) const
     {
         Point p;
         for (int i = 0; i < K; ++i) {
-            p[i] = row(i)[index];
+            p[i] = row(i)[slot];
         }
         return p;
     }
-    Payload const &payload(int index) const
+    Payload const &payload(int slot) const
     {
         if constexpr (hasPayload) {
-            return payloads()[index];
+            return payloads()[slot];
         } else {
             static Payload const none = {};
             return none;
         }
     }
-    /// Moves the payload out.
-    Payload takePayload(int index)
-    {
-        if constexpr (hasPayload) {
-            return std::move(payloads()[index]);
-        } else {
-            return {};
-        }
-    }
-    /// Number of values in the left subtree of the run's root.
-    int leftCount() const { return leftCounts()[0]; }
+    /// The coordinates of all slots in dimension i; one more can be read from every row.
+    double const *row(int i) const { return rows() + i * m_capacity; }
 
-    /// Moves `count` values of `other`, from index `first` on, into this empty run. They must be a
-    /// whole subtree.
-    void take(LookupRun &other, int first, int count)
+    /// All rows, for a way through the run.
+    std::array<double const *, K> allRows() const
     {
+        std::array<double const *, K> all;
         for (int i = 0; i < K; ++i) {
-            std::copy_n(other.row(i) + first, count, row(i));
+            all[static_cast<std::size_t>(i)] = row(i);
         }
-        if constexpr (hasPayload) {
-            std::uninitialized_move_n(other.payloads() + first, count, payloads());
-        }
-        std::copy_n(other.leftCounts() + first, count, leftCounts());
-        m_count = static_cast<std::uint16_t>(count);
-        for (int i = 0; i < count; ++i) {
-            extendBox(point(i));
-        }
+        return all;
     }
 
-    /// Stores a value where the descent from the run's root, which stands at `level`, ends. False,
-    /// and nothing stored, when that is below `deepestLevel`. The run must not be full.
-    bool insert(Point const &p, Payload &&payload, int level, int deepestLevel)
-    {
-        std::uint8_t passedOnTheLeft[maxCapacity];
-        int passed = 0;
-        int first = 0;
-        int end = m_count;
-        for (int d = level % K; first < end; d = next(d), ++level) {
-            if (level >= deepestLevel) {
-                return false;
-            }
-            int const right = first + 1 + leftCounts()[first];
-            if (row(d)[first] > p[d]) {
-                passedOnTheLeft[passed++] = static_cast<std::uint8_t>(first);
-                end = right;
-                ++first;
-            } else {
-                first = right;
-            }
-        }
-        for (int i = 0; i < passed; ++i) {
-            ++leftCounts()[passedOnTheLeft[i]];
-        }
-        insertAt(first, p, std::move(payload));
-        extendBox(p);
-        return true;
-    }
-
-    /// Searches the subtree, whose root splits on dimension d; true when it holds a new best value.
-    template <typename Search>
-    bool findNearest(Search &search, int d) const
-    {
-        prefetch();
-        if (!(search.maxSq >= boxDistance(search.query))) {
-            return false;
-        }
-        if (!search.queryIsFinite) {
-            // Infinite differences hide subtrees from the walk, so it must be made.
-            return walkToNearest(search, 0, m_count, d);
-        }
-        double distances[maxCapacity];
-        double const nearest = measure(search, distances);
-        if (!(search.maxSq >= nearest)) {
-            return false;
-        }
-        int found = 0;
-        int ties = 0;
-        for (int i = 0; i < m_count; ++i) {
-            bool const isNearest = distances[i] <= nearest;
-            found = isNearest ? i : found;
-            ties += isNearest ? 1 : 0;
-        }
-        if (ties > 1) {
-            search.maxSq = nearest;
-            return walkToNearest(search, 0, m_count, d);
-        }
-        if (ties == 1) {
-            search.take(nearest, point(found), payload(found));
-        }
-        return ties == 1;
-    }
-
-    /// Calls `visit` with each value inside the region, in pre-order.
-    template <typename Visit>
-    void collectInRegion(LookupRegion<K> const &region, Visit &visit) const
-    {
-        if (region.contains(m_box)) {
-            for (int i = 0; i < m_count; ++i) {
-                visit(point(i), payload(i));
-            }
-        } else if (region.intersects(m_box)) {
-            for (int i = 0; i < m_count; ++i) {
-                Point const p = point(i);
-                if (region.encloses(p)) {
-                    visit(p, payload(i));
-                }
-            }
-        }
-    }
-
-private:
-    // Two doubles that are computed side by side. Every lane is a result of its own, so that the
-    // bits are those of plain doubles.
-    using Pair = double __attribute__((vector_size(2 * sizeof(double))));
-
-    explicit LookupRun(int capacity)
-        : m_count(0)
-        , m_capacity(static_cast<std::uint16_t>(capacity))
-    {
-        std::fill_n(m_box.low.coordinates, K, std::numeric_limits<double>::infinity());
-        std::fill_n(m_box.high.coordinates, K, -std::numeric_limits<double>::infinity());
-        std::uninitialized_fill_n(row(0), K * capacity, std::numeric_limits<double>::quiet_NaN());
-    }
-    ~LookupRun() = default;
-
-    static int next(int d) { return d + 1 == K ? 0 : d + 1; }
-
-    // Layout of the memory: the run, the rows of coordinates, the payloads, the left counts.
-    static constexpr bool hasPayload = !std::is_empty_v<Payload>;
-    static constexpr std::size_t payloadSize = hasPayload ? sizeof(Payload) : 0;
-
-    static std::size_t bytes(int capacity)
-    {
-        static_assert(alignof(Payload) <= alignof(double), "payloads follow doubles without a gap");
-        static_assert(std::is_nothrow_move_constructible_v<Payload> &&
-                          std::is_nothrow_move_assignable_v<Payload>,
-                      "values change places within a run");
-        return sizeof(LookupRun) +
-               static_cast<std::size_t>(capacity) * (K * sizeof(double) + payloadSize + 1);
-    }
-    double *row(int i) { return reinterpret_cast<double *>(this + 1) + i * m_capacity; }
-    double const *row(int i) const
-    {
-        return reinterpret_cast<double const *>(this + 1) + i * m_capacity;
-    }
-    Payload *payloads() { return reinterpret_cast<Payload *>(row(K)); }
-    Payload const *payloads() const { return reinterpret_cast<Payload const *>(row(K)); }
-    std::uint8_t *leftCounts()
-    {
-        return reinterpret_cast<std::uint8_t *>(row(K)) + payloadSize * m_capacity;
-    }
-    std::uint8_t const *leftCounts() const
-    {
-        return reinterpret_cast<std::uint8_t const *>(row(K)) + payloadSize * m_capacity;
-    }
-
-    void insertAt(int place, Point const &p, Payload &&payload)
-    {
-        for (int i = 0; i < K; ++i) {
-            std::copy_backward(row(i) + place, row(i) + m_count, row(i) + m_count + 1);
-            row(i)[place] = p[i];
-        }
-        if constexpr (hasPayload) {
-            Payload *const v = payloads();
-            if (place == m_count) {
-                new (v + place) Payload(std::move(payload));
-            } else {
-                new (v + m_count) Payload(std::move(v[m_count - 1]));
-                std::move_backward(v + place, v + m_count - 1, v + m_count);
-                v[place] = std::move(payload);
-            }
-        }
-        std::uint8_t *const c = leftCounts();
-        std::copy_backward(c + place, c + m_count, c + m_count + 1);
-        c[place] = 0;
-        ++m_count;
-    }
-
-    /// A NaN leaves the box as it is, for no point with one is ever the answer.
-    void extendBox(Point const &p)
-    {
-        for (int i = 0; i < K; ++i) {
-            m_box.low[i] = p[i] < m_box.low[i] ? p[i] : m_box.low[i];
-            m_box.high[i] = p[i] > m_box.high[i] ? p[i] : m_box.high[i];
-        }
-    }
-
-    /// Fetches about half the memory of a large run while the box is still being tested.
+    /// Fetches the beginning of the run, which holds all of a small one but its payloads.
     void prefetch() const
     {
         char const *const start = reinterpret_cast<char const *>(this);
-        for (int line = 1; line <= 12; ++line) {
+        for (int line = 0; line < 14; ++line) {
             __builtin_prefetch(start + 64 * line);
         }
     }
 
-    /// Squared distance from the query to the box. Rounding is monotone and the sum runs in the
-    /// order of the coordinates, so that no value of the run has a smaller computed distance.
-    double boxDistance(Point const &query) const
+    /// Moves `count` slots of `other`, from `first` on, to the end of this run. `other` must give
+    /// up each of its slots once, and then forget them.
+    void take(LookupRun &other, int first, int count)
     {
-        double sum = 0.0;
+        Q_ASSERT(m_count + count <= m_capacity);
         for (int i = 0; i < K; ++i) {
-            double const below = m_box.low[i] - query[i];
-            double const above = query[i] - m_box.high[i];
-            double const outside = below > above ? below : above;
-            sum += outside > 0.0 ? outside * outside : 0.0;
+            std::copy_n(other.row(i) + first, count, row(i) + m_count);
         }
-        return sum;
-    }
-
-    /// Writes the squared distance of every acceptable value, NaN for the others, and returns the
-    /// smallest; infinity when there is none.
-    template <typename Search>
-    double measure(Search &search, double *distances) const
-    {
-        double const infinity = std::numeric_limits<double>::infinity();
-        Pair smallest[2] = {{infinity, infinity}, {infinity, infinity}};
-        for (int j = 0; j < m_count; j += 4) {
-            for (int half = 0; half < 2; ++half) {
-                int const at = j + 2 * half;
-                Pair sum = {0.0, 0.0};
-                for (int i = 0; i < K; ++i) {
-                    double const *const c = row(i) + at;
-                    Pair const difference =
-                        Pair{search.query[i], search.query[i]} - Pair{c[0], c[1]};
-                    sum += difference * difference;
-                }
-                if constexpr (!Search::acceptsAll) {
-                    for (int lane = 0; lane < 2; ++lane) {
-                        if (!search.accept(point(at + lane))) {
-                            sum[lane] = std::numeric_limits<double>::quiet_NaN();
-                        }
-                    }
-                }
-                distances[at] = sum[0];
-                distances[at + 1] = sum[1];
-                smallest[half] = sum < smallest[half] ? sum : smallest[half];
+        if constexpr (hasPayload) {
+            relocate(payloads() + m_count, other.payloads() + first, count);
+        }
+        std::copy_n(other.leftCounts() + first, count, leftCounts() + m_count);
+        int const end = m_count + count;
+        bool const isWhole = count == other.m_count && m_count == 0;
+        if (isWhole) {
+            m_box = other.m_box;
+            m_hasNan = other.m_hasNan;
+        }
+        for (int slot = m_count; slot < end; ++slot) {
+            if (isExit(slot)) {
+                LookupRun *const child = other.exits()[leftCounts()[slot] - exitMark];
+                enterExit(slot, child);
+            } else if (!isWhole) {
+                extendBox(point(slot));
             }
         }
-        return std::min(std::min(smallest[0][0], smallest[0][1]),
-                        std::min(smallest[1][0], smallest[1][1]));
+        m_count = static_cast<std::uint8_t>(end);
     }
-
-    /// The search of the tree on the subtree that fills the indices from `first` up to `end`; true
-    /// when it holds a new best value.
-    template <typename Search>
-    bool walkToNearest(Search &search, int first, int end, int d) const
+    /// Moves the payload of the first slot out.
+    Payload takePayload()
     {
-        bool found = search.examine(point(first), payload(first));
-        double const split = row(d)[first];
-        int const right = first + 1 + leftCounts()[first];
-        std::pair<int, int> towards(right, end);
-        std::pair<int, int> away(first + 1, right);
-        if (split > search.query[d]) {
-            towards.swap(away);
+        if constexpr (hasPayload) {
+            Payload first = std::move(*payloads());
+            payloads()->~Payload();
+            return first;
+        } else {
+            return {};
         }
-        if (towards.first < towards.second) {
-            found |= walkToNearest(search, towards.first, towards.second, next(d));
+    }
+    /// After all slots have been taken.
+    void forget() { m_count = 0; }
+
+    /// Takes the place of `other` in the tree.
+    void replace(LookupRun *other)
+    {
+        m_parent = other->m_parent;
+        if (m_parent) {
+            LookupRun **const exit =
+                std::find(m_parent->exits(), m_parent->exits() + m_parent->m_exitCount, other);
+            Q_ASSERT(exit != m_parent->exits() + m_parent->m_exitCount);
+            *exit = this;
         }
-        if (away.first < away.second && search.reachesPlane(split, d)) {
-            found |= walkToNearest(search, away.first, away.second, next(d));
-        }
-        return found;
     }
 
-    std::uint16_t m_count;
-    std::uint16_t m_capacity;
-    LookupRegion<K> m_box; ///< the smallest that holds the values
+    void appendExit(LookupRun *child)
+    {
+        Q_ASSERT(!isFull() && child->m_count > 0);
+        for (int i = 0; i < K; ++i) {
+            row(i)[m_count] = std::numeric_limits<double>::quiet_NaN();
+        }
+        if constexpr (hasPayload) {
+            new (payloads() + m_count) Payload();
+        }
+        enterExit(m_count, child);
+        ++m_count;
+    }
+
+    /// Removes the last exit and returns the run behind it; its slot can't be asked any more.
+    LookupRun *dropExit() { return exits()[--m_exitCount]; }
+
+    /// Puts a value without a left subtree into a slot; the slots from there on move up.
+    void insert(int slot, Point const &p, Payload &&payload)
+    {
+        openSlot(slot, p, std::move(payload));
+        leftCounts()[slot] = 0;
+    }
+
+    /// Puts a value with exits for its two subtrees into the slot of the exit to `former`.
+    void replaceExit(LookupRun *former, Point const &p, Payload &&payload, LookupRun *left,
+                     LookupRun *right)
+    {
+        int const slot = slotOf(former);
+        std::uint8_t const exitToLeft = leftCounts()[slot];
+        for (int at = 0; at < slot;) {
+            int const end = endOfLeft(at);
+            if (slot < end) {
+                growLeft(at, 2);
+            }
+            at = slot < end ? at + 1 : end;
+        }
+        insert(slot, p, std::move(payload));
+        growLeft(slot, 1);
+        exits()[exitToLeft - exitMark] = left;
+        left->m_parent = this;
+        double const nan = std::numeric_limits<double>::quiet_NaN();
+        Point none;
+        std::fill_n(none.coordinates, K, nan);
+        openSlot(slot + 2, none, Payload());
+        enterExit(slot + 2, right);
+    }
+
+    /// The left subtree of the value in `slot` has so many slots more.
+    void growLeft(int slot, int change)
+    {
+        leftCounts()[slot] = static_cast<std::uint8_t>(leftCounts()[slot] + change);
+    }
+
+private:
+    void openSlot(int slot, Point const &p, Payload &&payload)
+    {
+        Q_ASSERT(!isFull() && slot <= m_count);
+        int const behind = m_count - slot;
+        for (int i = 0; i < K; ++i) {
+            double *const at = row(i) + slot;
+            std::memmove(at + 1, at, sizeof(double) * static_cast<std::size_t>(behind));
+            *at = p[i];
+        }
+        if constexpr (hasPayload) {
+            relocate(payloads() + slot + 1, payloads() + slot, behind);
+            new (payloads() + slot) Payload(std::move(payload));
+        }
+        std::uint8_t *const left = leftCounts() + slot;
+        std::memmove(left + 1, left, static_cast<std::size_t>(behind));
+        std::uint64_t const before = (std::uint64_t(1) << slot) - 1;
+        m_exitSlots = (m_exitSlots & before) | (m_exitSlots & ~before) << 1;
+        ++m_count;
+    }
+
+public:
+    /// Lets the box hold a value of the subtree; false when it did so already.
+    bool extendBox(Point const &p)
+    {
+        bool changed = false;
+        for (int i = 0; i < K; ++i) {
+            if (p[i] != p[i]) {
+                changed = changed || !m_hasNan;
+                m_hasNan = true;
+            }
+            if (p[i] < m_box.low[i]) {
+                m_box.low[i] = p[i];
+                changed = true;
+            }
+            if (p[i] > m_box.high[i]) {
+                m_box.high[i] = p[i];
+                changed = true;
+            }
+        }
+        return changed;
+    }
+
+private:
+    static constexpr bool hasPayload = !std::is_empty_v<Payload>;
+    static constexpr std::size_t payloadSize = hasPayload ? sizeof(Payload) : 0;
+    static constexpr std::uint8_t exitMark = 128; ///< left counts from here on number the exits
+
+    static_assert(alignof(Payload) <= alignof(double), "payloads follow doubles without a gap");
+    static_assert(!QTypeInfo<Payload>::isStatic || !hasPayload, "payloads are moved as bytes");
+
+    LookupRun(int capacity, bool withExits)
+        : m_capacity(static_cast<std::uint8_t>(capacity))
+        , m_exitRoom(withExits ? maxExits : 0)
+    {
+        std::fill_n(m_box.low.coordinates, K, std::numeric_limits<double>::infinity());
+        std::fill_n(m_box.high.coordinates, K, -std::numeric_limits<double>::infinity());
+        std::uninitialized_fill_n(row(0), K * capacity + 1,
+                                  std::numeric_limits<double>::quiet_NaN());
+    }
+    ~LookupRun() = default;
+
+    // Layout of the memory: the run, the left counts, the exits, the rows, a NaN, the payloads. The
+    // capacity is a multiple of 8, so that nothing has to be aligned.
+    static std::size_t bytes(int capacity, bool withExits)
+    {
+        return sizeof(LookupRun) +
+               static_cast<std::size_t>(capacity) * (1 + K * sizeof(double) + payloadSize) +
+               sizeof(double) + (withExits ? maxExits * sizeof(LookupRun *) : 0);
+    }
+    std::uint8_t *leftCounts() { return reinterpret_cast<std::uint8_t *>(this + 1); }
+    std::uint8_t const *leftCounts() const
+    {
+        return reinterpret_cast<std::uint8_t const *>(this + 1);
+    }
+    LookupRun **exits() { return reinterpret_cast<LookupRun **>(leftCounts() + m_capacity); }
+    LookupRun *const *exits() const
+    {
+        return reinterpret_cast<LookupRun *const *>(leftCounts() + m_capacity);
+    }
+    double *rows() { return reinterpret_cast<double *>(exits() + m_exitRoom); }
+    double const *rows() const { return reinterpret_cast<double const *>(exits() + m_exitRoom); }
+    double *row(int i) { return rows() + i * m_capacity; }
+    Payload *payloads() { return reinterpret_cast<Payload *>(row(K) + 1); }
+    Payload const *payloads() const { return reinterpret_cast<Payload const *>(row(K) + 1); }
+
+    static void relocate(Payload *to, Payload *from, int count)
+    {
+        std::memmove(static_cast<void *>(to), static_cast<void *>(from),
+                     sizeof(Payload) * static_cast<std::size_t>(count));
+    }
+
+    void enterExit(int slot, LookupRun *child)
+    {
+        Q_ASSERT(m_exitCount < m_exitRoom);
+        leftCounts()[slot] = static_cast<std::uint8_t>(exitMark + m_exitCount);
+        exits()[m_exitCount++] = child;
+        m_exitSlots |= std::uint64_t(1) << slot;
+        child->m_parent = this;
+        for (int i = 0; i < K; ++i) {
+            m_box.low[i] = std::min(m_box.low[i], child->m_box.low[i]);
+            m_box.high[i] = std::max(m_box.high[i], child->m_box.high[i]);
+        }
+        m_hasNan = m_hasNan || child->m_hasNan;
+    }
+
+    LookupRun *m_parent = nullptr;
+    std::uint64_t m_exitSlots = 0;
+    std::uint8_t m_count = 0; ///< slots
+    std::uint8_t m_capacity;
+    std::uint8_t m_exitCount = 0;
+    std::uint8_t m_exitRoom;
+    bool m_hasNan = false;
+    LookupRegion<K> m_box;
 };

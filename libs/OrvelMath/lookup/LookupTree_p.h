@@ -1,15 +1,47 @@
 #pragma once
 
-#include <OrvelMath/lookup/LookupRegion_p.h>
-#include <OrvelMath/lookup/LookupRun_p.h>
-#include <OrvelMath/lookup/LookupSearch_p.h>
+/// @file
+/// The k-d tree of the lookups: its shape, and how values get in.
 
-#include <cmath>
-#include <cstddef>
+#include <OrvelMath/lookup/LookupDefinition_p.h>
+#include <OrvelMath/lookup/LookupRun_p.h>
+#include <OrvelMath/lookup/quick/DiscScan_p.h>
+#include <OrvelMath/lookup/quick/NearestWalk_p.h>
+
 #include <cstdint>
 #include <memory>
 #include <utility>
-#include <vector>
+
+/// A subtree of a LookupTree, or nothing: slots `first` to `end` of a run.
+template <int K, typename Payload>
+class LookupSubtree
+{
+public:
+    using Run = LookupRun<K, Payload>;
+
+    LookupSubtree(Run const *run, int first, int end)
+        : m_run(run)
+        , m_first(first)
+        , m_end(end)
+    {
+        if (m_first < m_end && m_run->isExit(m_first)) {
+            m_run = m_run->exit(m_first);
+            m_first = 0;
+            m_end = m_run->count();
+        }
+    }
+
+    bool isEmpty() const { return m_first == m_end; }
+    LookupPoint<K> point() const { return m_run->point(m_first); }
+    Payload const &payload() const { return m_run->payload(m_first); }
+    LookupSubtree left() const { return {m_run, m_first + 1, m_run->endOfLeft(m_first)}; }
+    LookupSubtree right() const { return {m_run, m_run->endOfLeft(m_first), m_end}; }
+
+private:
+    Run const *m_run;
+    int m_first;
+    int m_end;
+};
 
 /// A k-d tree with one value in every node, built by insertion only (Bentley, 1975). A value is a
 /// point of K dimensions and a payload, which may be an empty class.
@@ -18,10 +50,9 @@
 /// equal and greater ones right. The order of insertion alone shapes the tree; nothing is balanced,
 /// merged or removed. Below `deepestLevel` nothing is stored.
 ///
-/// That tree is what results and their order refer to. In memory, only nodes with many values below
-/// them are nodes of their own; the subtrees at the fringe are runs (LookupRun), each of which is
-/// the same tree, written in pre-order into one piece of memory. A run that has no more room gives
-/// its root to a node and its two subtrees to runs of their own.
+/// That tree is what results and their order refer to. In memory it is cut into runs (LookupRun) of
+/// up to 64 values and exits, wherever a cut leaves both sides a third: a chain takes as few of
+/// them as a balanced tree does.
 ///
 /// Concurrent reads are safe, since all state of a search is in the call; a writer needs exclusive
 /// use.
@@ -29,17 +60,12 @@ template <int K, typename Payload>
 class LookupTree
 {
 public:
-    static constexpr int deepestLevel = 1001;
+    static constexpr int deepestLevel = lookupDeepestLevel;
 
     using Point = LookupPoint<K>;
-
-    /// What a search found; without a payload when it found nothing.
-    struct Nearest
-    {
-        Point point = {};
-        Payload const *payload = nullptr;
-        double distance = 0.0;
-    };
+    using Run = LookupRun<K, Payload>;
+    using Subtree = LookupSubtree<K, Payload>;
+    using Nearest = LookupNearest<K, Payload>;
 
     LookupTree() = default;
     LookupTree(LookupTree const &) = delete;
@@ -48,115 +74,59 @@ public:
 
     /// Number of stored values.
     std::uint64_t size() const { return m_count; }
+    /// The run with the root; null when the tree is empty.
+    Run const *rootRun() const { return m_root; }
+    Subtree root() const { return {m_root, 0, m_root ? m_root->count() : 0}; }
 
     /// Stores a value, or nothing below the deepest level. When memory is exhausted it throws and
     /// the tree stays as it was.
     void insert(Point const &point, Payload payload);
 
-    /// The value nearest to `query` among those whose point `accept` allows and that are at most
-    /// `maxDistance` away.
-    ///
-    /// Of several at the same distance it is the last one in the order of the search: a node comes
-    /// before its subtrees, and the subtree on the query's side of the node before the other one.
+    /// See findNearestAsDefined, whose answer this is.
     template <typename Accept>
-    Nearest findNearest(Point const &query, double maxDistance, Accept accept) const;
+    Nearest findNearest(Point const &query, double maxDistance, Accept accept) const
+    {
+        if (m_root && isFinite(query)) {
+            return NearestWalk<K, Payload, Accept>(*m_root, query, maxDistance, accept).nearest();
+        }
+        return findNearestAsDefined<Nearest>(root(), query, maxDistance, accept);
+    }
 
-    /// Calls `visit(point, payload)` with every value inside the closed box, in pre-order: a node,
-    /// its left subtree, its right subtree. A point with a NaN is outside of no box and may come
-    /// too; a distance measured to it tells it apart.
+    /// See collectInDiscAsDefined, whose calls of `visit` these are.
     template <typename Visit>
-    void collectInRegion(LookupRegion<K> const &region, Visit visit) const;
-
-    /// Calls `visit(point, payload, squared distance)` with every value in the open disc or ball,
-    /// in pre-order: those of its box whose squared distance is below the square of the radius.
-    template <typename Visit>
-    void collectInDisc(Point const &centre, double radius, Visit visit) const;
+    void collectInDisc(Point const &centre, double radius, Visit visit) const
+    {
+        if (m_root && radius >= 0.0) {
+            scanDisc(*m_root, centre, radius * radius, visit);
+        } else {
+            collectInDiscAsDefined(root(), centre, radius, visit);
+        }
+    }
 
 private:
-    using Run = LookupRun<K, Payload>;
-    struct Node;
-
-    /// What hangs on one side of a node: nothing, a node or a run.
-    class Link
-    {
-    public:
-        Link() = default;
-        Link(Node const *node)
-            : m_bits(reinterpret_cast<std::uintptr_t>(node))
-        {
-        }
-        Link(Run const *run)
-            : m_bits(reinterpret_cast<std::uintptr_t>(run) | runBit)
-        {
-        }
-        bool isNull() const { return m_bits == runBit; }
-        bool isRun() const { return !isNode() && !isNull(); }
-        bool isNode() const { return (m_bits & runBit) == 0; }
-        Node *node() const { return reinterpret_cast<Node *>(m_bits); }
-        Run *run() const { return reinterpret_cast<Run *>(m_bits & ~runBit); }
-        bool operator==(Link other) const { return m_bits == other.m_bits; }
-
-    private:
-        static constexpr std::uintptr_t runBit = 1;
-        std::uintptr_t m_bits = runBit;
-    };
-
-    /// In one cache line.
-    struct alignas(64) Node
-    {
-        Node *parent = nullptr;
-        Link children[2]; ///< left, right; never both empty
-        double split = 0; ///< the coordinate of `point` on which the node splits
-        Point point = {};
-        Payload payload = {};
-
-        /// The side on which a coordinate belongs, and the other one.
-        Link &towards(double c) { return children[split > c ? 0 : 1]; }
-        Link towards(double c) const { return children[split > c ? 0 : 1]; }
-        Link away(double c) const { return children[split > c ? 1 : 0]; }
-    };
-
-    /// Where a search stands: at a link, below a node, where the splits are on dimension d.
-    struct Place
-    {
-        Link link;
-        Node const *parent;
-        int d;
-    };
-
     static int next(int d) { return d + 1 == K ? 0 : d + 1; }
-    static int previous(int d) { return d == 0 ? K - 1 : d - 1; }
 
-    Node *reserveNode();
-    void makeRoom(Link &link, Node *parent, int d);
-    template <typename Search>
-    static void descend(Search const &search, Place &place);
-    template <typename Search>
-    static void climb(Search &search, Place &place, Node const *&bestNode);
-    static bool isBelow(Node const *node, Node const *ancestor);
-    template <typename Visit>
-    static void collect(Link link, int d, LookupRegion<K> const &region, Visit &visit);
+    void makeRoom(Run *run, int needed);
+    void hoist(Run *run);
+    void cut(Run *run);
+    void put(Run *run, Run *inPlaceOf);
 
-    static constexpr std::size_t blockSize = 128;
-
-    Link m_root;
+    Run *m_root = nullptr;
     std::uint64_t m_count = 0;
-    std::vector<std::unique_ptr<Node[]>> m_blocks; ///< the nodes
-    std::size_t m_usedNodes = 0;
 };
 
+/// Goes by the runs' own pointers: no recursion.
 template <int K, typename Payload>
 LookupTree<K, Payload>::~LookupTree()
 {
-    if (m_root.isRun()) {
-        Run::destroy(m_root.run());
-    }
-    // Every other run hangs on a node, and the nodes stand in rows: no walk, no recursion.
-    for (std::size_t i = 0; i < m_usedNodes; ++i) {
-        for (Link const child : m_blocks[i / blockSize][i % blockSize].children) {
-            if (child.isRun()) {
-                Run::destroy(child.run());
-            }
+    Run *run = m_root;
+    while (run) {
+        if (run->exitCount() > 0) {
+            run = run->dropExit();
+        } else {
+            Run *const parent = run->parent();
+            Run::destroy(run);
+            run = parent;
         }
     }
 }
@@ -164,185 +134,149 @@ LookupTree<K, Payload>::~LookupTree()
 template <int K, typename Payload>
 void LookupTree<K, Payload>::insert(Point const &point, Payload payload)
 {
-    Link *link = &m_root;
-    Node *parent = nullptr;
+    if (!m_root) {
+        m_root = Run::create(1, false);
+    }
+    Run *run = m_root;
     int level = 0;
-    for (int d = 0;; d = next(d), ++level) {
-        if (link->isNull()) {
-            *link = Run::create(1);
-        } else if (link->isRun() && link->run()->isFull()) {
-            makeRoom(*link, parent, d);
+    int d = 0;
+    for (;;) {
+        std::uint8_t leftOf[Run::maxSlots]; // the values whose left subtree we entered
+        int lefts = 0;
+        int first = 0;
+        int end = run->count();
+        auto const rows = run->allRows();
+        while (first < end && !run->isExit(first)) {
+            if (level >= deepestLevel) {
+                return;
+            }
+            int const right = run->endOfLeft(first);
+            if (rows[static_cast<std::size_t>(d)][first] > point[d]) {
+                leftOf[lefts++] = static_cast<std::uint8_t>(first);
+                end = right;
+                ++first;
+            } else {
+                first = right;
+            }
+            d = next(d);
+            ++level;
         }
-        if (link->isRun()) {
-            bool const stored = link->run()->insert(point, std::move(payload), level, deepestLevel);
-            m_count += stored ? 1 : 0;
-            return;
+        if (first < end) {
+            run = run->exit(first);
+            continue;
         }
-        if (level >= deepestLevel) {
-            return;
+        if (run->isFull()) {
+            makeRoom(run, 1);
+            run = m_root;
+            level = 0;
+            d = 0;
+            continue;
         }
-        parent = link->node();
-        link = &parent->towards(point[d]);
+        run->insert(first, point, std::move(payload));
+        for (int i = 0; i < lefts; ++i) {
+            run->growLeft(leftOf[i], 1);
+        }
+        break;
+    }
+    ++m_count;
+    while (run && run->extendBox(point)) {
+        run = run->parent();
     }
 }
 
-/// Puts a larger run into `link`, or, where there is none, a node with the run's root and two runs
-/// with its subtrees.
+/// A step towards room for more slots where `run` is.
 template <int K, typename Payload>
-void LookupTree<K, Payload>::makeRoom(Link &link, Node *parent, int d)
+void LookupTree<K, Payload>::makeRoom(Run *run, int needed)
 {
-    Run *const run = link.run();
-    if (run->capacity() < Run::maxCapacity) {
-        Run *const larger = Run::create(run->count() + 1);
-        larger->take(*run, 0, run->count());
-        link = larger;
-        Run::destroy(run);
+    int const count = run->count();
+    if (count + needed <= Run::maxSlots) {
+        Run *const larger = Run::create(count + needed, run->exitCount() > 0);
+        larger->take(*run, 0, count);
+        put(larger, run);
         return;
     }
-    using OwnedRun = std::unique_ptr<Run, decltype(&Run::destroy)>;
-    int const left = run->leftCount();
+    constexpr int leastSide = 3;
+    int const left = run->endOfLeft(0) - 1;
+    if (std::min(left, count - 1 - left) < leastSide) {
+        cut(run);
+    } else if (run->parent() && run->parent()->room() < 2) {
+        makeRoom(run->parent(), 2);
+    } else {
+        hoist(run);
+    }
+}
+
+/// Moves the root of a run up into the run above, and its two subtrees into runs of their own.
+template <int K, typename Payload>
+void LookupTree<K, Payload>::hoist(Run *run)
+{
+    int const left = run->endOfLeft(0) - 1;
     int const right = run->count() - 1 - left;
-    Node *const node = reserveNode();
-    OwnedRun leftRun(left > 0 ? Run::create(left + 1) : nullptr, &Run::destroy);
-    OwnedRun rightRun(right > 0 ? Run::create(right + 1) : nullptr, &Run::destroy);
-    if (leftRun) {
-        leftRun->take(*run, 1, left);
-        node->children[0] = leftRun.release();
+    bool const withExits = run->exitCount() > 0;
+    using OwnedRun = std::unique_ptr<Run, decltype(&Run::destroy)>;
+    OwnedRun leftRun(Run::create(left + 1, withExits), &Run::destroy);
+    OwnedRun rightRun(Run::create(right + 1, withExits), &Run::destroy);
+    Run *const parent = run->parent();
+    Run *const top = parent ? nullptr : Run::create(3, true);
+    leftRun->take(*run, 1, left);
+    rightRun->take(*run, 1 + left, right);
+    if (parent) {
+        parent->replaceExit(run, run->point(0), run->takePayload(), leftRun.release(),
+                            rightRun.release());
+    } else {
+        top->insert(0, run->point(0), run->takePayload());
+        top->extendBox(run->point(0));
+        top->growLeft(0, 1);
+        top->appendExit(leftRun.release());
+        top->appendExit(rightRun.release());
+        m_root = top;
     }
-    if (rightRun) {
-        rightRun->take(*run, 1 + left, right);
-        node->children[1] = rightRun.release();
-    }
-    node->parent = parent;
-    node->point = run->point(0);
-    node->payload = run->takePayload(0);
-    node->split = node->point[d];
-    ++m_usedNodes;
-    link = node;
+    run->forget();
     Run::destroy(run);
 }
 
-/// The next unused node. It counts as used only when the caller says so, after the last allocation
-/// that can fail.
+/// Puts a subtree of a third to two thirds of the slots into a run of its own. There is one: going
+/// down the larger sides, a subtree of more than two thirds has one of a third or more.
 template <int K, typename Payload>
-auto LookupTree<K, Payload>::reserveNode() -> Node *
+void LookupTree<K, Payload>::cut(Run *run)
 {
-    if (m_usedNodes == m_blocks.size() * blockSize) {
-        m_blocks.push_back(std::make_unique<Node[]>(blockSize));
-    }
-    return &m_blocks[m_usedNodes / blockSize][m_usedNodes % blockSize];
-}
-
-template <int K, typename Payload>
-template <typename Accept>
-auto LookupTree<K, Payload>::findNearest(Point const &query, double maxDistance,
-                                         Accept accept) const -> Nearest
-{
-    LookupSearch<K, Payload, Accept> search(query, maxDistance, accept);
-    Place place = {m_root, nullptr, 0};
-    Node const *bestNode = nullptr; // holds the best value, or the run with it
-    do {
-        descend(search, place);
-        if (place.link.isRun() && place.link.run()->findNearest(search, place.d)) {
-            bestNode = place.parent;
-        }
-        climb(search, place, bestNode);
-    } while (place.parent);
-    if (!search.found) {
-        return Nearest();
-    }
-    return {search.bestPoint, search.bestPayload, std::sqrt(search.maxSq)};
-}
-
-/// Down the side of the query to a run, or to where nothing hangs. Both children are fetched while
-/// the comparison is still under way, which is most of the cost of a level.
-template <int K, typename Payload>
-template <typename Search>
-void LookupTree<K, Payload>::descend(Search const &search, Place &place)
-{
-    while (place.link.isNode()) {
-        place.parent = place.link.node();
-        __builtin_prefetch(place.parent->children[0].node());
-        __builtin_prefetch(place.parent->children[1].node());
-        place.link = place.parent->towards(search.query[place.d]);
-        place.d = next(place.d);
-    }
-}
-
-/// From a subtree that has been searched up to the first node whose other side must be searched
-/// too, and to that side; to no parent when there is none.
-///
-/// A node is examined on the way up, when its first side is done and only if its plane is near
-/// enough, for no value of its own is nearer than that. It comes before that side in the order of
-/// the search, so a tie with a value from there is lost.
-template <int K, typename Payload>
-template <typename Search>
-void LookupTree<K, Payload>::climb(Search &search, Place &place, Node const *&bestNode)
-{
-    while (place.parent) {
-        Node const *const node = place.parent;
-        int const d = previous(place.d);
-        Link const away = node->away(search.query[d]);
-        if (!(place.link == away) && search.reachesPlane(node->split, d)) {
-            bool const tied = search.found && search.squaredDistance(node->point) == search.maxSq;
-            if (!(tied && isBelow(bestNode, node)) && search.examine(node->point, node->payload)) {
-                bestNode = node;
-            }
-            place.link = away;
-            return;
-        }
-        place = {node, node->parent, d};
-    }
-}
-
-template <int K, typename Payload>
-bool LookupTree<K, Payload>::isBelow(Node const *node, Node const *ancestor)
-{
-    while (node && node != ancestor) {
-        node = node->parent;
-    }
-    return node != nullptr;
-}
-
-template <int K, typename Payload>
-template <typename Visit>
-void LookupTree<K, Payload>::collectInRegion(LookupRegion<K> const &region, Visit visit) const
-{
-    if (region.intersects(region)) { // not turned inside out
-        collect(m_root, 0, region, visit);
-    }
-}
-
-template <int K, typename Payload>
-template <typename Visit>
-void LookupTree<K, Payload>::collectInDisc(Point const &centre, double radius, Visit visit) const
-{
-    double const radiusSq = radius * radius;
-    collectInRegion(LookupRegion<K>::around(centre, radius),
-                    [&](Point const &p, Payload const &payload) {
-                        double const d2 = squaredDistance(centre, p);
-                        if (radiusSq > d2) {
-                            visit(p, payload, d2);
-                        }
-                    });
-}
-
-template <int K, typename Payload>
-template <typename Visit>
-void LookupTree<K, Payload>::collect(Link link, int d, LookupRegion<K> const &region, Visit &visit)
-{
-    if (link.isRun()) {
-        link.run()->collectInRegion(region, visit);
-    } else if (link.isNode()) {
-        Node const &node = *link.node();
-        if (region.encloses(node.point)) {
-            visit(node.point, node.payload);
-        }
-        if (region.reachesBelow(node.split, d)) {
-            collect(node.children[0], next(d), region, visit);
-        }
-        if (region.reachesAbove(node.split, d)) {
-            collect(node.children[1], next(d), region, visit);
+    int const count = run->count();
+    int first = 0;
+    int end = count;
+    std::uint8_t leftOf[Run::maxSlots];
+    int lefts = 0;
+    while (3 * (end - first) > 2 * count) {
+        int const right = run->endOfLeft(first);
+        if (right - (first + 1) > end - right) {
+            leftOf[lefts++] = static_cast<std::uint8_t>(first);
+            end = right;
+            ++first;
+        } else {
+            first = right;
         }
     }
+    int const size = end - first;
+    Q_ASSERT(3 * size >= count - 3 && first > 0 && !run->isExit(first));
+
+    using OwnedRun = std::unique_ptr<Run, decltype(&Run::destroy)>;
+    OwnedRun lower(Run::create(size + 1, run->exitCount() > 0), &Run::destroy);
+    Run *const upper = Run::create(count - size + 2, true);
+    lower->take(*run, first, size);
+    upper->take(*run, 0, first);
+    upper->appendExit(lower.release());
+    upper->take(*run, end, count - end);
+    for (int i = 0; i < lefts; ++i) {
+        upper->growLeft(leftOf[i], 1 - size);
+    }
+    put(upper, run);
+}
+
+/// Hangs a run with the slots of another one into its place and frees the other one.
+template <int K, typename Payload>
+void LookupTree<K, Payload>::put(Run *run, Run *inPlaceOf)
+{
+    run->replace(inPlaceOf);
+    m_root = m_root == inPlaceOf ? run : m_root;
+    inPlaceOf->forget();
+    Run::destroy(inPlaceOf);
 }

@@ -35,8 +35,16 @@ public:
         : PPrivateData(result)
     {
     }
+    Point2DLookupResultCPrivate(Point2DLookupResultC *result, Point2D const &p,
+                                QVariant const &data, double distanceOfPoint)
+        : PPrivateData(result)
+        , distance(distanceOfPoint)
+        , point(p)
+        , userData(data)
+    {
+    }
 
-    double distance = -1.0;
+    double distance = -1.0; ///< model units, not squared
     Point2D point;
     QVariant userData;
 };
@@ -48,11 +56,8 @@ Point2DLookupResultC::Point2DLookupResultC()
 
 Point2DLookupResultC::Point2DLookupResultC(Point2D const &point, QVariant const &userData,
                                            double distance)
-    : Point2DLookupResultC()
+    : d(new Point2DLookupResultCPrivate(this, point, userData, distance))
 {
-    d->distance = distance;
-    d->point = point;
-    d->userData = userData;
 }
 
 Point2DLookupResultC::~Point2DLookupResultC()
@@ -111,9 +116,7 @@ PRefPtr<Point2DLookupResultC> Point2DLookupC::findNearest(Point2D const &point,
 PRefPtr<Point2DLookupResultC> Point2DLookupC::findNearestNotEqual(Point2D const &point,
                                                                   double maxDistance) const
 {
-    auto const acceptOthers = [&point](Tree::Point const &p) {
-        return !(p[0] == point.x() && p[1] == point.y());
-    };
+    LookupAcceptOthers<2> const acceptOthers = {coordinates(point)};
     return makeResult(d->tree->findNearest(coordinates(point), maxDistance, acceptOthers));
 }
 
@@ -128,12 +131,8 @@ Point2DLookupC::findKNearestNeighbors(Point2D const &point, int k, double maxDis
     if (k < 1) {
         return results;
     }
-    PRefPtr<Point2DLookupResultC> const nearest = findNearestNotEqual(point, maxDistance);
-    if (!nearest) {
-        return results;
-    }
-    auto const entries =
-        nearestByGrowingDisc(*d->tree, coordinates(point), k, nearest->getDistance(), maxDistance);
+    auto const entries = findNearestValues(*d->tree, coordinates(point), k, maxDistance);
+    results.reserve(static_cast<int>(entries.size()));
     for (Tree::Nearest const &entry : entries) {
         results.append(makeResult(entry));
     }
