@@ -46,9 +46,9 @@ QByteArray contentOf(QString const &path)
 // Whether constructing such a builder is still going on after a fifth of a second.
 bool constructionHangs(Box const &bounds, double resolution, Box const &content)
 {
-    const pid_t child = fork();
+    pid_t const child = fork();
     if (child == 0) {
-        const BinTreeBuilder builder(bounds, resolution, content);
+        BinTreeBuilder const builder(bounds, resolution, content);
         _exit(builder.root ? 0 : 1);
     }
     usleep(200000);
@@ -66,7 +66,7 @@ bool constructionHangs(Box const &bounds, double resolution, Box const &content)
 TEST(BinTreeNode, TakesEightyBytesInTheToldOrder)
 {
     EXPECT_LE(sizeof(Node), 80U);
-    const Node node{cube(0, 1), nullptr, {nullptr, nullptr}, 4 | 8 | 3};
+    Node const node{cube(0, 1), nullptr, {nullptr, nullptr}, 4 | 8 | 3};
     EXPECT_LT(static_cast<void const *>(&node.bounds), static_cast<void const *>(&node.parent));
     EXPECT_LT(static_cast<void const *>(&node.parent), static_cast<void const *>(&node.children));
     EXPECT_LT(static_cast<void const *>(&node.children), static_cast<void const *>(&node.data));
@@ -179,7 +179,7 @@ TEST(BinTreeBuilder, ThinAxisEndsTheSplitWhateverTheOthersAre)
     BinTreeBuilder builder(Box(Vector(0, 0, 0), Vector(64, 1, 64)), 1.0,
                            Box(Vector(1, 0, 1), Vector(63, 1, 63)));
     builder.addTriangle(Vector(1, 0.5, 1), Vector(63, 0.5, 1), Vector(32, 0.5, 63));
-    const std::vector<Node *> found = leaves(builder);
+    std::vector<Node *> const found = leaves(builder);
     ASSERT_EQ(found.size(), 2U);
     expectBounds(*found[0], Vector(0, 0, 0), Vector(32, 1, 64));
     EXPECT_TRUE(found[0]->boundary());
@@ -324,8 +324,8 @@ TEST(BinTreeBuilder, CondenseBeforeTheFillMergesUntouchedCells)
 
 TEST(BinTreeBuilder, DumpWritesTheMinimumCornersOfCellsThatAreNotOuter)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("cells.xyz"));
+    QTemporaryDir const folder;
+    QString const path = folder.filePath(QStringLiteral("cells.xyz"));
     BinTreeBuilder builder(Box(Vector(-1.0 / 3.0, 0, 1e7), Vector(8, 8, 3e7)), 1.0,
                            Box(Vector(1, 1, 1.5e7), Vector(7, 7, 2.5e7)));
     builder.root->children[1]->data |= Node::outerBit;
@@ -344,8 +344,8 @@ TEST(BinTreeBuilder, DumpWritesTheMinimumCornersOfCellsThatAreNotOuter)
 
 TEST(BinTreeBuilder, DumpGoesThroughTheTreeInOrder)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("cells.xyz"));
+    QTemporaryDir const folder;
+    QString const path = folder.filePath(QStringLiteral("cells.xyz"));
     BinTreeBuilder builder(cube(0, 8), 0.5, Box(Vector(5, 1, 6), Vector(7, 2, 7)));
     builder.dumpXYZ(path);
     EXPECT_EQ(contentOf(path), QByteArray("0,0,0,0,0,0\n" // lower half in x
@@ -356,8 +356,8 @@ TEST(BinTreeBuilder, DumpGoesThroughTheTreeInOrder)
 
 TEST(BinTreeBuilder, DumpToAnUnwritablePathIsSilent)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("missing/cells.xyz"));
+    QTemporaryDir const folder;
+    QString const path = folder.filePath(QStringLiteral("missing/cells.xyz"));
     BinTreeBuilder builder(cube(0, 8), 1.0, cube(1, 7));
     builder.dumpXYZ(path);
     EXPECT_FALSE(QFile::exists(path));

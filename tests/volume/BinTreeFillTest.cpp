@@ -37,7 +37,7 @@ bool shareFace(Node const &p, Node const &q)
 // The leaves that a fill from the first leaf reaches, by comparing all pairs.
 std::set<Node const *> reachedByBruteForce(BinTreeBuilder const &builder)
 {
-    const std::vector<Node *> all = leaves(builder);
+    std::vector<Node *> const all = leaves(builder);
     std::set<Node const *> reached{all.front()};
     std::vector<Node const *> open{all.front()};
     while (!open.empty()) {
@@ -74,7 +74,7 @@ TEST(FindOuterArea, WithoutTrianglesEveryLeafIsOuter)
         EXPECT_EQ(leaf->data & 12, int(Node::outerBit));
     }
     // Five leaves, pre-order: 1 00 1 1 00 1 00 00 00.
-    const SimpleBitVector bits = builder.exportBitVector();
+    SimpleBitVector const bits = builder.exportBitVector();
     EXPECT_EQ(bits.bitCount, 3U * 5U - 1U);
     ASSERT_EQ(bits.bytes.size(), 2U);
     EXPECT_EQ(bits.bytes[0], 1 + 8 + 16 + 128);
@@ -99,15 +99,15 @@ TEST(FindOuterArea, ClosedBoxKeepsItsInterior)
     BinTreeBuilder builder(cube(0, 8), 1.0, cube(1, 7));
     meshes::addTo(builder, meshes::box(Vector(1.5, 1.5, 1.5), Vector(6.5, 6.5, 6.5)));
     builder.findOuterArea();
-    const inspection::Volumes v = inspection::volumes(builder);
+    inspection::Volumes const v = inspection::volumes(builder);
     EXPECT_EQ(v.enclosed, 64.0);
     EXPECT_EQ(v.surface, 216.0 - 64.0);
     EXPECT_EQ(v.outer, 512.0 - 216.0);
 
-    const std::size_t before = leaves(builder).size();
+    std::size_t const before = leaves(builder).size();
     builder.condense();
     EXPECT_LT(leaves(builder).size(), before);
-    const inspection::Volumes after = inspection::volumes(builder);
+    inspection::Volumes const after = inspection::volumes(builder);
     EXPECT_EQ(after.enclosed, v.enclosed);
     EXPECT_EQ(after.surface, v.surface);
     EXPECT_EQ(after.outer, v.outer);
@@ -134,9 +134,9 @@ TEST(FindOuterArea, GapBelowACellStillHoldsTheInterior)
 {
     // The four sides stop short of the lid by a quarter of a cell, within the lid's cells.
     meshes::Mesh mesh = meshes::box(Vector(1.5, 1.5, 1.5), Vector(6.5, 6.5, 6.25));
-    const std::size_t first = mesh.vertices.size();
+    std::size_t const first = mesh.vertices.size();
     for (std::size_t i = 4; i < 8; ++i) {
-        const Vector v = mesh.vertices[i];
+        Vector const v = mesh.vertices[i];
         mesh.vertices.push_back(Vector(v.x(), v.y(), 6.5));
     }
     mesh.triangles[2] = {first, first + 1, first + 3};
@@ -155,7 +155,7 @@ TEST(FindOuterArea, DoesNotPassThroughEdgesAndCorners)
     builder.addTriangle(Vector(-1, 8, -1), Vector(-1, 8, 20), Vector(8, -1, 20));
     builder.findOuterArea();
     for (Node const *leaf : leaves(builder)) {
-        const Vector m = (leaf->bounds.first + leaf->bounds.second) * 0.5;
+        Vector const m = (leaf->bounds.first + leaf->bounds.second) * 0.5;
         if (!leaf->boundary()) {
             EXPECT_EQ(leaf->outer(), m.x() + m.y() < 7.0);
         }
@@ -184,9 +184,9 @@ TEST(FindOuterArea, SecondCallChangesNothing)
     BinTreeBuilder builder(cube(0, 8), 0.25, cube(1, 7));
     meshes::addTo(builder, meshes::torus(Vector(4, 4, 4), 2.0, 0.8, 16));
     builder.findOuterArea();
-    const SimpleBitVector first = builder.exportBitVector();
+    SimpleBitVector const first = builder.exportBitVector();
     builder.findOuterArea();
-    const SimpleBitVector second = builder.exportBitVector();
+    SimpleBitVector const second = builder.exportBitVector();
     EXPECT_EQ(first.bytes, second.bytes);
     EXPECT_EQ(first.bitCount, second.bitCount);
 }
@@ -198,11 +198,11 @@ TEST(FindOuterArea, AgreesWithAFillOverAllPairsOfLeaves)
     std::uniform_real_distribution<double> offset(-3.0, 3.0);
     for (int round = 0; round < 60; ++round) {
         // Flat boxes give cells that are far from cubic.
-        const Box whole(Vector(0, 0, 0), Vector(8, round % 2 != 0 ? 8 : 4, round % 3 != 0 ? 8 : 2));
+        Box const whole(Vector(0, 0, 0), Vector(8, round % 2 != 0 ? 8 : 4, round % 3 != 0 ? 8 : 2));
         BinTreeBuilder builder(whole, 0.5, Box(whole.second * 0.25, whole.second * 0.75));
         int const count = 1 + round / 2;
         for (int t = 0; t < count; ++t) {
-            const Vector a(place(random), place(random), place(random));
+            Vector const a(place(random), place(random), place(random));
             builder.addTriangle(a, a + Vector(offset(random), offset(random), offset(random)),
                                 a + Vector(offset(random), offset(random), offset(random)));
         }
@@ -219,9 +219,9 @@ TEST(AddTriangle, MarksExactlyTheFinestCellsThatTheTriangleMeets)
         auto const vertex = [&] {
             return Vector(place(random), place(random), place(random)) * 0.1875;
         };
-        const Vector a = vertex();
-        const Vector b = vertex();
-        const Vector c = vertex();
+        Vector const a = vertex();
+        Vector const b = vertex();
+        Vector const c = vertex();
         BinTreeBuilder builder(cube(0, 8), 1.0, cube(1, 7));
         builder.addTriangle(a, b, c);
         double marked = 0.0;
@@ -235,7 +235,7 @@ TEST(AddTriangle, MarksExactlyTheFinestCellsThatTheTriangleMeets)
         }
         double met = 0.0;
         for (int i = 0; i < 512; ++i) {
-            const Vector lo(i & 7, i >> 3 & 7, i >> 6);
+            Vector const lo(i & 7, i >> 3 & 7, i >> 6);
             met += MatUtil::triangleIntersectsCuboid(a, b, c, lo, lo + Vector(1, 1, 1));
         }
         EXPECT_EQ(marked, met);

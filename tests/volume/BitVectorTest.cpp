@@ -17,8 +17,8 @@ using meshes::Vector;
 
 namespace {
 
-const Box octant(Vector(0, 0, 0), Vector(8, 8, 8));
-const Box middle(Vector(1, 1, 1), Vector(7, 7, 7));
+Box const octant(Vector(0, 0, 0), Vector(8, 8, 8));
+Box const middle(Vector(1, 1, 1), Vector(7, 7, 7));
 
 SimpleBitVector bitsOf(std::initializer_list<int> values)
 {
@@ -169,7 +169,7 @@ TEST(BitFormat, BeforeTheFillEveryStateBitIsOne)
     BinTreeBuilder builder(octant, 0.5, middle);
     meshes::addTo(builder, meshes::sphere(Vector(4, 4, 4), 2.0, 8));
     SimpleBitVector const bits = builder.exportBitVector();
-    const quint64 count = leaves(builder).size();
+    quint64 const count = leaves(builder).size();
     EXPECT_EQ(bits.bitCount, 3 * count - 1);
     quint64 states = 0;
     for (quint64 i = 0; i < bits.bitCount; ++i) {
@@ -223,7 +223,7 @@ TEST(BitImport, VectorAndViewLeadWithThePointerToTheirBytes)
     unsigned char const *first = nullptr;
     std::memcpy(&first, static_cast<void const *>(&bits), sizeof first);
     EXPECT_EQ(first, bits.bytes.data());
-    const BitView view{bits.bytes.data()};
+    BitView const view{bits.bytes.data()};
     std::memcpy(&first, static_cast<void const *>(&view), sizeof first);
     EXPECT_EQ(first, bits.bytes.data());
 }
@@ -235,7 +235,7 @@ TEST(BitImport, RebuildsCellsAndFlags)
     SimpleBitVector const bits = bitsOf({1, 0, 0, 1, 0, 1, 1, 0, 0, 0, 1});
     BinTreeBuilder builder(octant, 4.0, middle);
     builder.importBitVector(bits);
-    const std::vector<Node *> found = leaves(builder);
+    std::vector<Node *> const found = leaves(builder);
     ASSERT_EQ(found.size(), 4U);
     EXPECT_EQ(found[0]->bounds, Box(Vector(0, 0, 0), Vector(4, 8, 8)));
     EXPECT_EQ(found[1]->bounds, Box(Vector(4, 0, 0), Vector(8, 4, 8)));
@@ -341,7 +341,7 @@ TEST(WholeTree, NothingIsNoTree)
 TEST(WholeTree, EveryTruncationAndEveryExtensionIsRefused)
 {
     SimpleBitVector bits = torusBits(true, 0.5);
-    const quint64 whole = bits.bitCount;
+    quint64 const whole = bits.bitCount;
     for (int i = 0; i < 16; ++i) {
         bits.append(i % 3 == 0);
     }

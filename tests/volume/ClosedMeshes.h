@@ -58,7 +58,7 @@ inline Mesh box(Vector const &lo, Vector const &hi)
 /// triangles. The vertices lie on the sphere, the poles on the z axis.
 inline Mesh sphere(Vector const &centre, double radius, std::size_t rings)
 {
-    const std::size_t sectors = 2 * rings;
+    std::size_t const sectors = 2 * rings;
     Mesh mesh;
     auto const at = [&](double polar, double azimuth) {
         return centre + Vector(std::sin(polar) * std::cos(azimuth),
@@ -74,7 +74,7 @@ inline Mesh sphere(Vector const &centre, double radius, std::size_t rings)
     }
     mesh.vertices.push_back(centre - Vector(0, 0, radius));
 
-    const std::size_t south = mesh.vertices.size() - 1;
+    std::size_t const south = mesh.vertices.size() - 1;
     auto const index = [&](std::size_t r, std::size_t s) {
         return 1 + (r - 1) * sectors + s % sectors;
     };
@@ -92,7 +92,7 @@ inline Mesh sphere(Vector const &centre, double radius, std::size_t rings)
 /// 4 segments^2 triangles.
 inline Mesh torus(Vector const &centre, double radius, double tube, std::size_t segments)
 {
-    const std::size_t around = 2 * segments;
+    std::size_t const around = 2 * segments;
     Mesh mesh;
     for (std::size_t i = 0; i < around; ++i) {
         double const u = 2.0 * pi * double(i) / double(around);

@@ -43,7 +43,7 @@ void compare(std::array<Vector, 3> const &t, Vector const &lo, Vector const &hi,
     bool const truth = meetsExactly(t, lo, hi);
     ++(truth ? counts.meeting : counts.apart);
     ASSERT_EQ(MatUtil::triangleIntersectsCuboid(t[0], t[1], t[2], lo, hi), truth);
-    const MatUtil::TriangleCuboidIntersector intersector(t[0], t[1], t[2]);
+    MatUtil::TriangleCuboidIntersector const intersector(t[0], t[1], t[2]);
     ASSERT_EQ(intersector.intersect(lo, hi, 3, MatUtil::TriangleCuboidDisjoint) !=
                   MatUtil::TriangleCuboidDisjoint,
               truth);
@@ -66,8 +66,8 @@ TEST(TriangleCuboidExact, AgreesOnIntegersWhereTouchingIsCommon)
         if (isDegenerate(t)) {
             continue;
         }
-        const Vector lo(3 * place(random), 3 * place(random), 3 * place(random));
-        const Vector hi = lo + Vector(3 * extent(random), 3 * extent(random), 3 * extent(random));
+        Vector const lo(3 * place(random), 3 * place(random), 3 * place(random));
+        Vector const hi = lo + Vector(3 * extent(random), 3 * extent(random), 3 * extent(random));
         compare(t, lo, hi, counts);
         ++i;
     }
