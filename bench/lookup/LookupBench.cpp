@@ -1,5 +1,6 @@
 // Building, nearest, 8 nearest, range, and insertion with a search after every point: the lookups
-// and their peers on the same points. Names read question/dimension/points/count/engine.
+// and their peers on the same points. Names read question/dimension_points/count/engine; a range
+// names the points that it holds in the median.
 
 #include "Engine.h"
 #include "PointSets.h"
@@ -24,7 +25,6 @@ struct Workload
     std::string name;
     Points<K> points;
     Points<K> queries;
-    double radius = 0.0;
 
     static Workload const &of(std::string const &name, std::size_t count)
     {
@@ -32,13 +32,19 @@ struct Workload
         std::string const full = name + std::to_string(count);
         if (current.name != full) {
             current.name = full;
-            current.points = name == "uniform"     ? uniformPoints<K>(count)
-                             : name == "clustered" ? clusteredPoints<K>(count)
-                                                   : meshPoints<K>();
+            current.points = pointsOf(name, count);
             current.queries = queriesFor<K>(current.points, 100000);
-            current.radius = radiusFor<K>(current.points, current.queries);
         }
         return current;
+    }
+
+    static Points<K> pointsOf(std::string const &name, std::size_t count)
+    {
+        return name == "uniform"     ? uniformPoints<K>(count)
+               : name == "clustered" ? clusteredPoints<K>(count)
+               : name == "ascending" ? ascendingPoints<K>(count)
+               : name == "mesh"      ? meshPoints<K>()
+                                     : loadedMesh<K>(name);
     }
 };
 
@@ -140,14 +146,15 @@ void eightNearest(benchmark::State &state, EngineKind<K> const &kind, Workload<K
     }
 }
 
-template <std::size_t K>
+template <std::size_t K, std::size_t Wanted>
 void range(benchmark::State &state, EngineKind<K> const &kind, Workload<K> const &work)
 {
     Engine<K> const &engine = built<K>(kind, work);
+    double const radius = radiusFor<K>(work.points, work.queries, Wanted);
     std::size_t i = 0;
     std::size_t found = 0;
     for (auto _ : state) {
-        found += engine.range(work.queries[i], work.radius);
+        found += engine.range(work.queries[i], radius);
         i = i + 1 == work.queries.size() ? 0 : i + 1;
     }
     state.counters["found"] =
@@ -165,8 +172,11 @@ public:
         }
         for (std::size_t count : {100000u, 1000000u}) {
             add("clustered", count);
+            add("ascending", count);
         }
-        add("mesh", meshPoints<K>().size());
+        for (char const *const mesh : {"house", "wuson", "earth", "spider", "mesh"}) {
+            add(mesh, Workload<K>::pointsOf(mesh, 0).size());
+        }
     }
 
 private:
@@ -179,7 +189,7 @@ private:
         }
         for (EngineKind<K> const &kind : engineKinds<K>()) {
             auto const name = [&](char const *question) {
-                return std::string(question) + "/" + std::to_string(K) + "d/" + points + "/" +
+                return std::string(question) + "/" + std::to_string(K) + "d_" + points + "/" +
                        std::to_string(count) + "/" + kind.name;
             };
             auto const bind = [&](Function function) {
@@ -193,7 +203,9 @@ private:
             if (kind.make()->hasNeighbours()) {
                 RegisterBenchmark(name("8nearest").c_str(), bind(eightNearest<K>));
             }
-            RegisterBenchmark(name("range").c_str(), bind(range<K>));
+            RegisterBenchmark(name("range32").c_str(), bind(range<K, 32>));
+            RegisterBenchmark(name("range200").c_str(), bind(range<K, 200>));
+            RegisterBenchmark(name("range800").c_str(), bind(range<K, 800>));
             // Building anew for every point is quadratic.
             if (count <= (kind.growth == Growth::Insert ? 1000000u : 1000u)) {
                 RegisterBenchmark(name("interleaved").c_str(), bind(interleaved<K>))

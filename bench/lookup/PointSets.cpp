@@ -44,6 +44,26 @@ void fitIntoUnitCube(Points<K> &points)
     }
 }
 
+/// All vertices in the order of the file; none when it can't be read.
+template <std::size_t K>
+Points<K> vertices(std::string const &file)
+{
+    Assimp::Importer importer;
+    aiScene const *const scene = importer.ReadFile(file, aiProcess_PreTransformVertices);
+    Points<K> points;
+    for (unsigned m = 0; scene && m < scene->mNumMeshes; ++m) {
+        aiMesh const &mesh = *scene->mMeshes[m];
+        for (unsigned v = 0; v < mesh.mNumVertices; ++v) {
+            Point<K> p;
+            for (std::size_t i = 0; i < K; ++i) {
+                p[i] = static_cast<double>(mesh.mVertices[v][static_cast<unsigned>(i)]);
+            }
+            points.push_back(p);
+        }
+    }
+    return points;
+}
+
 } // namespace
 
 template <std::size_t K>
@@ -77,30 +97,36 @@ Points<K> clusteredPoints(std::size_t count)
 }
 
 template <std::size_t K>
+Points<K> ascendingPoints(std::size_t count)
+{
+    Points<K> points = uniformPoints<K>(count);
+    std::sort(points.begin(), points.end());
+    return points;
+}
+
+template <std::size_t K>
+Points<K> loadedMesh(std::string const &name)
+{
+    std::string const file = name == "house"    ? "IFC/AC14-FZK-Haus.ifc"
+                             : name == "wuson"  ? "STL/Wuson.stl"
+                             : name == "earth"  ? "LWO/LWO2/MappingModes/earth_spherical_y.lwo"
+                             : name == "spider" ? "OBJ/spider.obj"
+                                                : "glTF2/2CylinderEngine-glTF-Binary/"
+                                                  "2CylinderEngine.glb";
+    Points<K> points = vertices<K>("/usr/share/assimp/models/" + file);
+    if (!points.empty()) {
+        fitIntoUnitCube<K>(points);
+    }
+    return points;
+}
+
+template <std::size_t K>
 Points<K> meshPoints()
 {
-    Assimp::Importer importer;
-    aiScene const *const scene = importer.ReadFile(
-        "/usr/share/assimp/models/glTF2/2CylinderEngine-glTF-Binary/2CylinderEngine.glb",
-        aiProcess_PreTransformVertices);
-    if (!scene) {
-        return {};
-    }
-    Points<K> points;
-    for (unsigned m = 0; m < scene->mNumMeshes; ++m) {
-        aiMesh const &mesh = *scene->mMeshes[m];
-        for (unsigned v = 0; v < mesh.mNumVertices; ++v) {
-            Point<K> p;
-            for (std::size_t i = 0; i < K; ++i) {
-                p[i] = static_cast<double>(mesh.mVertices[v][static_cast<unsigned>(i)]);
-            }
-            points.push_back(p);
-        }
-    }
+    Points<K> points = loadedMesh<K>("engine");
     std::sort(points.begin(), points.end());
     points.erase(std::unique(points.begin(), points.end()), points.end());
     std::shuffle(points.begin(), points.end(), std::mt19937_64(seed));
-    fitIntoUnitCube<K>(points);
     return points;
 }
 
@@ -121,9 +147,9 @@ Points<K> queriesFor(Points<K> const &points, std::size_t count)
 }
 
 template <std::size_t K>
-double radiusFor(Points<K> const &points, Points<K> const &queries)
+double radiusFor(Points<K> const &points, Points<K> const &queries, std::size_t wanted)
 {
-    std::size_t const wanted = std::min<std::size_t>(32, points.size() - 1);
+    wanted = std::min(wanted, points.size() - 1);
     std::vector<double> radii;
     for (std::size_t i = 0; i < 9; ++i) {
         std::vector<double> squared;
@@ -143,9 +169,13 @@ template Points<2> uniformPoints<2>(std::size_t);
 template Points<3> uniformPoints<3>(std::size_t);
 template Points<2> clusteredPoints<2>(std::size_t);
 template Points<3> clusteredPoints<3>(std::size_t);
+template Points<2> ascendingPoints<2>(std::size_t);
+template Points<3> ascendingPoints<3>(std::size_t);
+template Points<2> loadedMesh<2>(std::string const &);
+template Points<3> loadedMesh<3>(std::string const &);
 template Points<2> meshPoints<2>();
 template Points<3> meshPoints<3>();
 template Points<2> queriesFor<2>(Points<2> const &, std::size_t);
 template Points<3> queriesFor<3>(Points<3> const &, std::size_t);
-template double radiusFor<2>(Points<2> const &, Points<2> const &);
-template double radiusFor<3>(Points<3> const &, Points<3> const &);
+template double radiusFor<2>(Points<2> const &, Points<2> const &, std::size_t);
+template double radiusFor<3>(Points<3> const &, Points<3> const &, std::size_t);

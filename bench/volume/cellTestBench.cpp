@@ -53,10 +53,10 @@ struct Descent
     Descent(std::size_t segments, int depth)
         : mesh(meshes::torus(Vector(0.5, 0.5, 0.5), 0.3, 0.12, segments))
     {
-        const std::size_t count = mesh.triangles.size();
+        std::size_t const count = mesh.triangles.size();
         for (std::size_t i = 0; i < count && calls.size() < 16000; ++i) {
-            const std::size_t t = i * 389 % count; // prime, and no divisor of the count
-            const MatUtil::TriangleCuboidIntersector intersector(
+            std::size_t const t = i * 389 % count; // prime, and no divisor of the count
+            MatUtil::TriangleCuboidIntersector const intersector(
                 mesh.corner(t, 0), mesh.corner(t, 1), mesh.corner(t, 2));
             record(calls, intersector,
                    Call{t, Vector(0, 0, 0), Vector(1, 1, 1), 3, MatUtil::TriangleCuboidDisjoint}, 0,
@@ -77,7 +77,7 @@ void finish(benchmark::State &state, Descent const &descent)
 // As the tree asks: the triangle prepared once, the axes reduced.
 void intersectorInDescent(benchmark::State &state)
 {
-    const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
+    Descent const descent(std::size_t(state.range(0)), int(state.range(1)));
     for (auto _ : state) {
         int sum = 0;
         std::size_t current = descent.mesh.triangles.size();
@@ -98,7 +98,7 @@ void intersectorInDescent(benchmark::State &state)
 
 void intersectorFullTest(benchmark::State &state)
 {
-    const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
+    Descent const descent(std::size_t(state.range(0)), int(state.range(1)));
     for (auto _ : state) {
         int sum = 0;
         std::size_t current = descent.mesh.triangles.size();
@@ -119,7 +119,7 @@ void intersectorFullTest(benchmark::State &state)
 
 void singleQuestion(benchmark::State &state)
 {
-    const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
+    Descent const descent(std::size_t(state.range(0)), int(state.range(1)));
     for (auto _ : state) {
         int sum = 0;
         for (Call const &c : descent.calls) {
@@ -153,7 +153,7 @@ BENCHMARK(singleQuestion)->Apply(sizes);
 void cgalBoxTriangle(benchmark::State &state)
 {
     using Kernel = CGAL::Simple_cartesian<double>;
-    const Descent descent(std::size_t(state.range(0)), int(state.range(1)));
+    Descent const descent(std::size_t(state.range(0)), int(state.range(1)));
     std::vector<Kernel::Triangle_3> triangles;
     for (std::size_t t = 0; t < descent.mesh.triangles.size(); ++t) {
         auto const point = [&](std::size_t i) {

@@ -22,9 +22,9 @@ using meshes::Mesh;
 using meshes::Vector;
 using VolumeComparison::BinTreeBuilder;
 
-const meshes::Box unitBox(Vector(0, 0, 0), Vector(1, 1, 1));
+meshes::Box const unitBox(Vector(0, 0, 0), Vector(1, 1, 1));
 // No half holds it, so that triangles descend from the root.
-const meshes::Box content(Vector(0.25, 0.25, 0.25), Vector(0.75, 0.75, 0.75));
+meshes::Box const content(Vector(0.25, 0.25, 0.25), Vector(0.75, 0.75, 0.75));
 
 Mesh torusOf(benchmark::State const &state)
 {
@@ -66,7 +66,7 @@ void finish(benchmark::State &state, Mesh const &mesh, std::size_t cells)
 
 void surfaceOnly(benchmark::State &state)
 {
-    const Mesh mesh = torusOf(state);
+    Mesh const mesh = torusOf(state);
     double const size = cellSize(state);
     for (auto _ : state) {
         BinTreeBuilder builder(unitBox, size, content);
@@ -78,7 +78,7 @@ void surfaceOnly(benchmark::State &state)
 
 void wholeBuild(benchmark::State &state)
 {
-    const Mesh mesh = torusOf(state);
+    Mesh const mesh = torusOf(state);
     double const size = cellSize(state);
     for (auto _ : state) {
         BinTreeBuilder builder(unitBox, size, content);
@@ -96,14 +96,14 @@ void wholeBuild(benchmark::State &state)
 
 void exportAndImport(benchmark::State &state)
 {
-    const Mesh mesh = torusOf(state);
+    Mesh const mesh = torusOf(state);
     BinTreeBuilder builder(unitBox, cellSize(state), content);
     meshes::addTo(builder, mesh);
     builder.findOuterArea();
     builder.condense();
     quint64 bits = 0;
     for (auto _ : state) {
-        const VolumeComparison::SimpleBitVector stored = builder.exportBitVector();
+        VolumeComparison::SimpleBitVector const stored = builder.exportBitVector();
         BinTreeBuilder reader(unitBox, cellSize(state), content);
         reader.importBitVector(stored);
         bits = stored.bitCount;
@@ -151,10 +151,10 @@ struct MeshAdapter
 // The narrowest band that the conversion offers. Signed: with the search for the outside.
 void openvdbConversion(benchmark::State &state, int flags)
 {
-    const tbb::global_control oneThread(tbb::global_control::max_allowed_parallelism, 1);
-    const Mesh mesh = torusOf(state);
+    tbb::global_control const oneThread(tbb::global_control::max_allowed_parallelism, 1);
+    Mesh const mesh = torusOf(state);
     double const size = cellSize(state);
-    const MeshAdapter adapter{mesh, 1.0 / size};
+    MeshAdapter const adapter{mesh, 1.0 / size};
     auto const transform = openvdb::math::Transform::createLinearTransform(size);
     openvdb::Index64 voxels = 0;
     for (auto _ : state) {

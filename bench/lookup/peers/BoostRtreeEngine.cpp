@@ -4,6 +4,7 @@
 #include <boost/geometry/index/rtree.hpp>
 
 #include <iterator>
+#include <vector>
 
 namespace {
 
@@ -31,9 +32,13 @@ class RtreeEngine : public Engine<K>
 public:
     void build(Points<K> const &points) override
     {
+        // Built at once, which packs the nodes.
+        std::vector<BoostPoint<K>> all;
+        all.reserve(points.size());
         for (Point<K> const &p : points) {
-            insert(p);
+            all.push_back(converted<K>(p));
         }
+        m_tree = Tree(all);
     }
     void insert(Point<K> const &p) override { m_tree.insert(converted<K>(p)); }
     double nearest(Point<K> const &q) const override
@@ -66,7 +71,9 @@ public:
     }
 
 private:
-    bgi::rtree<BoostPoint<K>, bgi::quadratic<16>> m_tree;
+    using Tree = bgi::rtree<BoostPoint<K>, bgi::quadratic<16>>;
+
+    Tree m_tree;
 };
 
 } // namespace
