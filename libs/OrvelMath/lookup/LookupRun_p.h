@@ -256,28 +256,6 @@ public:
         leftCounts()[slot] = static_cast<std::uint8_t>(leftCounts()[slot] + change);
     }
 
-private:
-    void openSlot(int slot, Point const &p, Payload &&payload)
-    {
-        Q_ASSERT(!isFull() && slot <= m_count);
-        int const behind = m_count - slot;
-        for (int i = 0; i < K; ++i) {
-            double *const at = row(i) + slot;
-            std::memmove(at + 1, at, sizeof(double) * static_cast<std::size_t>(behind));
-            *at = p[i];
-        }
-        if constexpr (hasPayload) {
-            relocate(payloads() + slot + 1, payloads() + slot, behind);
-            new (payloads() + slot) Payload(std::move(payload));
-        }
-        std::uint8_t *const left = leftCounts() + slot;
-        std::memmove(left + 1, left, static_cast<std::size_t>(behind));
-        std::uint64_t const before = (std::uint64_t(1) << slot) - 1;
-        m_exitSlots = (m_exitSlots & before) | (m_exitSlots & ~before) << 1;
-        ++m_count;
-    }
-
-public:
     /// Lets the box hold a value of the subtree; false when it did so already.
     bool extendBox(Point const &p)
     {
@@ -348,6 +326,28 @@ private:
                      sizeof(Payload) * static_cast<std::size_t>(count));
     }
 
+    /// Makes room at a slot; the slots from there on move up. The left count is still to be set.
+    void openSlot(int slot, Point const &p, Payload &&payload)
+    {
+        Q_ASSERT(!isFull() && slot <= m_count);
+        int const behind = m_count - slot;
+        for (int i = 0; i < K; ++i) {
+            double *const at = row(i) + slot;
+            std::memmove(at + 1, at, sizeof(double) * static_cast<std::size_t>(behind));
+            *at = p[i];
+        }
+        if constexpr (hasPayload) {
+            relocate(payloads() + slot + 1, payloads() + slot, behind);
+            new (payloads() + slot) Payload(std::move(payload));
+        }
+        std::uint8_t *const left = leftCounts() + slot;
+        std::memmove(left + 1, left, static_cast<std::size_t>(behind));
+        std::uint64_t const before = (std::uint64_t(1) << slot) - 1;
+        m_exitSlots = (m_exitSlots & before) | (m_exitSlots & ~before) << 1;
+        ++m_count;
+    }
+
+    /// Lets a slot be the exit to `child`.
     void enterExit(int slot, LookupRun *child)
     {
         Q_ASSERT(m_exitCount < m_exitRoom);
