@@ -23,7 +23,7 @@ void getX(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(getX)->Name("get/invokeByName");
+BENCHMARK(getX)->Name("callByName/get/1/orvel");
 
 void getXFreshName(benchmark::State &state)
 {
@@ -36,7 +36,7 @@ void getXFreshName(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(getXFreshName)->Name("get/invokeByNameFreshName");
+BENCHMARK(getXFreshName)->Name("callByName/getFreshName/1/orvel");
 
 void qtGetX(benchmark::State &state)
 {
@@ -48,7 +48,7 @@ void qtGetX(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(qtGetX)->Name("get/QMetaObject");
+BENCHMARK(qtGetX)->Name("callByName/get/1/Qt");
 
 void cross(benchmark::State &state)
 {
@@ -64,7 +64,7 @@ void cross(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(cross)->Name("cross/invokeByName");
+BENCHMARK(cross)->Name("callByName/cross/1/orvel");
 
 void crossFreshName(benchmark::State &state)
 {
@@ -78,7 +78,7 @@ void crossFreshName(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(crossFreshName)->Name("cross/invokeByNameFreshName");
+BENCHMARK(crossFreshName)->Name("callByName/crossFreshName/1/orvel");
 
 void qtCross(benchmark::State &state)
 {
@@ -93,7 +93,7 @@ void qtCross(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(qtCross)->Name("cross/QMetaObject");
+BENCHMARK(qtCross)->Name("callByName/cross/1/Qt");
 
 void qtCrossValue(benchmark::State &state)
 {
@@ -109,6 +109,6 @@ void qtCrossValue(benchmark::State &state)
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(qtCrossValue)->Name("cross/QMetaObjectBareValue");
+BENCHMARK(qtCrossValue)->Name("callByName/crossBareValue/1/Qt");
 
 } // namespace

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The peer: Qt's own calls of methods by name.
+
 #include <OrvelMath/base/valueTypes.h>
 
 #include <QtCore/QMetaType>
