@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The mark of what OrvelCore exports.
+
 #include <QtCore/qglobal.h>
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Values in and out of proxies.
+
 #include <OrvelMath/proxymath/proxymath.h>
 
 #include "support/ScriptCall.h"

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Script classes and a value type of the tests.
+
 #include <OrvelCore/script/ScriptLayer.h>
 
 #include <QtCore/QByteArray>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// An allocator on Qt's allocation functions.
+
 #include <OrvelCore/runtime/QtAllocation.h>
 
 #include <cstddef>

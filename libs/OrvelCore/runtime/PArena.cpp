@@ -3,6 +3,7 @@
 #include <OrvelCore/runtime/QtAllocation.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <new>
 
 namespace {
@@ -13,11 +14,13 @@ constexpr std::size_t largestChunk = std::size_t(1) << 20;
 
 } // namespace
 
+// The head of a chunk; the content follows.
 struct alignas(8) PArena::Chunk
 {
     Chunk *former;
 };
 
+// Lies in the arena itself.
 struct PArena::Destructor
 {
     Destructor *former;
@@ -54,6 +57,7 @@ void *PArena::allocateFromNewChunk(std::size_t size)
     m_chunks = new (orvelAllocate(content + sizeof(Chunk))) Chunk{m_chunks};
     m_reserved += content + sizeof(Chunk);
     unsigned char *const block = reinterpret_cast<unsigned char *>(m_chunks + 1);
+    Q_ASSERT(reinterpret_cast<std::uintptr_t>(block) % 8 == 0);
     // A block larger than what the running chunk has left may still leave it the better rest.
     if (content - needed >= m_left) {
         m_next = block + needed;

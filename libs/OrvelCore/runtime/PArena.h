@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Memory that is given back all at once.
+
 #include <OrvelCore/OrvelCoreExport.h>
 
 #include <cstddef>
@@ -7,8 +10,9 @@
 /// Hands out memory that lives until the arena is destroyed.
 ///
 /// Blocks come from large chunks, one after the other; nothing is freed on its own. The arena owns
-/// the memory and calls the registered destructors, last registered first, before it frees it.
-/// It is neither copied nor shared between threads.
+/// the memory, and no object in it: it calls the registered destructors, last registered first, and
+/// then frees the chunks. It can't be copied. It belongs to one thread at a time; separate arenas
+/// may work in parallel. A request that throws leaves the arena as it was.
 class ORVELCORE_EXPORT PArena
 {
 public:
@@ -31,7 +35,8 @@ public:
         return block;
     }
 
-    /// Has `destroy(object)` called when the arena goes.
+    /// Has `destroy(object)` called when the arena goes; it must not throw. Throws std::bad_alloc,
+    /// with nothing registered, when there is no memory.
     void addDestructor(void *object, void (*destroy)(void *));
 
     /// The smallest multiple of 8 that is not below `size`; sizes within 7 of the largest wrap to

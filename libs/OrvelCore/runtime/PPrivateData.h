@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The base of the private halves of exported classes.
+
 /// Base of every private class: the way back to the public object.
 ///
 /// The public object owns its private one and destroys it through the virtual destructor, the only

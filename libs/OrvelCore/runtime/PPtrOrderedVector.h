@@ -1,8 +1,13 @@
 #pragma once
 
+/// @file
+/// A sequence of pointers.
+
 #include <QtCore/QList>
 
-/// Ordered sequence of pointers, kept as a QList. The objects are not owned.
+/// Ordered sequence of pointers, kept as a QList. The objects are not owned. A copy has the same
+/// pointers, and shares their array with the original until one of the two is written; each may be
+/// used by a thread of its own. A move leaves the other one empty.
 template <typename T>
 class PPtrOrderedVector
 {

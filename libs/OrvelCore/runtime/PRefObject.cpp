@@ -29,7 +29,9 @@ void PRefObject::release() const
 {
     // The release half publishes this thread's writes, the acquire half sees those of the others
     // before the object goes.
-    if (m_count.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    int const former = m_count.fetch_sub(1, std::memory_order_acq_rel);
+    Q_ASSERT(former > 0); // as many releases as references
+    if (former == 1) {
         delete this;
     }
 }

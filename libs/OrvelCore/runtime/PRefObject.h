@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Objects that count the references to themselves.
+
 #include <OrvelCore/OrvelCoreExport.h>
 
 #include <atomic>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// A pointer that holds a reference.
+
 #include <OrvelCore/runtime/PRefObject.h>
 
 #include <type_traits>
@@ -7,7 +10,9 @@
 
 /// Holds one reference to a reference-counted object; null means nothing.
 ///
-/// A copy takes a reference of its own, a move hands the reference over.
+/// A copy takes a reference of its own and shares the object; a move hands the reference over and
+/// leaves null. A pointer belongs to one thread at a time; pointers of several threads may hold one
+/// object. Nothing here asks for memory or throws.
 template <typename T>
 class PRefPtr
 {
@@ -48,8 +53,16 @@ public:
     }
 
     T *get() const { return m_object; }
-    T *operator->() const { return m_object; }
-    T &operator*() const { return *m_object; }
+    T *operator->() const
+    {
+        Q_ASSERT(m_object);
+        return m_object;
+    }
+    T &operator*() const
+    {
+        Q_ASSERT(m_object);
+        return *m_object;
+    }
     explicit operator bool() const { return m_object != nullptr; }
 
     void swap(PRefPtr &other) noexcept { std::swap(m_object, other.m_object); }

@@ -1,8 +1,12 @@
 #pragma once
 
+/// @file
+/// A sequence of values.
+
 #include <QtCore/QList>
 
-/// Ordered sequence by value, kept as a QList: a copy shares until one of the two is written.
+/// Ordered sequence by value, kept as a QList: a copy shares the values until one of the two is
+/// written, which may be by threads of their own. A move leaves the other one empty.
 template <typename T>
 class PValOrderedVector
 {
@@ -17,7 +21,7 @@ public:
     bool isEmpty() const { return m_list.isEmpty(); }
     /// Entry `i`, from 0 to size() - 1.
     T const &operator[](int i) const { return m_list.at(i); }
-    T &operator[](int i) { return m_list[i]; }
+    T &operator[](int i) { return m_list[i]; } // ends the sharing: linear in the size, once
     /// Adds a copy of `value` at the end; amortised constant time.
     void append(T const &value) { m_list.append(value); }
     void reserve(int count) { m_list.reserve(count); }

@@ -1,5 +1,9 @@
 #pragma once
 
+/// @file
+/// What the process as a whole offers: exchange of a word, sleep, clean-ups per module, and news of
+/// singletons. All of it may be used from any thread.
+
 #include <OrvelCore/OrvelCoreExport.h>
 
 /// Compare and exchange: when `*word` equals `expected`, writes `desired` and returns true;

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Qt's allocation functions, called in one place.
+
 #include <OrvelCore/OrvelCoreExport.h>
 
 #include <cstddef>

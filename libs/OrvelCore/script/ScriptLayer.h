@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// The script layer as a whole: strings, variants, streams, counted pointers, proxies, the factory
 /// and the server's events.
 

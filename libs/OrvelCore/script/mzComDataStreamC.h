@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Doubles as a sequence of bytes.
+
 #include <OrvelCore/OrvelCoreExport.h>
 
 #include <QtCore/QByteArray>
@@ -7,7 +10,8 @@
 #include <utility>
 
 /// A sequence of doubles in memory, written at the end and read from the front. Each takes eight
-/// bytes, the least significant first, on every machine.
+/// bytes, the least significant first, on every machine. A copy starts where the original is and
+/// shares the bytes until one of the two is written. A stream belongs to one thread at a time.
 class ORVELCORE_EXPORT mzComDataStreamC
 {
 public:

@@ -1,10 +1,15 @@
 #pragma once
 
+/// @file
+/// Counted pointers to objects of the script layer.
+
 #include <OrvelCore/script/mzIUnknown.h>
 
 #include <utility>
 
-/// A counted pointer to an object of the script layer. It holds one reference, or is null.
+/// A counted pointer to an object of the script layer. It holds one reference, or is null. A copy
+/// takes a reference of its own, a move leaves null. A pointer belongs to one thread at a time;
+/// pointers of several threads may hold one object. Nothing here asks for memory or throws.
 class ORVELCORE_EXPORT mzComPtrC
 {
 public:
@@ -59,6 +64,14 @@ public:
     }
 
     T *get() const { return static_cast<T *>(unknown()); }
-    T *operator->() const { return get(); }
-    T &operator*() const { return *get(); }
+    T *operator->() const
+    {
+        Q_ASSERT(get());
+        return get();
+    }
+    T &operator*() const
+    {
+        Q_ASSERT(get());
+        return *get();
+    }
 };

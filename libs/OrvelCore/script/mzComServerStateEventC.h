@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// News of the server's start and end.
+
 #include <OrvelCore/OrvelCoreExport.h>
 
 #include <QtCore/QVector>
@@ -10,6 +13,9 @@ enum mzComServerStateE { mzServerStarted = 16, mzServerDone = 64 };
 /// An object that wants to know when the server starts and when it is done. Libraries have one per
 /// script class, as a global object: it is built when the library is loaded and destroyed when the
 /// library goes, which takes the classes and value types away again that it registered.
+///
+/// Objects are not owned. They may come and go on any thread, but not one that is being told: start
+/// and stop the server while no library comes or goes on another thread.
 class ORVELCORE_EXPORT mzComServerStateEventC
 {
 public:

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The text of the script layer.
+
 #include <OrvelCore/OrvelCoreExport.h>
 
 #include <QtCore/QByteArray>
@@ -7,8 +10,9 @@
 
 #include <utility>
 
-/// The string of the script layer: UTF-8 text, shared on copy. Names of members and classes, string
-/// arguments and messages are of this type.
+/// The string of the script layer: UTF-8 text. Names of members and classes, string arguments and
+/// messages are of this type. It owns its text; a copy shares it until one of the two is written,
+/// which may be by threads of their own.
 class ORVELCORE_EXPORT mzComStringC
 {
 public:

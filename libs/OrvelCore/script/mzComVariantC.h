@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Values on their way between a script and an object.
+
 #include <OrvelCore/script/mzComDataStreamC.h>
 #include <OrvelCore/script/mzComPtrC.h>
 #include <OrvelCore/script/mzComStringC.h>
@@ -38,7 +41,12 @@ enum mzComUserDataStatusE {
 };
 
 /// A value on its way between a script and an object: nothing, a number, a text, an object, or a
-/// value of a registered type. Copies are cheap and share a user value, which never changes.
+/// value of a registered type.
+///
+/// It owns a text or a user value together with its copies, which share it: it never changes. It
+/// holds one reference to an object, and a copy another one. A variant belongs to one thread at a
+/// time, but copies of one may be used by several. The library of a user value has to stay loaded
+/// as long as the value lives.
 class ORVELCORE_EXPORT mzComVariantC
 {
 public:

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Identifiers of interfaces and script classes.
+
 #include <OrvelCore/OrvelCoreExport.h>
 
 #include <cstring>

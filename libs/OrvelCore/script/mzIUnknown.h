@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The interface of all objects of the script layer, and that of their failures.
+
 #include <OrvelCore/script/mzComStringC.h>
 #include <OrvelCore/script/mzIIDS.h>
 

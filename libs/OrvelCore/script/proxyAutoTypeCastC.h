@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// How a handler sees the arguments and the result of a call.
+
 #include <OrvelCore/script/mzComVariantC.h>
 
 #include <exception>

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// How a call by name finds its member.
+
 #include <OrvelCore/script/proxyObjectC.h>
 
 /// How a call by name finds its member.

@@ -1,10 +1,14 @@
 #pragma once
 
+/// @file
+/// The script classes of the process.
+
 #include <OrvelCore/script/proxyObjectC.h>
 
 #include <QtCore/QVector>
 
-/// The script classes of the process. May be used from any thread.
+/// The script classes of the process. It owns none of the descriptions, and the objects that it
+/// makes belong to those who ask for them. May be used from any thread.
 class ORVELCORE_EXPORT proxyFactoryC
 {
 public:

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// What a script class says of itself: its name, its base and its members.
+
 #include <typeinfo>
 
 class proxyAutoParaListC;

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The base of the objects that scripts see.
+
 #include <OrvelCore/script/mzComPtrC.h>
 #include <OrvelCore/script/mzComVariantC.h>
 #include <OrvelCore/script/proxyAutoTypeCastC.h>
@@ -23,6 +26,9 @@ constexpr unsigned int proxyInvokeLenient = 0x100;
 /// Base of all objects that scripts see: it counts references, finds members in the class's table
 /// and calls them. New objects have no references: put them into an mzComPtrT at once, since the
 /// first release that finds none left deletes the object. Copying is impossible.
+///
+/// References may be counted on any thread. The members belong to the thread that first calls one
+/// by name, unless the class says that they may be called from any.
 class ORVELCORE_EXPORT proxyObjectC : public mzIUnknown
 {
 public:
@@ -40,6 +46,7 @@ public:
     int release() override
     {
         int const left = m_references.fetch_sub(1, std::memory_order_acq_rel) - 1;
+        Q_ASSERT(left >= 0); // as many releases as references
         if (left == 0) {
             delete this;
         }

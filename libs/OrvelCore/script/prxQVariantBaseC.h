@@ -1,10 +1,14 @@
 #pragma once
 
+/// @file
+/// The base of the objects that are the value of something.
+
 #include <OrvelCore/script/proxyObjectC.h>
 
 #include <QtCore/QVariant>
 
-/// Base of the proxies that stand for a value: it keeps the value in a variant.
+/// Base of the proxies that are a value for scripts: it keeps the value in a variant, which it
+/// owns. Several threads may read the value at the same time, as long as none sets it.
 class ORVELCORE_EXPORT prxQVariantBaseC : public proxyObjectC
 {
 public:

@@ -136,6 +136,7 @@ void add(mzComValueMarshalS *record)
     unsigned const number = types.freeSlot();
     types.freeSlots.pop_back(); // nothing throws from here on
     Slot &slot = types.slot(number);
+    Q_ASSERT(slot.id.load(std::memory_order_relaxed) == 0);
     int const id = int(slot.uses++ << slotBits | (number + 1));
     slot.module = moduleOf(record);
     slot.record.store(record, std::memory_order_release);

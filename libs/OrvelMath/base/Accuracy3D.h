@@ -1,5 +1,12 @@
 #pragma once
 
+/// @file
+/// The accuracy class of a thread, three-way comparisons, and roots of small equations.
+///
+/// Every function is reentrant. The class is a value per thread; a thread's first call may throw
+/// std::bad_alloc, and may wait up to 50 milliseconds at a time while another thread makes the
+/// first call of the process. The rest neither throws nor asks for memory.
+
 #include <OrvelMath/OrvelMathExport.h>
 
 /// Accuracy class of a thread: how finely curved elements are walked. Higher classes take smaller

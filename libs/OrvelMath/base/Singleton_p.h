@@ -1,6 +1,11 @@
 #pragma once
 
+/// @file
+/// One instance per module, built at the first access.
+
 #include <OrvelCore/runtime/ProcessServices.h>
+
+#include <QtCore/qglobal.h>
 
 #include <typeinfo>
 #include <utility>
@@ -9,7 +14,10 @@
 /// global clean-up; an access after that builds it anew.
 ///
 /// All changes of state go through one compare-and-exchange word. A thread that meets the instance
-/// while another builds or destroys it sleeps 50 milliseconds at a time until it is settled.
+/// while another builds or destroys it sleeps 50 milliseconds at a time until it is settled. In a
+/// child process that was forked in that time it sleeps for ever, as the other thread isn't there.
+///
+/// The module owns the instance. Whoever has the pointer must not use it after the clean-up.
 template <typename T>
 class Singleton
 {
@@ -39,7 +47,7 @@ public:
         baselog_singleton_changed(typeid(T).name(), cleanUp, 0, 1);
         delete s_instance;
         s_instance = nullptr;
-        mzThreadSafeExchangeInt(&s_state, BeingDestroyed, Absent);
+        change(BeingDestroyed, Absent);
         baselog_singleton_changed(typeid(T).name(), cleanUp, 0, 2);
     }
 
@@ -54,12 +62,19 @@ private:
             mzRegisterGlobalCleanup(cleanUp, 0);
         } catch (...) {
             delete std::exchange(s_instance, nullptr);
-            mzThreadSafeExchangeInt(&s_state, BeingBuilt, Absent);
+            change(BeingBuilt, Absent);
             throw;
         }
         T *const built = s_instance; // once the state is Ready another thread may destroy it
-        mzThreadSafeExchangeInt(&s_state, BeingBuilt, Ready);
+        change(BeingBuilt, Ready);
         return built;
+    }
+
+    /// A change of state by the thread that has claimed it, which therefore succeeds.
+    static void change(State from, State to)
+    {
+        [[maybe_unused]] bool const changed = mzThreadSafeExchangeInt(&s_state, from, to);
+        Q_ASSERT(changed);
     }
 
     static inline int s_state = Absent;

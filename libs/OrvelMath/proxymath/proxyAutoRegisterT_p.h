@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The registration of a script class.
+
 #include <OrvelCore/script/ScriptLayer.h>
 #include <OrvelMath/proxymath/proxyValueType.h>
 

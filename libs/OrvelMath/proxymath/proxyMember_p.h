@@ -1,5 +1,9 @@
 #pragma once
 
+/// @file
+/// Rows of member tables, made from the member functions themselves: the handler that takes the
+/// parameters apart and the signature follow from the type of the member.
+
 #include <OrvelCore/script/ScriptLayer.h>
 #include <OrvelMath/proxymath/proxyValueType.h>
 
@@ -7,8 +11,6 @@
 #include <type_traits>
 #include <utility>
 
-/// Entries of member tables, made from the member functions themselves: the handler that takes the
-/// parameters apart and the signature follow from the type of the member.
 namespace proxyMember {
 
 /// The parameter as a `T`; throws the type-cast exception if it is none.

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// How vectors and matrices travel in an mzComVariantC.
+
 #include <OrvelCore/script/mzComVariantC.h>
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/valueTypes.h>

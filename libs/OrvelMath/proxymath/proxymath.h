@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// The script classes "linquet.vector2d", "linquet.vector3d", "linquet.matrix3x3",
 /// "linquet.matrix4x4" and "linquet.mathfactory".
 ///
@@ -24,10 +25,17 @@
 /// | getStaticMemberDescription | the table of the members, which ends with a null name |
 /// | _castTo | the object itself |
 ///
-/// Scripts reach the members by name; C++ can call them as well. Two things to know there:
+/// Scripts reach the members by name; C++ can call them as well. Things to know there:
 ///
-/// - A function that returns a proxy gives a new object without references, or null if memory ran
-///   out. Put it into an mzComPtrT. The setters are the exception: they return `this`.
+/// - A function that returns a proxy gives a new object without references, or null if there is no
+///   memory for it. Put it into an mzComPtrT. The setters are the exception: they return `this`.
+///   Where there is memory for the object but not for its value, std::bad_alloc comes through, and
+///   from the setters as well; the receiver then has its old value.
+/// - A proxy owns its value. A vector that lives in a matrix has none: each reference to the vector
+///   is one to the matrix too.
+/// - The const members of a value proxy may run on several threads at the same time, as long as no
+///   other member does. The others write, `getx` and `getRoll` included. By name, an object may be
+///   called by one thread only, the first that does; the factory by all.
 /// - Many members edit the value through prxValWrapperC, which counts a reference and gives it
 ///   back. On a proxy that nobody holds this would be the last one. Hold a proxy before you call
 ///   it.

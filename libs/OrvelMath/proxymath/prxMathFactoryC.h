@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The script class that makes the others.
+
 #include <OrvelCore/script/ScriptLayer.h>
 #include <OrvelMath/OrvelMathExport.h>
 

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The script class of a 3x3 matrix.
+
 #include <OrvelMath/proxymath/prxVariantUserTypeBaseC.h>
 
 class prxMathFactoryC;

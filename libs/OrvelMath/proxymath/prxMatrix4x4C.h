@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The script class of a 4x4 matrix.
+
 #include <OrvelMath/proxymath/prxVariantUserTypeBaseC.h>
 
 class prxMathFactoryC;

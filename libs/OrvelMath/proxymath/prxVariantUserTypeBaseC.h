@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Typed access to the value of a proxy.
+
 #include <OrvelCore/script/ScriptLayer.h>
 #include <OrvelMath/proxymath/proxyValueType.h>
 

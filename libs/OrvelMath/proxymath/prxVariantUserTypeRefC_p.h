@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// A proxy for a part of another one's value.
+
 #include <OrvelMath/proxymath/prxVariantUserTypeBaseC.h>
 
 /// A proxy of class `P` whose value, a `V`, lives in an owner of class `O`: it is read and written
@@ -17,6 +20,7 @@ public:
         , m_reader(reader)
         , m_writer(writer)
     {
+        Q_ASSERT(owner != nullptr);
     }
 
     int addRef() override

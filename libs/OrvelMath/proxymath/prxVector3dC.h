@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The script class of a vector in space.
+
 #include <OrvelMath/proxymath/prxVectorBaseC.h>
 
 class prxMathFactoryC;

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// What the vectors of both dimensions can do.
+
 #include <OrvelMath/proxymath/prxVariantUserTypeBaseC.h>
 
 #include <cmath>
