@@ -53,7 +53,8 @@ ORVELMATH_EXPORT double GetAccuracyAngle(double size, double reference);
 ///
 /// A walk that starts off the grid snaps to multiples of `step` at its first move: step 30, end 100
 /// from 10 gives 30, 60, 90, 100. Returns true when the end is reached; `current` then equals `end`
-/// exactly. A step of 0 short of the end turns `current` into NaN and returns false.
+/// exactly. A step of 0 short of the end turns `current` into NaN and returns false, as does a NaN
+/// in `step` or `current`. An end of NaN or plus infinity is never reached.
 ///
 /// @param step    step angle, degrees
 /// @param end     end of the walk, degrees
@@ -69,6 +70,9 @@ ORVELMATH_EXPORT bool GetNextAccuracyAngle(double step, double end, double &curr
 // | Compare(a, b, tolerance)       | open: below the tolerance            | -1  |
 // | CSCompareFloats(a, b, tol.)    | closed: the tolerance itself counts  | 1   |
 // | CSCompareFloats(a, b)          | closed, 1e-5 of |a|, at most 0.001   | 1   |
+//
+// The last column is the result with a NaN operand. Two equal infinities count as different, as
+// their difference is NaN. A tolerance of NaN is an empty band.
 
 /// Sign without tolerance: 0 for plus and minus zero.
 ORVELMATH_EXPORT int sgn(double value);
@@ -89,8 +93,9 @@ ORVELMATH_EXPORT int CSCompareFloats(double a, double b, double tolerance);
 
 /// Roots of a x + b = 0, with exact tests against 0; returns how many were written.
 ///
-/// 1 with x = -b / a, or with x = 0 where a and b are both 0; 0 where only a is 0, and x is then
-/// left alone.
+/// 1 with x = -b / a, or with x = 0 where a and b are both 0; 0 where only a is 0, be b NaN or
+/// infinite, and x is then left alone. A NaN in a, or in b beside another a than 0, gives 1 and
+/// NaN.
 ORVELMATH_EXPORT int ResolveLinear(double a, double b, double &x);
 
 /// Real roots of a x^2 + b x + c = 0, with exact tests against 0 and by the plain formula, open to
@@ -98,4 +103,8 @@ ORVELMATH_EXPORT int ResolveLinear(double a, double b, double &x);
 ///
 /// 2 writes both, x1 with the root added: for a > 0 the larger one. 1 writes x1 alone: a double
 /// root, the root of b x + c = 0 where a is 0, or 0 where all three are 0. 0 writes nothing.
+///
+/// With a NaN among the coefficients the result is 2 and both are NaN; where a is 0 it is 1 with
+/// NaN, or 0 where b is 0 too. Where b^2 - 4 a c overflows the result is 0 or 2 by its sign, and
+/// the roots are infinite or NaN.
 ORVELMATH_EXPORT int ResolveQuadrat(double a, double b, double c, double &x1, double &x2);
