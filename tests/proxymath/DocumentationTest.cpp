@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
+#include <string>
 
 // The snippet of docs/scripts.md, as it stands there.
 namespace {
@@ -22,6 +25,29 @@ double lengthFromScript()
 }
 
 } // namespace
+
+namespace {
+
+/// The function of the snippet as a file has it.
+std::string snippetOf(char const *file)
+{
+    std::ifstream stream(std::string(ORVEL_SOURCE_DIR) + file);
+    std::stringstream text;
+    text << stream.rdbuf();
+    std::string const all = text.str();
+    std::size_t const start = all.find("double lengthFromScript()\n{");
+    std::size_t const end = all.find("\n}\n", start);
+    return start == std::string::npos ? std::string() : all.substr(start, end - start);
+}
+
+} // namespace
+
+TEST(Documentation, ThePageShowsTheCodeThatRunsHere)
+{
+    std::string const here = snippetOf("/tests/proxymath/DocumentationTest.cpp");
+    EXPECT_LT(100u, here.size());
+    EXPECT_EQ(here, snippetOf("/docs/scripts.md"));
+}
 
 TEST(Documentation, SnippetOfTheScriptPage)
 {
