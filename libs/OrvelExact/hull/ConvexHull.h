@@ -30,13 +30,13 @@ struct HullHalfEdge
 
 /// The convex hull of points of space: every extreme point and no other, exactly.
 ///
-/// | `dimension()` | points          | `vertices()`       | facets |
-/// |---------------|-----------------|--------------------|----------------------------------------|
-/// | -1            | none, or refused | none              | none | | 0             | one location
-/// | one                | none                                   | | 1             | of one line |
-/// the two ends       | none                                   | | 2             | of one plane |
-/// the corners        | one, the polygon                       | | 3             | solid | the
-/// extreme points | a closed surface, one a plane          |
+/// | `dimension()` | points           | `vertices()`       | facets                        |
+/// |---------------|------------------|--------------------|-------------------------------|
+/// | -1            | none, or refused | none               | none                          |
+/// | 0             | one location     | one                | none                          |
+/// | 1             | of one line      | the two ends       | none                          |
+/// | 2             | of one plane     | the corners        | one, the polygon              |
+/// | 3             | a solid          | the extreme points | a closed surface, one a plane |
 ///
 /// All of it is decided without tolerance, by exact predicates on the coordinates as given. Points
 /// in a face or on an edge are no vertices. A facet is the whole polygon of a plane: its corners
