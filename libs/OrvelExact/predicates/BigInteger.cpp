@@ -45,6 +45,26 @@ void BigInteger::dropLeadingZeros()
     }
 }
 
+void BigInteger::approximate(double &high, double &low, int &exponent) const
+{
+    high = 0.0;
+    low = 0.0;
+    exponent = std::max(m_size - 4, 0) * bitsPerDigit;
+    // Each half is whole in a double but for the last: two digits have 64 bits.
+    double const sign = m_isNegative ? -1.0 : 1.0;
+    constexpr double base = 4294967296.0;
+    double digit[4] = {0.0, 0.0, 0.0, 0.0};
+    for (int i = 0; i < std::min(m_size, 4); ++i) {
+        digit[i] = sign * m_digits[std::max(m_size - 4, 0) + i];
+    }
+    double const upper = digit[3] * base;
+    double const lower = digit[1] * base + digit[0]; // off by 2^-53 of itself at most
+    double const sum = upper + digit[2];
+    double const lost = digit[2] - (sum - upper);
+    high = sum * base * base;
+    low = lost * base * base + lower;
+}
+
 int BigInteger::compareMagnitudes(BigInteger const &a, BigInteger const &b)
 {
     if (a.m_size != b.m_size) {

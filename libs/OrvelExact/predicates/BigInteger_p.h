@@ -18,6 +18,8 @@ public:
     /// mantissa * 2^shift; the shift is not negative.
     BigInteger(std::int64_t mantissa, int shift);
 
+    /// (high + low) * 2^exponent, off by less than 2^-74 of the number.
+    void approximate(double &high, double &low, int &exponent) const;
     /// -1, 0 or 1.
     int sign() const { return m_size == 0 ? 0 : m_isNegative ? -1 : 1; }
 
