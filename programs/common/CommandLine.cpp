@@ -1,11 +1,11 @@
 #include "CommandLine.h"
 
-#include "Interrupt.h"
 #include "Outputs.h"
 #include "Progress.h"
 #include "errors.h"
 #include "manual.h"
 
+#include <csignal>
 #include <cstdio>
 #include <new>
 
@@ -67,7 +67,7 @@ void complain(std::string const &program, std::string const &text)
 
 int runProgram(CLI::App &app, int argc, char **argv, std::function<int()> const &work)
 {
-    installInterrupt();
+    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is an error that can be reported
     try {
         return parses(app, argc, argv) ? work() : 0;
     } catch (InputError const &error) {

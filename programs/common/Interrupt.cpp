@@ -30,7 +30,6 @@ bool isIgnored(int signal)
 
 void installInterrupt()
 {
-    std::signal(SIGPIPE, SIG_IGN);
     sigset_t watched;
     sigemptyset(&watched);
     for (int const signal : endingSignals) {

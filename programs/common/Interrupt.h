@@ -9,8 +9,7 @@
 ///
 /// When one of them comes the program ends at once with exit code 128 plus the signal's number, 130
 /// for Ctrl-C, whatever it is at; only what holds a `NotNow` is waited for. A signal that the
-/// caller ignores (`nohup`) stays ignored. SIGPIPE is ignored, so that writing to a closed pipe
-/// fails with an error that can be reported.
+/// caller ignores (`nohup`) stays ignored.
 ///
 /// Install it once, before any other thread starts.
 void installInterrupt();

@@ -1,6 +1,7 @@
 // Draws the figures of the documentation through the library's own functions.
 
 #include "CommandLine.h"
+#include "Interrupt.h"
 #include "Outputs.h"
 #include "errors.h"
 #include "figures.h"
@@ -120,6 +121,7 @@ int main(int argc, char **argv)
         ->type_name("THEME");
     addStandardOptions(app);
     return runProgram(app, argc, argv, [&] {
+        installInterrupt();
         std::vector<gallery::Figure> const figures = chosenFigures(options);
         if (options.list) {
             return list(figures);

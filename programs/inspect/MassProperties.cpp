@@ -70,15 +70,18 @@ MassProperties massPropertiesOf(Mesh const &mesh, bool isClosed)
     MassProperties found;
     Moments surface;
     Vector solidFirst;
+    double doubleArea = 0.0;
+    double sixfoldVolume = 0.0; // whole numbers stay whole until the end
     for (std::size_t i = 0; i < mesh.triangles.size(); ++i) {
         Corners c = mesh.corners(mesh.triangles[i]);
         for (Vector &corner : c) {
             corner = inFrame(corner);
         }
         Vector const cross = (c[1] - c[0]).cross(c[2] - c[0]);
-        double const cone = c[0].dot(cross) / 6.0;
-        found.volume += cone;
-        solidFirst = solidFirst + (c[0] + c[1] + c[2]) * (cone / 4.0);
+        double const cone = c[0].dot(cross);
+        sixfoldVolume += cone;
+        doubleArea += cross.length();
+        solidFirst = solidFirst + (c[0] + c[1] + c[2]) * cone;
         addTriangle(surface, c, cross.length() / 2.0);
         double const thin = thinness(c);
         if (thin >= degenerateThinness && thin < found.thinnest) {
@@ -86,7 +89,7 @@ MassProperties massPropertiesOf(Mesh const &mesh, bool isClosed)
             found.thinnestTriangle = int(i);
         }
     }
-    found.area = surface.weight * scale * scale;
+    found.area = doubleArea / 2.0 * scale * scale;
     if (!(surface.weight > 0.0)) {
         surface = Moments();
         for (Vector const &v : mesh.vertices) {
@@ -95,9 +98,10 @@ MassProperties massPropertiesOf(Mesh const &mesh, bool isClosed)
     }
     setAxes(found, surface);
     found.spreads = found.spreads * scale;
-    bool const isSolid = isClosed && found.volume != 0.0;
-    Vector const centre = isSolid ? solidFirst / found.volume : surface.first / surface.weight;
+    bool const isSolid = isClosed && sixfoldVolume != 0.0;
+    Vector const centre =
+        isSolid ? solidFirst / (4.0 * sixfoldVolume) : surface.first / surface.weight;
     found.centroid = mesh.lowest + centre * scale;
-    found.volume = isClosed ? found.volume * scale * scale * scale : 0.0;
+    found.volume = isClosed ? sixfoldVolume / 6.0 * scale * scale * scale : 0.0;
     return found;
 }

@@ -1,4 +1,5 @@
 #include "CommandLine.h"
+#include "Interrupt.h"
 #include "commands.h"
 
 #include <map>
@@ -45,6 +46,7 @@ int main(int argc, char **argv)
         app.add_subcommand("bits", "What a file of bits holds that `volume --bits` wrote");
     works[bits] = addBitsCommand(*bits);
     return runProgram(app, argc, argv, [&] {
+        installInterrupt();
         auto const asked = app.get_subcommands();
         return works[asked.empty() ? &app : asked.front()]();
     });

@@ -11,7 +11,11 @@
 
 #include <QtCore/QList>
 
+#include <cstdlib>
+#include <cstring>
 #include <new>
+
+#include <malloc.h>
 
 namespace {
 
@@ -85,10 +89,92 @@ QByteArray takeError(mrb_state *mrb, QByteArray const &fileName)
     return text;
 }
 
+/// Whether the error is a call of `exit`, and with what.
+bool isExit(mrb_state *mrb, int &code)
+{
+    mrb_value const error = mrb_obj_value(mrb->exc);
+    if (std::strcmp(mrb_obj_classname(mrb, error), "SystemExit") != 0) {
+        return false;
+    }
+    bool failed = false;
+    mrb_value const status = guarded(
+        mrb, [=] { return mrb_iv_get(mrb, error, mrb_intern_lit(mrb, "@status")); }, failed);
+    code = !failed && mrb_integer_p(status) ? int(mrb_integer(status)) : 1;
+    return true;
+}
+
 } // namespace
 
-Interpreter::Interpreter()
-    : m_mrb(mrb_open())
+struct Interpreter::Memory
+{
+    std::size_t limit;
+    std::size_t used = 0;
+
+    // As mruby wants it: size 0 frees, null refuses.
+    static void *allocate(mrb_state *, void *block, std::size_t size, void *self)
+    {
+        Memory &memory = *static_cast<Memory *>(self);
+        std::size_t const former = block != nullptr ? malloc_usable_size(block) : 0;
+        if (size == 0) {
+            memory.used -= former;
+            std::free(block);
+            return nullptr;
+        }
+        if (memory.limit > 0 && size > former && memory.used - former + size > memory.limit) {
+            return nullptr;
+        }
+        void *const made = std::realloc(block, size);
+        if (made != nullptr) {
+            memory.used += malloc_usable_size(made) - former;
+        }
+        return made;
+    }
+};
+
+namespace {
+
+// What Ruby has and mruby leaves to its hosts.
+constexpr char prelude[] = R"(
+class SystemExit < Exception
+  attr_reader :status
+  def initialize(status = 0)
+    @status = status == true ? 0 : status == false ? 1 : status.to_i
+    super("exit")
+  end
+end
+module Kernel
+  def exit(status = 0)
+    raise SystemExit.new(status)
+  end
+  def load(path)
+    eval(File.open(path) { |file| file.read }, nil, path)
+    true
+  end
+  def help(topic = "")
+    print Orvel.help(topic.to_s)
+  end
+end
+)";
+
+bool isOpen(mrb_parser_state const &parser)
+{
+    if (parser.parsing_heredoc != nullptr || parser.lex_strterm != nullptr) {
+        return true;
+    }
+    for (std::size_t i = 0; i < parser.nerr && i < 10; ++i) {
+        QByteArray const message = parser.error_buffer[i].message;
+        if (message.contains("unexpected end of file") || message.contains("unexpected $end")) {
+            return true;
+        }
+    }
+    return parser.nerr == 0 && parser.lstate == EXPR_DOT;
+}
+
+} // namespace
+
+Interpreter::Interpreter(std::size_t memoryLimit)
+    : m_memory(new Memory{memoryLimit})
+    , m_mrb(mrb_open_allocf(Memory::allocate, m_memory.get()))
     , m_context(nullptr)
     , m_classes(new Classes)
 {
@@ -99,6 +185,8 @@ Interpreter::Interpreter()
     m_context->capture_errors = true;
     *m_classes = defineOrvel(m_mrb);
     m_mrb->ud = m_classes.get();
+    mrb_load_nstring(m_mrb, prelude, sizeof prelude - 1);
+    setArguments({});
 }
 
 Interpreter::~Interpreter()
@@ -120,10 +208,41 @@ Interpreter::Outcome Interpreter::run(QByteArray const &script, QByteArray const
     if (outcome.ok) {
         outcome.text = textBy(m_mrb, "inspect", value);
     }
+    if (m_mrb->exc != nullptr && isExit(m_mrb, outcome.exitCode)) {
+        m_mrb->exc = nullptr;
+        outcome.isExit = true;
+    }
     if (m_mrb->exc != nullptr) {
         outcome.ok = false;
         outcome.text = takeError(m_mrb, fileName);
     }
     mrb_gc_arena_restore(m_mrb, arena);
     return outcome;
+}
+
+bool Interpreter::isIncomplete(QByteArray const &script)
+{
+    int const arena = mrb_gc_arena_save(m_mrb);
+    mrb_parser_state *const parser = mrb_parser_new(m_mrb);
+    parser->s = script.constData();
+    parser->send = script.constData() + script.size();
+    parser->lineno = 1;
+    parser->capture_errors = true;
+    mrb_parser_parse(parser, m_context);
+    bool const open = isOpen(*parser);
+    mrb_parser_free(parser);
+    mrb_gc_arena_restore(m_mrb, arena);
+    return open;
+}
+
+void Interpreter::setArguments(QList<QByteArray> const &arguments)
+{
+    int const arena = mrb_gc_arena_save(m_mrb);
+    mrb_value const list = mrb_ary_new(m_mrb);
+    for (QByteArray const &argument : arguments) {
+        mrb_ary_push(m_mrb, list,
+                     mrb_str_new(m_mrb, argument.constData(), std::size_t(argument.size())));
+    }
+    mrb_define_global_const(m_mrb, "ARGV", list);
+    mrb_gc_arena_restore(m_mrb, arena);
 }

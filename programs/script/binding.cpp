@@ -1,6 +1,7 @@
 #include "binding.h"
 
 #include "describe.h"
+#include "members.h"
 
 #include <OrvelCore/script/ScriptLayer.h>
 
@@ -272,6 +273,13 @@ mrb_value create(mrb_state *mrb, mrb_value)
     return createObject(mrb, identifier);
 }
 
+mrb_value help(mrb_state *mrb, mrb_value)
+{
+    char const *topic = nullptr;
+    mrb_get_args(mrb, "z", &topic);
+    return entryPoint(mrb, [&] { return textValue(mrb, helpText(topic)); });
+}
+
 mrb_value factory(mrb_state *mrb, mrb_value)
 {
     return createObject(mrb, "linquet.mathfactory");
@@ -283,6 +291,7 @@ Classes defineOrvel(mrb_state *mrb)
 {
     RClass *const orvel = mrb_define_module(mrb, "Orvel");
     mrb_define_module_function(mrb, orvel, "factory", factory, MRB_ARGS_NONE());
+    mrb_define_module_function(mrb, orvel, "help", help, MRB_ARGS_REQ(1));
     mrb_define_module_function(mrb, orvel, "create", create, MRB_ARGS_REQ(1));
     RClass *const error =
         mrb_define_class_under(mrb, orvel, "Error", mrb_class_get(mrb, "StandardError"));

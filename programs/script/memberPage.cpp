@@ -1,6 +1,7 @@
 #include "memberPage.h"
 
 #include "Interpreter.h"
+#include "members.h"
 
 #include <OrvelCore/script/ScriptLayer.h>
 
@@ -33,31 +34,6 @@ QList<Section> sectionsOf(QByteArray const &examples)
     return sections;
 }
 
-QByteArray kindName(int kind)
-{
-    switch (kind) {
-    case proxyPropertyRead:
-        return "read";
-    case proxyPropertyWrite:
-        return "write";
-    default:
-        return "method";
-    }
-}
-
-QByteArray parameterNames(proxyMemberDescS const &member)
-{
-    QByteArray names;
-    for (int i = 1; i <= member.parameterCount; ++i) {
-        std::type_info const &type = *member.signature()[i].type;
-        if (i > 1) {
-            names += ", ";
-        }
-        names += "`" + mzComReadableTypeName(mzComTypeInfoToName(type)).bytes() + "`";
-    }
-    return names.isEmpty() ? "none" : names;
-}
-
 QByteArray row(proxyMemberDescS const &member, Section const &section, QByteArray const &line)
 {
     QByteArray const call = *member.name != '\0' ? "." + QByteArray(member.name) : ".(";
@@ -71,8 +47,8 @@ QByteArray row(proxyMemberDescS const &member, Section const &section, QByteArra
         throw std::runtime_error((line + ": " + outcome.text).toStdString());
     }
     QByteArray const name = *member.name != '\0' ? QByteArray(member.name) : "\"\"";
-    return "| `" + name + "` | " + kindName(member.kind) + " | " + parameterNames(member) + " | `" +
-           line + "` | `" + outcome.text + "` |\n";
+    return "| `" + name + "` | " + kindName(member.kind) + " | " + parameterNames(member, "`") +
+           " | `" + line + "` | `" + outcome.text + "` |\n";
 }
 
 QByteArray sectionText(Section const &section)
