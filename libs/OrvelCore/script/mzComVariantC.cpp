@@ -34,7 +34,7 @@ mzComVariantC::mzComVariantC(mzComStringC const &value)
 mzComVariantC mzComVariantC::fromUserData(int id, void const *value)
 {
     mzComVariantC variant;
-    if (mzComValueMarshalS const *record = valueTypeRegistry::find(id).record) {
+    if (mzComValueMarshalS const *record = valueTypeRegistry::findRecord(id)) {
         variant.m_shared.reset(record->create(value), record->destroy);
         variant.m_record = record;
         variant.m_kind = Kind::User;
@@ -117,7 +117,7 @@ bool mzComVariantC::writeUserData(mzComDataStreamC &stream) const
 
 bool mzComVariantC::readUserData(int id, mzComDataStreamC &stream)
 {
-    mzComValueMarshalS const *record = valueTypeRegistry::find(id).record;
+    mzComValueMarshalS const *record = valueTypeRegistry::findRecord(id);
     if (record == nullptr) {
         return false;
     }

@@ -38,14 +38,17 @@ struct Slot
 
 using Block = std::array<Slot, blockSize>;
 
+// Apart from the registry, since readers need no more. The blocks are never freed: readers take no
+// lock.
+std::array<std::atomic<Block *>, mostBlocks> blocks{};
+std::atomic<int> givenIds{0};
+
 struct Registry
 {
     std::mutex mutex;
-    std::array<std::atomic<Block *>, mostBlocks> blocks{}; // never freed: readers take no lock
-    unsigned usedSlots = 0;                                // those that ever held a type
-    std::vector<unsigned> freeSlots;                       // has room for all used ones
-    std::set<std::string> names;                           // never shrinks: entries point into it
-    std::atomic<int> count{0};
+    unsigned usedSlots = 0;          // those that ever held a type
+    std::vector<unsigned> freeSlots; // has room for all used ones
+    std::set<std::string> names;     // never shrinks: entries point into it
 
     Slot &slot(unsigned number) const
     {
@@ -108,7 +111,7 @@ Slot *slotOf(int id)
     if (id <= 0 || number >= slotMask) {
         return nullptr;
     }
-    Block *const block = registry().blocks[number / blockSize].load(std::memory_order_acquire);
+    Block *const block = blocks[number / blockSize].load(std::memory_order_acquire);
     if (block == nullptr) {
         return nullptr;
     }
@@ -142,7 +145,7 @@ void add(mzComValueMarshalS *record)
     slot.record.store(record, std::memory_order_release);
     slot.name.store(name, std::memory_order_release);
     slot.id.store(id, std::memory_order_release);
-    types.count.fetch_add(1, std::memory_order_relaxed);
+    givenIds.fetch_add(1, std::memory_order_relaxed);
     // Other threads look at the id without the lock.
     __atomic_store_n(&record->id, id, __ATOMIC_RELEASE);
 }
@@ -184,9 +187,19 @@ Entry find(int id) noexcept
     return slot->id.load(std::memory_order_relaxed) == id ? entry : Entry();
 }
 
+mzComValueMarshalS const *findRecord(int id) noexcept
+{
+    Slot const *const slot = slotOf(id);
+    if (slot == nullptr) {
+        return nullptr;
+    }
+    mzComValueMarshalS const *const record = slot->record.load(std::memory_order_acquire);
+    return slot->id.load(std::memory_order_relaxed) == id ? record : nullptr;
+}
+
 int count() noexcept
 {
-    return registry().count.load(std::memory_order_relaxed);
+    return givenIds.load(std::memory_order_relaxed);
 }
 
 } // namespace valueTypeRegistry

@@ -36,6 +36,9 @@ void removeOwner(void const *owner) noexcept;
 /// The type of this id; an empty entry if there is none, or no longer.
 Entry find(int id) noexcept;
 
+/// The record of the type of this id, null if there is none, or no longer.
+mzComValueMarshalS const *findRecord(int id) noexcept;
+
 /// How many ids were given so far.
 int count() noexcept;
 
