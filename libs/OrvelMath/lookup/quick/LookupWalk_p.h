@@ -44,11 +44,16 @@ public:
     {
         enterRun(root, 0);
         while (m_depth > 0) {
-            Step const step = m_steps[--m_depth];
+            // Field by field: a copy of the whole would wait for the stores of its parts.
+            Step const &step = m_steps[--m_depth];
             double const toPlane = m_query[step.d] - step.split;
             if (m_search.maxSq() >= toPlane * toPlane) {
-                m_search.takeNode(*step.run, step.slot, m_depth);
-                descend(*step.run, step.awayFirst, step.awayEnd, next(step.d));
+                Run const &run = *step.run;
+                int const awayFirst = step.awayFirst;
+                int const awayEnd = step.awayEnd;
+                int const d = next(step.d);
+                m_search.takeNode(run, step.slot, m_depth);
+                descend(run, awayFirst, awayEnd, d);
             }
         }
     }

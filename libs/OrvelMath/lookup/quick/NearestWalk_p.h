@@ -91,17 +91,38 @@ private:
     double measure(Run const &run, int first, int end, double *distances) const
     {
         engine::Pair least = engine::pairOf(std::numeric_limits<double>::infinity());
-        for (int slot = first; slot < end; slot += 2) {
-            engine::Pair pair = squaredDistancesUpTo(run, slot, end, m_query);
-            if constexpr (!std::is_same_v<Accept, LookupAcceptAll>) {
-                double const nan = std::numeric_limits<double>::quiet_NaN();
-                pair[0] = m_accept(run.point(slot)) ? pair[0] : nan;
-                pair[1] = slot + 1 < end && m_accept(run.point(slot + 1)) ? pair[1] : nan;
-            }
+        engine::Pair leastToo = least;
+        int slot = first;
+        for (; slot + 4 <= end; slot += 4) {
+            engine::Pair const pair = accepted(run, slot, squaredDistances(run, slot, m_query));
+            engine::Pair const next =
+                accepted(run, slot + 2, squaredDistances(run, slot + 2, m_query));
+            engine::storePair(distances + (slot - first), pair);
+            engine::storePair(distances + (slot + 2 - first), next);
+            least = engine::lesserOr(pair, least);
+            leastToo = engine::lesserOr(next, leastToo);
+        }
+        for (; slot < end; slot += 2) {
+            engine::Pair const pair =
+                accepted(run, slot, squaredDistancesUpTo(run, slot, end, m_query));
             engine::storePair(distances + (slot - first), pair);
             least = engine::lesserOr(pair, least);
         }
+        least = engine::lesserOr(least, leastToo);
         return least[1] < least[0] ? least[1] : least[0];
+    }
+
+    /// The distances of two slots, NaN where the value may not be the answer.
+    engine::Pair accepted(Run const &run, int slot, engine::Pair distances) const
+    {
+        if constexpr (!std::is_same_v<Accept, LookupAcceptAll>) {
+            double const nan = std::numeric_limits<double>::quiet_NaN();
+            distances[0] = m_accept(run.point(slot)) ? distances[0] : nan;
+            // The second slot may be beyond the end; its distance is NaN then.
+            bool const isValue = distances[1] == distances[1];
+            distances[1] = isValue && m_accept(run.point(slot + 1)) ? distances[1] : nan;
+        }
+        return distances;
     }
 
     /// Bit i is set where the i-th distance is the least.
