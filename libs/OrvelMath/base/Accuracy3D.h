@@ -56,6 +56,9 @@ ORVELMATH_EXPORT double GetAccuracyAngle(double size, double reference);
 /// exactly. A step of 0 short of the end turns `current` into NaN and returns false, as does a NaN
 /// in `step` or `current`. An end of NaN or plus infinity is never reached.
 ///
+/// A LOOP OVER THIS FUNCTION NEVER ENDS where the end isn't reached: in these cases, for a step
+/// below 0, and for one too small to change `current`.
+///
 /// @param step    step angle, degrees
 /// @param end     end of the walk, degrees
 /// @param current read and written, degrees
@@ -74,7 +77,7 @@ ORVELMATH_EXPORT bool GetNextAccuracyAngle(double step, double end, double &curr
 // The last column is the result with a NaN operand. Two equal infinities count as different, as
 // their difference is NaN. A tolerance of NaN is an empty band.
 
-/// Sign without tolerance: 0 for plus and minus zero.
+/// Sign without tolerance: 0 for plus and minus zero, -1 for NaN.
 ORVELMATH_EXPORT int sgn(double value);
 
 /// Sign with an open dead band: 0 when -tolerance < value < tolerance. So a value equal to the

@@ -1,3 +1,5 @@
+/// @file
+/// Three axes and an origin.
 #pragma once
 
 #include <OrvelMath/base/Point3D.h>
@@ -5,7 +7,10 @@
 
 #include <QtCore/qglobal.h>
 
-/// Three axes and an origin. A plain value; see Matrix4X4C for the matrix that it stands for.
+/// Three axes and an origin, model units. A plain value: a copy shares nothing. Nothing checks that
+/// the axes are perpendicular or of length 1.
+///
+/// @see Matrix4X4C::SetFromCoordSystem and Matrix4X4C::GetCoordinateSystem
 struct CoordinateSystem
 {
     /// Zeroes the four points; `reserved` is left as it is found.

@@ -1,3 +1,6 @@
+/// @file
+/// Points of the plane of the first generation, in two precisions, and directions in degrees. NaN
+/// and infinity run through the arithmetic; every operation takes constant time.
 #pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
@@ -6,11 +9,14 @@
 
 #include <cmath>
 
-/// A point or a vector of the plane, two doubles. A plain value: a copy shares nothing.
+/// A point or a vector of the plane, two doubles, model units. A plain value: a copy shares
+/// nothing.
 ///
 /// The comparison operators give 0 or 1. `<` and `>` order by x within a band of 1e-4 model units
 /// and then by y; the band makes them no strict weak ordering, so sort by other means where one is
-/// needed.
+/// needed. A comparison that comes to a NaN gives 0, but `!=` gives 1.
+///
+/// @see vectorC2d, of the second generation, which has no guard in its divisions
 class Point2D
 {
 public:
@@ -270,18 +276,26 @@ inline Point2Df operator/(Point2Df const &a, float s)
     return {a.x() / s, a.y() / s};
 }
 
-/// Unit vector (cos, sin) of an angle in degrees. Not snapped: VecWin(90).x() is about 6.1e-17.
+/// Unit vector (cos, sin) of a direction. Not snapped: VecWin(90).x() is about 6.1e-17.
+///
+/// @param angle degrees, of any size; NaN and infinity give NaN
+/// @see WinVec, which takes the direction back
 ORVELMATH_EXPORT Point2D VecWin(double angle);
 
-/// Direction of a vector in degrees, counter-clockwise from the positive x axis, above 0 and at
-/// most 360: the positive x axis itself is 360, never 0. The zero vector gives 90. NaN in either
-/// member gives NaN, except that x = 0 with y NaN gives 90.
+/// Direction of a vector, counter-clockwise from the positive x axis: the positive x axis itself is
+/// 360, never 0. The zero vector gives 90. NaN in either member gives NaN, except that x = 0 with y
+/// NaN gives 90; two infinities give NaN.
+///
+/// @param x, y model units, of any length
+/// @return degrees, above 0 and at most 360
+/// @see VecWin, the other way
 ORVELMATH_EXPORT double WinVec(double x, double y);
+/// The same of a point.
 ORVELMATH_EXPORT double WinVec(Point2D const &v);
 
 namespace MatUtil {
 
-/// Squared length of `v`, the same computation as Point2D::Length2.
+/// Squared length of `v`, the same computation as Point2D::Length2; squared model units.
 ORVELMATH_EXPORT double getSquareOfLength(Point2D const &v);
 
 } // namespace MatUtil

@@ -1,3 +1,5 @@
+/// @file
+/// The point of space of the first generation.
 #pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
@@ -5,7 +7,11 @@
 
 #include <cmath>
 
-/// A point or a vector of space, three doubles. A plain value: a copy shares nothing.
+/// A point or a vector of space, three doubles, model units. A plain value: a copy shares nothing.
+/// NaN and infinity run through the arithmetic; every operation takes constant time.
+///
+/// @see vectorC3d, of the second generation: its sums begin with x, and nothing guards its
+///      divisions
 class Point3D
 {
 public:
@@ -90,5 +96,8 @@ private:
     double m_v[3];
 };
 
-/// Vector product a x b, right-handed.
+/// Vector product a x b, right-handed; squared model units. Parallel vectors give zeros, of either
+/// sign, but for the rounding of the products.
+///
+/// @see vectorC3d::cross, the same products of the second generation
 ORVELMATH_EXPORT Point3D Math3DVektorprodukt(Point3D const &a, Point3D const &b);

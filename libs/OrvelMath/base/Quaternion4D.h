@@ -1,3 +1,5 @@
+/// @file
+/// Rotations as quaternions, in radians.
 #pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
@@ -13,8 +15,10 @@
 ///   GetMatrix of a turn by +angle maps points the way a turn by -angle does;
 /// - SetEuler and GetEuler use different axis orders and are no inverses of each other.
 ///
-/// A value type without shared state; nothing is normalised unless it says so, and no function
-/// reports an error: NaN passes through.
+/// A plain value: a copy shares nothing. Nothing is normalised unless it says so, and no function
+/// reports an error: NaN passes through. Every function takes constant time.
+///
+/// @see Matrix4X4C, in degrees
 class ORVELMATH_EXPORT Quaternion4D
 {
 public:
@@ -22,6 +26,7 @@ public:
 
     /// The identity (0, 0, 0, 1).
     Quaternion4D();
+    /// The components as given, not normalised.
     Quaternion4D(double x, double y, double z, double w);
     Quaternion4D(Quaternion4D const &other) = default;
     /// As SetMatrix.
@@ -34,9 +39,12 @@ public:
 
     Quaternion4D &operator=(Quaternion4D const &other) = default;
 
+    /// The components as given, not normalised.
     void SetComponents(double x, double y, double z, double w);
+    /// Writes all four.
     void GetComponents(double &x, double &y, double &z, double &w) const;
 
+    /// Sets (0, 0, 0, 1).
     void SetIdentity();
 
     /// Sets the rotation about x, then y, then z by `angles` in radians, each about the fixed axis.
@@ -57,10 +65,14 @@ public:
     ///
     /// A rotation with |sin(angle / 2)| below 0.0001, near none or near a full turn, and a
     /// quaternion with |w| > 1 give the angle 0 about (1, 0, 0).
+    ///
+    /// @param axis  written
+    /// @param angle written, radians
     void GetAngleAxis(Point3D &axis, double &angle) const;
 
     /// Sets the rotation of the 3x3 part of `matrix`, which is the inverse of GetMatrix if that
-    /// part is a rotation (K. Shoemake, 1985: by the largest component; on the transpose).
+    /// part is a rotation (K. Shoemake, 1985: by the largest component; on the transpose). Of
+    /// another matrix the result is no unit quaternion; the zero matrix gives (0.5, 0, 0, 0).
     void SetMatrix(Matrix4X4C const &matrix);
 
     /// Returns the transpose of the textbook rotation matrix of (x, y, z, w), with no translation.
@@ -69,7 +81,9 @@ public:
     /// The sum of the products of the components; for unit quaternions, the cosine of half the
     /// angle between the rotations.
     double Dot(Quaternion4D const &other) const;
+    /// The sum of the squares of the components, x first.
     double LengthSqr() const;
+    /// The root of LengthSqr().
     double Length() const;
 
     /// Returns the copy of unit length. The zero quaternion gives NaN.
@@ -81,7 +95,10 @@ public:
     /// `t` = 1 (K. Shoemake, 1985). For unit quaternions.
     ///
     /// From |dot product| 0.99999 upward the interpolation is linear; the result is not normalised
-    /// there either, and its length may be short of 1 by 2.5e-6.
+    /// there either, and its length may be short of 1 by 2.5e-6. `t` outside 0 to 1 goes on along
+    /// the great circle.
+    ///
+    /// @see Lerp, which doesn't turn to the nearer one
     Quaternion4D Slerp(Quaternion4D const &to, double t) const;
 
     /// Linear interpolation of the components, neither by the shorter way nor normalised.

@@ -1,3 +1,5 @@
+/// @file
+/// Transformations of the plane that carry direction angles along.
 #pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
@@ -7,8 +9,10 @@
 /// map for direction angles in degrees, so one object carries a point and its direction along. A
 /// mirror turns the sense of the angle map.
 ///
-/// A value type without shared state. No operation reports an error; NaN and infinities run through
-/// the arithmetic.
+/// A plain value: a copy shares nothing. No operation reports an error; NaN and infinities run
+/// through the arithmetic. Every operation takes constant time. Angles are degrees.
+///
+/// @see matrixC3x3, whose product with a vectorC2d is the same map without the angles
 class ORVELMATH_EXPORT TMatrix
 {
 public:
@@ -59,15 +63,17 @@ public:
     TMatrix &operator*=(TMatrix const &other);
 
     /// Returns the inverse of a diagonal matrix, and of no other kind: the elimination scales the
-    /// pivot row of the companion instead of reducing the other rows, and callers rely on that
-    /// arithmetic. The angle map of the result is that of the identity, so the inverse of a mirror
-    /// isn't known as a mirror. A matrix found singular gives the identity.
+    /// pivot row of the companion instead of reducing the other rows. That arithmetic is kept,
+    /// since results depend on it. The angle map of the result is that of the identity, so the
+    /// inverse of a mirror isn't known as a mirror. A matrix found singular gives the identity.
     ///
     /// For a general inverse see Math3DInvertMatrix.
     TMatrix operator~() const;
 
     /// Returns the image of a length, measured in the direction of 45 degrees: under unequal
     /// scaling another direction has another length.
+    ///
+    /// @param length model units, of either sign
     double Laenge(double length) const;
 
     /// Tells whether the angle map turns the sense of angles.

@@ -1,3 +1,5 @@
+/// @file
+/// The heap that the value types of the library live on.
 #pragma once
 
 #include <OrvelCore/runtime/QtAllocation.h>

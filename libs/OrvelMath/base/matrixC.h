@@ -1,10 +1,13 @@
+/// @file
+/// Matrices of the second generation, held axis by axis. NaN and infinity run through the
+/// arithmetic; every operation takes constant time.
 #pragma once
 
 #include <OrvelMath/base/vectorC.h>
 
 /// Matrix of 3x3 values held axis by axis: the images of the x, the y and the z axis.
 ///
-/// The memory is column-major: element (row, col) stands at cell 3 * col + row. Points are columns,
+/// The memory is column-major: element (row, col) is cell 3 * col + row. Points are columns,
 /// p' = M p. A plain value: a copy shares nothing.
 template <typename T>
 class matrixC3x3
@@ -104,7 +107,7 @@ private:
 /// Matrix of 4x4 values held axis by axis: x axis, y axis, z axis, translation, each followed by
 /// its homogeneous component.
 ///
-/// The memory is column-major, the order of OpenGL: element (row, col) stands at cell 4 * col + row
+/// The memory is column-major, the order of OpenGL: element (row, col) is cell 4 * col + row
 /// and the translation at cells 12, 13 and 14. It is the transposed memory image, and the same
 /// mathematical matrix, as Matrix4X4C. Points are columns, p' = M p. A plain value.
 template <typename T>

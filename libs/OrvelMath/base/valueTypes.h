@@ -1,5 +1,4 @@
-#pragma once
-
+/// @file
 /// The value types that all geometry of the library is written in.
 ///
 /// Two generations stand side by side, each pair with the same memory image:
@@ -11,6 +10,7 @@
 /// | Matrix4X4C       | matrixC4x4<double> | row-major against column-major memory             |
 ///
 /// Points are columns, p' = M p, in every matrix type.
+#pragma once
 
 #include <OrvelMath/base/CoordinateSystem.h>
 #include <OrvelMath/base/Point2D.h>

@@ -1,3 +1,6 @@
+/// @file
+/// Vectors of the second generation. NaN and infinity run through the arithmetic; every operation
+/// takes constant time.
 #pragma once
 
 #include <cmath>

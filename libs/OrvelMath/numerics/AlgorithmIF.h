@@ -1,3 +1,5 @@
+/// @file
+/// The steps that iterative methods share.
 #pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
@@ -15,7 +17,8 @@ public:
     AlgorithmIF &operator=(AlgorithmIF const &);
     virtual ~AlgorithmIF();
 
-    /// Performs one step. Returns true when the method has finished and false when another step is
-    /// wanted. A call after true is allowed and performs another step.
+    /// Performs one step. A call after true is allowed and performs another step.
+    ///
+    /// @return true when the method has finished, false when another step is wanted
     virtual bool iterate() = 0;
 };

@@ -1,3 +1,6 @@
+/// @file
+/// Circles through noisy points of the plane. Both fits take model units, go twice over the points
+/// and allocate nothing.
 #pragma once
 
 #include <OrvelCore/runtime/OrvelAllocatorT.h>
@@ -15,9 +18,11 @@ namespace MatUtil {
 ///
 /// Fewer than three distinct points and collinear ones, where a pivot of the covariance is at or
 /// below 1e-12 squared model units, give the centre (0, 0) and the radius 0.0, and so do an empty
-/// list and a NaN among the coordinates.
+/// list and a NaN among the coordinates. An infinity gives them, too.
 ///
-/// Cost: two passes over the points, no allocation.
+/// @param points only read
+/// @return centre and radius
+/// @see taubinFit
 ORVELMATH_EXPORT std::pair<vectorC2d<double>, double>
 kasaFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> const &points);
 
@@ -28,13 +33,16 @@ kasaFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> const
 /// The quartic has the leading factor 4, and the radius is corrected by twice the root: neither is
 /// the textbook's form, and the two belong together.
 ///
-/// `minDeterminant` (a fourth power of a length) is the smallest value of the final determinant at
-/// which the result is accepted. The comparison is signed, so 0.0 refuses a negative determinant;
-/// minus infinity accepts all, and a determinant of 0.0 then gives a centre that is not finite.
 /// What is refused, and a list of fewer than three points, gives the centre (0, 0) and the radius
 /// 0.0. A NaN among the coordinates arrives in the result.
 ///
-/// Cost: two passes over the points, no allocation.
+/// @param points         only read
+/// @param minDeterminant the smallest value of the final determinant, a fourth power of a length,
+///                       at which the result is accepted. The comparison is signed, so 0.0 refuses
+///                       a negative determinant; minus infinity accepts all, and a determinant of
+///                       0.0 then gives a centre that is not finite.
+/// @return centre and radius
+/// @see kasaFit
 ORVELMATH_EXPORT std::pair<vectorC2d<double>, double>
 taubinFit(std::vector<vectorC2d<double>, OrvelAllocatorT<vectorC2d<double>>> const &points,
           double minDeterminant);

@@ -1,4 +1,5 @@
-// The three algorithms behind MatUtil::getEigenVector3d, each with its convention of outputs.
+/// @file
+/// The three algorithms behind MatUtil::getEigenVector3d, each with its convention of outputs.
 #pragma once
 
 #include <OrvelMath/base/valueTypes.h>

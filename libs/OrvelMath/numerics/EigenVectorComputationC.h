@@ -1,3 +1,5 @@
+/// @file
+/// Eigenvectors of symmetric 3x3 matrices.
 #pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
@@ -23,18 +25,20 @@ enum EigenVectorAlgoE : int {
 /// Finds eigenvectors and eigenvalues of a symmetric 3x3 matrix by one chosen algorithm. None of
 /// them is reliable everywhere; EigenVectorComputationC tries all and keeps the best.
 ///
-/// `first`, `second` and `values` each address three doubles: the eigenvector of the largest
-/// eigenvalue, that of the smallest one, and the eigenvalues in the order of the table above. The
-/// vectors are unit vectors. With EigenVectorAnalytic those of a double eigenvalue are not
-/// orthogonal to each other.
-///
-/// Returns false for a value that names no algorithm; when EigenVectorPower can't invert the
-/// matrix; when EigenVectorQR meets a column of length zero; when EigenVectorAnalytic finds a
-/// shifted matrix not singular within the absolute pivot limit 0.0001, which wants entries of
-/// moderate size. The outputs may hold parts of a result then.
-///
 /// Running out of passes (500 of each iteration, 501 of QR) is no failure: the result is what
-/// there is. NaN runs through the arithmetic and never makes a good result.
+/// there is. NaN and infinity run through the arithmetic and never make a good result.
+///
+/// @param matrix    read as it is: of the two triangles neither is checked against the other
+/// @param first     three doubles: the eigenvector of the largest eigenvalue, a unit vector
+/// @param second    three doubles: that of the smallest one. With EigenVectorAnalytic the vectors
+///                  of a double eigenvalue are not orthogonal to each other.
+/// @param values    three doubles: the eigenvalues in the order of the table above
+/// @param algorithm one of the three
+/// @return false for a value that names no algorithm; when EigenVectorPower can't invert the
+///         matrix; when EigenVectorQR meets a column of length zero; when EigenVectorAnalytic finds
+///         a shifted matrix not singular within the absolute pivot limit 0.0001, which wants
+///         entries of moderate size. The outputs may hold parts of a result then.
+/// @see EigenVectorComputationC, which tries all three
 ORVELMATH_EXPORT bool getEigenVector3d(matrixC3x3<double> const &matrix, double *first,
                                        double *second, double *values, EigenVectorAlgoE algorithm);
 
@@ -50,6 +54,8 @@ ORVELMATH_EXPORT bool getEigenVector3d(matrixC3x3<double> const &matrix, double 
 /// The object is a handle to one record on the heap, which it owns. Assignment copies the handle
 /// and NOT the record: afterwards two handles share one record, only one of them may be destroyed,
 /// and the record that the target held before is lost.
+///
+/// @see JacobiMethod, for any size; runPCA, for the axes of a cloud of points
 class ORVELMATH_EXPORT EigenVectorComputationC
 {
 public:

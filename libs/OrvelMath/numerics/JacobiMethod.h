@@ -1,3 +1,5 @@
+/// @file
+/// All eigenpairs of a symmetric matrix.
 #pragma once
 
 #include <OrvelCore/runtime/PValOrderedVector.h>
@@ -17,19 +19,26 @@
 ///     JacobiMethod method(&matrix);
 ///     while (!method.iterate()) {
 ///     }
+///
+/// @see PowerMethod, for one pair of any matrix; EigenVectorComputationC, for 3x3
 class ORVELMATH_EXPORT JacobiMethod : public AlgorithmIF
 {
 public:
     /// Starts on `matrix`, with the identity as eigenvectors.
+    ///
+    /// @param matrix borrowed and overwritten; not null
     JacobiMethod(SymmetricMatrixIF *matrix);
     JacobiMethod(JacobiMethod const &);
     JacobiMethod &operator=(JacobiMethod const &);
     ~JacobiMethod() override;
 
-    /// One sweep. Returns true, without rotating, when the magnitudes of the strict upper triangle
-    /// sum up to at most 1e-8. The limit is absolute and does not scale with the matrix. A NaN
-    /// off the diagonal never converges, but for a matrix of two rows, where it moves onto the
-    /// diagonal.
+    /// One sweep. The limit of convergence is absolute and does not scale with the matrix. A NaN or
+    /// an infinity off the diagonal never converges, but for a matrix of two rows, where a NaN
+    /// moves onto the diagonal.
+    ///
+    /// @return true, without rotating, when the magnitudes of the strict upper triangle sum up to
+    /// at
+    ///         most 1e-8
     bool iterate() override;
 
     /// The sum of magnitudes of the strict upper triangle at the start of the latest sweep; 0.0
@@ -43,7 +52,8 @@ public:
     void getEigenvector(unsigned int i, PValOrderedVector<double> &result);
 
 protected:
-    /// Makes element (p, q) zero by a rotation in the plane of coordinates p and q.
+    /// Makes element (p, q) zero by a rotation in the plane of coordinates p and q, which differ.
+    /// Costs O(n).
     void rotate(unsigned int p, unsigned int q);
 
 private:

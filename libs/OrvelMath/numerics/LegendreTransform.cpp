@@ -54,7 +54,7 @@ void legendreTrafo(double *data, double *result, int size, int order, double con
     int const count = size / 2 - order;
     for (int first = 0; first < count; first += rowsTogether) {
         Rows rows;
-        for (int r = 0; r < rowsTogether; ++r) { // the last row stands in for those beyond it
+        for (int r = 0; r < rowsTogether; ++r) { // the last row serves for those beyond it, too
             rows[r] = table + std::ptrdiff_t(std::min(first + r, count - 1)) * size;
         }
         double sums[rowsTogether];

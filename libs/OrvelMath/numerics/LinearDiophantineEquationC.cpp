@@ -43,7 +43,7 @@ bool divides(int d, int p)
 }
 
 /// p/d, its fraction rounded up in magnitude for a positive p and dropped for a negative one; a
-/// quotient of magnitude below 1 stays 0, since the rule asks for the sign of the truncated one.
+/// quotient of magnitude below 1 stays 0, since the sign that decides is that of the truncated one.
 int roundedQuotient(int p, int d)
 {
     int const q = quotient(p, d);

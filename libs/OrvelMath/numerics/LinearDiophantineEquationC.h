@@ -1,3 +1,5 @@
+/// @file
+/// Linear equations in two integers.
 #pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
@@ -17,14 +19,19 @@
 class ORVELMATH_EXPORT LinearDiophantineEquationC
 {
 public:
+    /// Runs the Euclidean algorithm, in at most 47 divisions.
     LinearDiophantineEquationC(int a, int b);
     LinearDiophantineEquationC(LinearDiophantineEquationC const &);
     LinearDiophantineEquationC(LinearDiophantineEquationC &&) noexcept;
     LinearDiophantineEquationC &operator=(LinearDiophantineEquationC const &);
     LinearDiophantineEquationC &operator=(LinearDiophantineEquationC &&) noexcept;
 
-    /// Writes one solution and the steps to its neighbours: all solutions are x + k*xStep,
-    /// y + k*yStep. Returns false and leaves the outputs alone when c is no multiple of g.
+    /// Finds one solution and the steps to its neighbours: all solutions are x + k*xStep,
+    /// y + k*yStep.
+    ///
+    /// @param c                  the right-hand side
+    /// @param x, y, xStep, yStep written when there is a solution
+    /// @return false when c is no multiple of g
     bool solve(int c, int &x, int &y, int &xStep, int &yStep) const;
 
     /// Finds where the solutions enter and leave the range xMin <= x <= xMax, yMin <= y <= yMax.
@@ -36,8 +43,11 @@ public:
     /// one, and a quotient of magnitude below 1 counts as 0. That is no true ceiling: the ends may
     /// lie a step off the range.
     ///
-    /// Returns false and leaves the outputs alone when c is no multiple of g, when a or b is 0
-    /// (even if the range holds solutions), and when the interval is empty.
+    /// @param c                      the right-hand side
+    /// @param xMin, xMax, yMin, yMax the range, ends included
+    /// @param x, y                   written when the answer is true
+    /// @return false when c is no multiple of g, when a or b is 0 (even if the range holds
+    ///         solutions), and when the interval is empty
     bool findSolutionInRange(int c, int xMin, int xMax, int yMin, int yMax, int &x, int &y) const;
 
     /// True when x*a + y*b equals c.

@@ -1,3 +1,5 @@
+/// @file
+/// What the iterative methods ask of a matrix.
 #pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
@@ -11,7 +13,8 @@
 /// | SymmetricMatrixNXN | upper triangle, row by row            | zeros                |
 ///
 /// Anyone may derive an implementation: the iterative methods reach the elements only through
-/// these operations. An object allocated by one module may be freed by another.
+/// these operations, but for objects of exactly the two classes above, where nobody can tell the
+/// difference. An object allocated by one module may be freed by another.
 class ORVELMATH_EXPORT MatrixIF
 {
 public:

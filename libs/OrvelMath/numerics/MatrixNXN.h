@@ -1,3 +1,5 @@
+/// @file
+/// The two matrices that the library brings.
 #pragma once
 
 #include <OrvelCore/runtime/OrvelAllocatorT.h>
@@ -5,7 +7,7 @@
 
 #include <vector>
 
-/// Dense square matrix, row by row: element (i, j) stands at i*n + j.
+/// Dense square matrix, row by row: element (i, j) is cell i*n + j.
 ///
 /// The elements are owned. A copy is member by member: it SHARES the elements with its source, and
 /// only one of the two may be destroyed.

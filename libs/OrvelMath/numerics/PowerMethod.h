@@ -1,3 +1,5 @@
+/// @file
+/// The dominant eigenpair of a square matrix.
 #pragma once
 
 #include <OrvelMath/numerics/AlgorithmIF.h>
@@ -12,20 +14,23 @@
 ///
 /// The two arrays are owned; a copy of the object shares them with its source, and only one of the
 /// two may be destroyed.
+///
+/// @see WielandtMethod, for the next pair; JacobiMethod, for all of a symmetric matrix
 class ORVELMATH_EXPORT PowerMethod : public AlgorithmIF
 {
 public:
-    /// `accuracy` is the distance of successive unit vectors below which the method has finished.
+    /// @param matrix   borrowed; null makes every step return true at once
+    /// @param accuracy the distance of successive unit vectors below which the method has finished;
+    ///                 with 0 or less it never does
     PowerMethod(MatrixIF *matrix, double accuracy);
     PowerMethod(PowerMethod const &);
     PowerMethod &operator=(PowerMethod const &);
     ~PowerMethod() override;
 
-    /// One step; true when the vector moved by less than the accuracy (strict), its sign aside.
-    /// Returns true at once when the matrix is null.
+    /// One step. The first call draws the start vector from the process's `std::rand`, which the
+    /// library never seeds: its components are not negative. A start vector of zeros gives NaN.
     ///
-    /// The first call draws the start vector from the process's `std::rand`, which the library
-    /// never seeds: its components are not negative. A start vector of zeros gives NaN.
+    /// @return true when the vector moved by less than the accuracy (strict), its sign aside
     bool iterate() override;
 
     /// The SQUARE of the distance that the latest step tested against the accuracy; 0.0 before the

@@ -1,13 +1,9 @@
-#pragma once
-
-#include <OrvelMath/OrvelMathExport.h>
-
-/// \file
+/// @file
 /// Fourier and Legendre transforms on arrays of the caller.
 ///
 /// Complex data are always two arrays, real parts and imaginary parts. Nothing here allocates, and
-/// nothing outside the arrays told is touched. Sizes are trusted. There is no state: concurrent
-/// calls on separate arrays are safe.
+/// nothing outside the given arrays is touched. Sizes are trusted. There is no state: concurrent
+/// calls on separate arrays are safe. NaN and infinity run through the arithmetic.
 ///
 /// THE FORWARD TRANSFORM HAS THE POSITIVE EXPONENT, contrary to most other libraries:
 ///
@@ -19,24 +15,36 @@
 /// The transforms give the same bits on every processor: vector units take independent butterflies
 /// or rows side by side and never split a sum. (The roots come from the C library's sine and
 /// cosine.)
+#pragma once
+
+#include <OrvelMath/OrvelMathExport.h>
 
 /// Fills the table of roots for transforms of size `n`: entry k is exp(+2*pi*i*k/n), its parts in
 /// `re[k]` and `im[k]`. Nothing happens for n <= 0.
+///
+/// @param re, im n doubles each, written
+/// @param n      the size of the transform
 ORVELMATH_EXPORT void generateRoots(double *re, double *im, int n);
 
 /// Radix-2 Fourier transform with decimation in frequency (W. M. Gentleman and G. Sande, 1966).
 ///
-/// `n` is the size, a power of two; another positive one gives meaningless output inside the
-/// arrays, and n <= 0 none. All arrays have n doubles, `scratch` has 2*n. `rootsRe` and `rootsIm`
-/// are the table of generateRoots() for this n.
-///
 /// The input is not changed, unless the output is given the same arrays, which is allowed, as is
-/// writing over the roots. Neither input nor output may overlap `scratch`. What stands in `scratch`
-/// afterwards is unspecified. Cost: O(n log n).
+/// writing over the roots. Neither input nor output may overlap `scratch`. Cost: O(n log n).
+///
+/// @param inRe, inIm       n doubles each
+/// @param outRe, outIm     n doubles each, written
+/// @param n                the size, a power of two; another positive one gives meaningless output
+///                         inside the arrays, and n <= 0 none
+/// @param rootsRe, rootsIm the table of generateRoots() for this n
+/// @param scratch          2*n doubles; what it holds afterwards is unspecified
+/// @see computeInverseFFT, which undoes it
 ORVELMATH_EXPORT void computeFFT(double *inRe, double *inIm, double *outRe, double *outIm, int n,
                                  double *rootsRe, double *rootsIm, double *scratch);
 
-/// The inverse of computeFFT(): negative exponent, each value divided by n. Same arguments.
+/// The inverse of computeFFT(): negative exponent, each value divided by n. Same arguments, same
+/// cost.
+///
+/// @see computeFFT
 ORVELMATH_EXPORT void computeInverseFFT(double *inRe, double *inIm, double *outRe, double *outIm,
                                         int n, double *rootsRe, double *rootsIm, double *scratch);
 

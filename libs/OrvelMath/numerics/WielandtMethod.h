@@ -1,3 +1,5 @@
+/// @file
+/// The eigenpair after a known one.
 #pragma once
 
 #include <OrvelMath/numerics/AlgorithmIF.h>
@@ -13,12 +15,17 @@
 ///
 /// The known eigenvector is borrowed and must outlive the object. What the object allocates it
 /// owns; a copy shares it with its source, and only one of the two may be destroyed.
+///
+/// @see PowerMethod, which finds the first pair
 class ORVELMATH_EXPORT WielandtMethod : public AlgorithmIF
 {
 public:
-    /// Deflates `matrix`, which is only read and not kept, by the pair `lambda` and `eigenvector`
-    /// (n components, of any length). A matrix without rows leaves one without rows. `accuracy` is
-    /// that of the inner PowerMethod. Costs O(n^2).
+    /// Deflates the matrix. One without rows leaves one without rows. Costs O(n^2).
+    ///
+    /// @param matrix      only read, and not kept
+    /// @param lambda      the known eigenvalue, not 0
+    /// @param eigenvector its eigenvector: n components, of any length; borrowed
+    /// @param accuracy    that of the inner PowerMethod
     WielandtMethod(MatrixIF *matrix, double lambda, double *eigenvector, double accuracy);
     WielandtMethod(WielandtMethod const &);
     WielandtMethod &operator=(WielandtMethod const &);

@@ -63,7 +63,7 @@ void runPCA(double &value1, double &centerX, Point3D &axis1, double &value2, dou
     while (!method.iterate()) {
     }
 
-    // Ascending; of equal eigenvalues the later column stands behind.
+    // Ascending; of equal eigenvalues the later column comes later.
     std::multimap<double, Point3D> pairs;
     for (unsigned int column = 0; column < 3; ++column) {
         PValOrderedVector<double> v;
