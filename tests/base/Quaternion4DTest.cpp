@@ -1,3 +1,5 @@
+#include "support/Bits.h"
+
 #include <OrvelMath/base/Quaternion4D.h>
 
 #include <gtest/gtest.h>
@@ -11,7 +13,6 @@
 namespace {
 
 double const pi = 3.141592653589793;
-double const notANumber = std::numeric_limits<double>::quiet_NaN();
 
 using Components = std::array<double, 4>;
 using Rotation = std::array<std::array<double, 3>, 3>;
@@ -173,11 +174,11 @@ TEST(QuaternionValue, AllocatesAndFreesThroughTheClass)
 TEST(QuaternionValue, LengthAndDotProduct)
 {
     Quaternion4D const q(1.0, 2.0, 3.0, 4.0);
-    EXPECT_EQ(q.LengthSqr(), 30.0);
+    EXPECT_EQ(30.0, q.LengthSqr());
     EXPECT_EQ(q.Length(), std::sqrt(30.0));
-    EXPECT_EQ(q.Dot(Quaternion4D(5.0, 6.0, 7.0, 8.0)), 70.0);
+    EXPECT_EQ(70.0, q.Dot(Quaternion4D(5.0, 6.0, 7.0, 8.0)));
     // y is added first: the large products cancel before the small ones are lost in them
-    EXPECT_EQ(Quaternion4D(1e20, 1e20, 1.0, 2.0).Dot(Quaternion4D(-1.0, 1.0, 3.0, 4.0)), 11.0);
+    EXPECT_EQ(11.0, Quaternion4D(1e20, 1e20, 1.0, 2.0).Dot(Quaternion4D(-1.0, 1.0, 3.0, 4.0)));
 
     double const length = std::sqrt(30.0);
     expectComponents(q.Normal(), 1.0 / length, 2.0 / length, 3.0 / length, 4.0 / length);
@@ -210,10 +211,10 @@ TEST(QuaternionMatrix, IsTheTransposeOfTheTextbookForm)
     q.SetRotation(Point3D(0.0, 0.0, 1.0), pi / 2.0);
     Matrix4X4C const matrix = q.GetMatrix();
     double const(&m)[4][4] = matrix.GetConstMatrixRef();
-    EXPECT_NEAR(m[0][1], 1.0, 1e-15);
-    EXPECT_NEAR(m[1][0], -1.0, 1e-15);
-    EXPECT_NEAR(m[0][0], 0.0, 1e-15);
-    EXPECT_EQ(m[2][2], 1.0);
+    EXPECT_NEAR(1.0, m[0][1], 1e-15);
+    EXPECT_NEAR(-1.0, m[1][0], 1e-15);
+    EXPECT_NEAR(0.0, m[0][0], 1e-15);
+    EXPECT_EQ(1.0, m[2][2]);
     EXPECT_LT(distance(Quaternion4D(matrix), q), 1e-15);
 }
 
@@ -292,7 +293,7 @@ TEST(QuaternionAngleAxis, GuardsGiveNoRotation)
     Point3D axis(7.0, 7.0, 7.0);
     double angle = 7.0;
     Quaternion4D().GetAngleAxis(axis, angle);
-    EXPECT_EQ(angle, 0.0);
+    EXPECT_EQ(0.0, angle);
     EXPECT_EQ(axis, Point3D(1.0, 0.0, 0.0));
 
     for (Quaternion4D const &q :
@@ -302,7 +303,7 @@ TEST(QuaternionAngleAxis, GuardsGiveNoRotation)
         angle = 7.0;
         axis = Point3D(7.0, 7.0, 7.0);
         q.GetAngleAxis(axis, angle);
-        EXPECT_EQ(angle, 0.0);
+        EXPECT_EQ(0.0, angle);
         EXPECT_EQ(axis, Point3D(1.0, 0.0, 0.0));
     }
 }
@@ -312,8 +313,8 @@ TEST(QuaternionAngleAxis, SmallTurnBeyondTheGuardIsReported)
     Point3D axis;
     double angle = 0.0;
     Quaternion4D(Point3D(0.0, 0.0, 1.0), 2.1e-4).GetAngleAxis(axis, angle);
-    EXPECT_NEAR(angle, 2.1e-4, 1e-11);
-    EXPECT_NEAR(axis.z(), 1.0, 1e-7);
+    EXPECT_NEAR(2.1e-4, angle, 1e-11);
+    EXPECT_NEAR(1.0, axis.z(), 1e-7);
 }
 
 TEST(QuaternionEuler, SetTurnsAboutTheFixedAxesInOrder)
@@ -347,9 +348,9 @@ TEST(QuaternionEuler, SeveralTurnsDoNotComeBack)
     double z;
     double x;
     Quaternion4D(Point3D(0.3, 0.2, 0.1)).GetEuler(y, z, x);
-    EXPECT_DOUBLE_EQ(y, 0.20097742484949532);
-    EXPECT_DOUBLE_EQ(z, 0.09800018592316886);
-    EXPECT_DOUBLE_EQ(x, 0.28006921733608603);
+    EXPECT_DOUBLE_EQ(0.20097742484949532, y);
+    EXPECT_DOUBLE_EQ(0.09800018592316886, z);
+    EXPECT_DOUBLE_EQ(0.28006921733608603, x);
 }
 
 TEST(QuaternionEuler, PolesAreExact)
@@ -358,15 +359,15 @@ TEST(QuaternionEuler, PolesAreExact)
     double z = 7.0;
     double x = 7.0;
     Quaternion4D(Point3D(0.0, 0.0, pi / 2.0)).GetEuler(y, z, x);
-    EXPECT_EQ(y, 0.0);
-    EXPECT_EQ(z, 1.5707963267948966);
-    EXPECT_EQ(x, 0.0);
+    EXPECT_EQ(0.0, y);
+    EXPECT_EQ(1.5707963267948966, z);
+    EXPECT_EQ(0.0, x);
 
     Quaternion4D south(-0.1, 0.2, -0.7, 0.7); // x y + z w = -0.51
     south.GetEuler(y, z, x);
     EXPECT_EQ(y, -2.0 * std::atan2(-0.1, 0.7));
-    EXPECT_EQ(z, -1.5707963267948966);
-    EXPECT_EQ(x, 0.0);
+    EXPECT_EQ(-1.5707963267948966, z);
+    EXPECT_EQ(0.0, x);
 
     Quaternion4D(0.0, 0.0, 0.499, 1.0).GetEuler(y, z, x); // the limit itself is no pole
     EXPECT_EQ(z, std::asin(2.0 * 0.499));
@@ -406,23 +407,23 @@ TEST(QuaternionLerp, TakesNoShortWay)
 
 TEST(QuaternionNonFinite, PassesThrough)
 {
-    Quaternion4D const q(notANumber, 0.0, 0.0, 1.0);
+    Quaternion4D const q(support::nan, 0.0, 0.0, 1.0);
     EXPECT_TRUE(std::isnan(q.Length()));
     EXPECT_TRUE(std::isnan(q.GetMatrix().GetConstMatrixRef()[1][1]));
     EXPECT_TRUE(std::isnan(componentsOf(q.Slerp(Quaternion4D(), 0.5))[0]));
     EXPECT_TRUE(std::isnan(componentsOf(q.Lerp(Quaternion4D(), 0.5))[0]));
     Point3D axis;
     double angle = 0.0;
-    Quaternion4D(0.0, 0.0, 1.0, notANumber).GetAngleAxis(axis, angle);
+    Quaternion4D(0.0, 0.0, 1.0, support::nan).GetAngleAxis(axis, angle);
     EXPECT_TRUE(std::isnan(angle));
     EXPECT_TRUE(std::isnan(axis.z()));
     Matrix4X4C m;
-    m.Scale(notANumber, 1.0, 1.0);
+    m.Scale(support::nan, 1.0, 1.0);
     EXPECT_TRUE(std::isnan(componentsOf(Quaternion4D(m))[3]));
     double y = 0.0;
     double z = 0.0;
     double x = 0.0;
-    Quaternion4D(0.0, 0.0, notANumber, 1.0).GetEuler(y, z, x);
+    Quaternion4D(0.0, 0.0, support::nan, 1.0).GetEuler(y, z, x);
     EXPECT_TRUE(std::isnan(y));
     EXPECT_TRUE(std::isnan(z));
 }

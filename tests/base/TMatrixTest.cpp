@@ -1,3 +1,5 @@
+#include "support/Bits.h"
+
 #include <OrvelMath/base/TMatrix.h>
 
 #include <gtest/gtest.h>
@@ -81,8 +83,8 @@ TEST(TMatrixValue, DefaultIsTheIdentity)
     TMatrix const t;
     EXPECT_EQ(elementsOf(t), (Elements{1.0, 0.0, 0.0, 1.0, 0.0, 0.0}));
     EXPECT_EQ(thirdRowOf(t), plainThirdRow);
-    EXPECT_EQ(factorOf(t), 1.0);
-    EXPECT_EQ(offsetOf(t), 0.0);
+    EXPECT_EQ(1.0, factorOf(t));
+    EXPECT_EQ(0.0, offsetOf(t));
     EXPECT_FALSE(t.isMirrorMatrix());
 }
 
@@ -90,16 +92,16 @@ TEST(TMatrixValue, TranslationMovesPointsAndKeepsAngles)
 {
     TMatrix const t(Point2D(5.0, 7.0));
     EXPECT_EQ(t * Point2D(1.0, 2.0), Point2D(6.0, 9.0));
-    EXPECT_EQ(t * 30.0, 30.0);
+    EXPECT_EQ(30.0, t * 30.0);
 }
 
 TEST(TMatrixValue, RotationIsCounterClockwiseInDegrees)
 {
     TMatrix const t(90.0);
     Point2D const image = t * Point2D(1.0, 0.0);
-    EXPECT_NEAR(image.x(), 0.0, 1e-16);
-    EXPECT_EQ(image.y(), 1.0);
-    EXPECT_EQ(t * 10.0, 100.0);
+    EXPECT_NEAR(0.0, image.x(), 1e-16);
+    EXPECT_EQ(1.0, image.y());
+    EXPECT_EQ(100.0, t * 10.0);
     double const radians = 33.0 * 3.141592653589793 / 180.0;
     EXPECT_EQ(elementsOf(TMatrix(33.0)),
               (Elements{std::cos(radians), -std::sin(radians), std::sin(radians), std::cos(radians),
@@ -108,18 +110,18 @@ TEST(TMatrixValue, RotationIsCounterClockwiseInDegrees)
 
 TEST(TMatrixValue, PresetMirrors)
 {
-    EXPECT_EQ(TMatrix(0) * 30.0, 330.0);
-    EXPECT_EQ(TMatrix(1) * 30.0, 150.0);
-    EXPECT_EQ(TMatrix(2) * 30.0, 60.0);
+    EXPECT_EQ(330.0, TMatrix(0) * 30.0);
+    EXPECT_EQ(150.0, TMatrix(1) * 30.0);
+    EXPECT_EQ(60.0, TMatrix(2) * 30.0);
     EXPECT_EQ(TMatrix(0) * Point2D(2.0, 3.0), Point2D(2.0, -3.0));
     EXPECT_EQ(TMatrix(1) * Point2D(2.0, 3.0), Point2D(-2.0, 3.0));
     EXPECT_EQ(TMatrix(2) * Point2D(2.0, 3.0), Point2D(3.0, 2.0));
     for (int kind = 0; kind < 3; ++kind) {
         EXPECT_TRUE(TMatrix(kind).isMirrorMatrix()) << kind;
-        EXPECT_EQ(factorOf(TMatrix(kind)), -1.0) << kind;
+        EXPECT_EQ(-1.0, factorOf(TMatrix(kind))) << kind;
         EXPECT_EQ(thirdRowOf(TMatrix(kind)), plainThirdRow) << kind;
-        EXPECT_EQ(elementsOf(TMatrix(kind))[4], 0.0) << kind;
-        EXPECT_EQ(elementsOf(TMatrix(kind))[5], 0.0) << kind;
+        EXPECT_EQ(0.0, elementsOf(TMatrix(kind))[4]) << kind;
+        EXPECT_EQ(0.0, elementsOf(TMatrix(kind))[5]) << kind;
     }
 }
 
@@ -130,7 +132,7 @@ TEST(TMatrixValue, UnknownMirrorLeavesTheMemoryUnwritten)
         std::memset(memory, 0x5a, sizeof memory);
         new (memory) TMatrix(kind);
         for (unsigned char byte : memory) {
-            ASSERT_EQ(byte, 0x5a) << kind;
+            ASSERT_EQ(0x5a, byte) << kind;
         }
     }
 }
@@ -139,18 +141,18 @@ TEST(TMatrixScaling, NegativeFactorsAreMirrors)
 {
     TMatrix const mirrored(-2.0, 3.0);
     EXPECT_EQ(elementsOf(mirrored), (Elements{-2.0, 0.0, 0.0, 3.0, 0.0, 0.0}));
-    EXPECT_EQ(factorOf(mirrored), -1.0);
-    EXPECT_EQ(offsetOf(mirrored), 180.0);
+    EXPECT_EQ(-1.0, factorOf(mirrored));
+    EXPECT_EQ(180.0, offsetOf(mirrored));
 
     TMatrix const flipped(2.0, -3.0);
     EXPECT_EQ(elementsOf(flipped), (Elements{2.0, 0.0, 0.0, -3.0, 0.0, 0.0}));
-    EXPECT_EQ(factorOf(flipped), -1.0);
-    EXPECT_EQ(offsetOf(flipped), 360.0);
+    EXPECT_EQ(-1.0, factorOf(flipped));
+    EXPECT_EQ(360.0, offsetOf(flipped));
 
     TMatrix const halfTurn(-2.0, -3.0);
     EXPECT_EQ(elementsOf(halfTurn), (Elements{-2.0, 0.0, 0.0, -3.0, 0.0, 0.0}));
-    EXPECT_EQ(factorOf(halfTurn), 1.0);
-    EXPECT_EQ(offsetOf(halfTurn), 180.0);
+    EXPECT_EQ(1.0, factorOf(halfTurn));
+    EXPECT_EQ(180.0, offsetOf(halfTurn));
     EXPECT_FALSE(halfTurn.isMirrorMatrix());
 }
 
@@ -158,8 +160,8 @@ TEST(TMatrixScaling, PositiveFactorsKeepAngles)
 {
     TMatrix const t(2.0, 3.0);
     EXPECT_EQ(t * Point2D(1.0, 1.0), Point2D(2.0, 3.0));
-    EXPECT_EQ(factorOf(t), 1.0);
-    EXPECT_EQ(offsetOf(t), 0.0);
+    EXPECT_EQ(1.0, factorOf(t));
+    EXPECT_EQ(0.0, offsetOf(t));
     EXPECT_FALSE(TMatrix(0.0, 0.0).isMirrorMatrix());
 }
 
@@ -172,16 +174,16 @@ TEST(TMatrixValue, SetMatrixTakesRowsThenFactorThenOffset)
             EXPECT_EQ(t.getValue(column, row), 3 * row + column + 1);
         }
     }
-    EXPECT_EQ(t * 10.0, 35.0);
+    EXPECT_EQ(35.0, t * 10.0);
     EXPECT_EQ(t * Point2D(10.0, 100.0), Point2D(213.0, 546.0)); // the third row is not read
 }
 
 TEST(TMatrixValue, GetValueTakesTheColumnFirst)
 {
     TMatrix t(Point2D(5.0, 7.0));
-    EXPECT_EQ(t.getValue(2, 0), 5.0);
-    EXPECT_EQ(t.getValue(2, 1), 7.0);
-    EXPECT_EQ(t.getValue(0, 2), 0.0);
+    EXPECT_EQ(5.0, t.getValue(2, 0));
+    EXPECT_EQ(7.0, t.getValue(2, 1));
+    EXPECT_EQ(0.0, t.getValue(0, 2));
 }
 
 TEST(TMatrixValue, CopyAndAssignmentTakeAllElevenValues)
@@ -191,8 +193,8 @@ TEST(TMatrixValue, CopyAndAssignmentTakeAllElevenValues)
     TMatrix const copy(t);
     TMatrix assigned;
     assigned = t;
-    EXPECT_EQ(std::memcmp(&copy, &t, sizeof t), 0);
-    EXPECT_EQ(std::memcmp(&assigned, &t, sizeof t), 0);
+    EXPECT_EQ(0, std::memcmp(&copy, &t, sizeof t));
+    EXPECT_EQ(0, std::memcmp(&assigned, &t, sizeof t));
 }
 
 TEST(TMatrixProduct, DoesTheRightFactorFirst)
@@ -200,8 +202,8 @@ TEST(TMatrixProduct, DoesTheRightFactorFirst)
     TMatrix const turn(90.0);
     TMatrix const shift(Point2D(5.0, 0.0));
     Point2D const image = turn * shift * Point2D(1.0, 0.0);
-    EXPECT_NEAR(image.x(), 0.0, 1e-15);
-    EXPECT_EQ(image.y(), 6.0);
+    EXPECT_NEAR(0.0, image.x(), 1e-15);
+    EXPECT_EQ(6.0, image.y());
 
     TMatrix product(turn);
     EXPECT_EQ(&(product *= shift), &product);
@@ -213,10 +215,10 @@ TEST(TMatrixProduct, MultipliesTheThirdRowToo)
     TMatrix a;
     a.setMatrix(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, 1.0, 0.0);
     TMatrix square = a * a;
-    EXPECT_EQ(square.getValue(0, 2), 102.0);
-    EXPECT_EQ(square.getValue(1, 2), 126.0);
-    EXPECT_EQ(square.getValue(2, 2), 150.0);
-    EXPECT_EQ(square.getValue(2, 0), 42.0);
+    EXPECT_EQ(102.0, square.getValue(0, 2));
+    EXPECT_EQ(126.0, square.getValue(1, 2));
+    EXPECT_EQ(150.0, square.getValue(2, 2));
+    EXPECT_EQ(42.0, square.getValue(2, 0));
 }
 
 TEST(TMatrixProduct, ComposesTheAngleMapLikeThePointMap)
@@ -241,14 +243,14 @@ TEST(TMatrixInverse, LosesTheMirrorFlag)
     TMatrix const inverse = ~TMatrix(-2.0, 4.0);
     EXPECT_EQ(elementsOf(inverse), (Elements{-0.5, 0.0, 0.0, 0.25, 0.0, 0.0}));
     EXPECT_FALSE(inverse.isMirrorMatrix());
-    EXPECT_EQ(offsetOf(inverse), 0.0);
+    EXPECT_EQ(0.0, offsetOf(inverse));
 }
 
 TEST(TMatrixInverse, ScalesTheCompanionOfATranslation)
 {
     TMatrix inverse = ~TMatrix(Point2D(5.0, 7.0));
     EXPECT_EQ(elementsOf(inverse), (Elements{1.0, 0.0, 0.0, 1.0, 0.0, 0.0}));
-    EXPECT_EQ(inverse.getValue(2, 2), 24.0);
+    EXPECT_EQ(24.0, inverse.getValue(2, 2));
 }
 
 TEST(TMatrixInverse, AddsARowWhereThePivotIsZero)
@@ -256,7 +258,7 @@ TEST(TMatrixInverse, AddsARowWhereThePivotIsZero)
     // Pivot 0 gets row 1: (1 1), then row 1 is left with (0 -1); each factor scales the companion.
     TMatrix inverse = ~TMatrix(2);
     EXPECT_EQ(elementsOf(inverse), (Elements{0.0, 0.0, -0.0, -2.0, 0.0, 0.0}));
-    EXPECT_EQ(inverse.getValue(2, 2), 1.0);
+    EXPECT_EQ(1.0, inverse.getValue(2, 2));
 }
 
 TEST(TMatrixInverse, SingularMatrixGivesTheDefault)
@@ -266,8 +268,8 @@ TEST(TMatrixInverse, SingularMatrixGivesTheDefault)
     TMatrix const inverse = ~zero;
     EXPECT_EQ(elementsOf(inverse), elementsOf(TMatrix()));
     EXPECT_EQ(thirdRowOf(inverse), plainThirdRow);
-    EXPECT_EQ(factorOf(inverse), 1.0);
-    EXPECT_EQ(offsetOf(inverse), 0.0);
+    EXPECT_EQ(1.0, factorOf(inverse));
+    EXPECT_EQ(0.0, offsetOf(inverse));
 
     TMatrix dependent; // found singular in the middle, with the companion changed already
     dependent.setMatrix(1.0, 1.0, 0.0, 1.0, 1.0, 0.0, 0.0, 0.0, 1.0, 1.0, 0.0);
@@ -276,10 +278,10 @@ TEST(TMatrixInverse, SingularMatrixGivesTheDefault)
 
 TEST(TMatrixLength, IsMeasuredAlongTheDiagonal)
 {
-    EXPECT_DOUBLE_EQ(TMatrix(Point2D(5.0, 7.0)).Laenge(2.0), 2.0);
-    EXPECT_DOUBLE_EQ(TMatrix(3.0, 3.0).Laenge(1.0), 3.0);
-    EXPECT_DOUBLE_EQ(TMatrix(1.0, 7.0).Laenge(2.0), 10.0); // sqrt((1 + 49) / 2) = 5
-    EXPECT_DOUBLE_EQ(TMatrix(2).Laenge(4.0), 4.0);
+    EXPECT_DOUBLE_EQ(2.0, TMatrix(Point2D(5.0, 7.0)).Laenge(2.0));
+    EXPECT_DOUBLE_EQ(3.0, TMatrix(3.0, 3.0).Laenge(1.0));
+    EXPECT_DOUBLE_EQ(10.0, TMatrix(1.0, 7.0).Laenge(2.0)); // sqrt((1 + 49) / 2) = 5
+    EXPECT_DOUBLE_EQ(4.0, TMatrix(2).Laenge(4.0));
 }
 
 TEST(TMatrixCorrection, SnapsTheLinearPartToZero)
@@ -288,8 +290,8 @@ TEST(TMatrixCorrection, SnapsTheLinearPartToZero)
     t.setMatrix(9.9e-10, -9.9e-10, 1e-12, 1e-9, -1e-9, 1e-12, 1e-12, 1e-12, 1.0, -1.0, 1e-12);
     EXPECT_EQ(&t.correct(), &t);
     EXPECT_EQ(elementsOf(t), (Elements{0.0, 0.0, 1e-9, -1e-9, 1e-12, 1e-12}));
-    EXPECT_EQ(t.getValue(0, 2), 1e-12);
-    EXPECT_EQ(offsetOf(t), 1e-12);
+    EXPECT_EQ(1e-12, t.getValue(0, 2));
+    EXPECT_EQ(1e-12, offsetOf(t));
 }
 
 TEST(TMatrixCorrection, SnapsTheLinearPartToOneAndMinusOne)
@@ -299,7 +301,7 @@ TEST(TMatrixCorrection, SnapsTheLinearPartToOneAndMinusOne)
                 1.0 + 9e-10, 1.0, 1.0 + 9e-10);
     EXPECT_EQ(&t.correctOne(), &t);
     EXPECT_EQ(elementsOf(t), (Elements{1.0, -1.0, 1.0, -1.0, 1.0 + 9e-10, 1.0}));
-    EXPECT_EQ(t.getValue(2, 2), 1.0 + 9e-10);
+    EXPECT_EQ(1.0 + 9e-10, t.getValue(2, 2));
 
     TMatrix outside;
     outside.setMatrix(1.000000001, 0.999999999, 0.0, -1.000000001, -0.999999999, 0.0, 0.0, 0.0, 1.0,
@@ -311,11 +313,10 @@ TEST(TMatrixCorrection, SnapsTheLinearPartToOneAndMinusOne)
 
 TEST(TMatrixNonFinite, PassesThrough)
 {
-    double const nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_TRUE(std::isnan(TMatrix(nan) * 1.0));
-    EXPECT_TRUE(std::isnan((TMatrix(Point2D(nan, 0.0)) * Point2D(1.0, 1.0)).x()));
-    EXPECT_FALSE(TMatrix(nan, nan).isMirrorMatrix());
-    TMatrix t(nan, 1.0);
+    EXPECT_TRUE(std::isnan(TMatrix(support::nan) * 1.0));
+    EXPECT_TRUE(std::isnan((TMatrix(Point2D(support::nan, 0.0)) * Point2D(1.0, 1.0)).x()));
+    EXPECT_FALSE(TMatrix(support::nan, support::nan).isMirrorMatrix());
+    TMatrix t(support::nan, 1.0);
     EXPECT_TRUE(std::isnan(t.correct().correctOne().getValue(0, 0)));
     EXPECT_TRUE(std::isnan((~t).getValue(0, 0)));
 }

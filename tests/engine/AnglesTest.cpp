@@ -1,5 +1,5 @@
+#include "support/Bits.h"
 #include <OrvelMath/engine/angles_p.h>
-#include <support/Bits.h>
 
 #include <random>
 

@@ -1,3 +1,5 @@
+#include "support/Bits.h"
+
 #include <OrvelMath/engine/CycleGuard_p.h>
 
 #include <gtest/gtest.h>
@@ -67,8 +69,7 @@ TEST(CycleGuard, AsksTheGivenComparison)
             return a == b || (std::isnan(a) && std::isnan(b));
         }
     };
-    double const nan = std::numeric_limits<double>::quiet_NaN();
     engine::CycleGuard<double, SameNumber> guard;
-    EXPECT_FALSE(guard.comesAgain(nan));
-    EXPECT_TRUE(guard.comesAgain(nan));
+    EXPECT_FALSE(guard.comesAgain(support::nan));
+    EXPECT_TRUE(guard.comesAgain(support::nan));
 }

@@ -1,5 +1,5 @@
+#include "support/Bits.h"
 #include <OrvelMath/engine/GaussJordan_p.h>
-#include <support/Bits.h>
 
 #include <cmath>
 #include <random>

@@ -1,6 +1,6 @@
+#include "support/Bits.h"
 #include <OrvelMath/engine/Lanes_p.h>
 #include <OrvelMath/engine/Pair_p.h>
-#include <support/Bits.h>
 
 #include <array>
 #include <cmath>

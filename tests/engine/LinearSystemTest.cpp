@@ -1,3 +1,5 @@
+#include "support/Bits.h"
+
 #include <OrvelMath/engine/LinearSystemT_p.h>
 
 #include <OrvelMath/base/valueTypes.h>
@@ -12,9 +14,6 @@
 #include <vector>
 
 namespace {
-
-double const notANumber = std::numeric_limits<double>::quiet_NaN();
-double const infinity = std::numeric_limits<double>::infinity();
 
 /// Row-major literals read better; the class wants columns.
 template <int R, int C>
@@ -241,18 +240,18 @@ TEST(LinearSystem, ZeroMatrixHasUnitNullVectorsInDescendingOrder)
 {
     double const zero[9] = {};
     LinearSystemT<3, 3> const system(zero, 1e-12);
-    EXPECT_EQ(system.rank, 0);
-    EXPECT_EQ(system.determinant, 0.0);
+    EXPECT_EQ(0, system.rank);
+    EXPECT_EQ(0.0, system.determinant);
     double const rhs[3] = {};
     double solution[3] = {7.0, 7.0, 7.0};
     double nullSpace[9];
-    ASSERT_EQ(system.solve(rhs, solution, nullSpace), 3);
+    ASSERT_EQ(3, system.solve(rhs, solution, nullSpace));
     double const expected[9] = {0.0, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0, 0.0, 0.0};
     for (int cell = 0; cell < 9; ++cell) {
         EXPECT_EQ(nullSpace[cell], expected[cell]) << cell;
     }
     for (double value : solution) {
-        EXPECT_EQ(value, 0.0);
+        EXPECT_EQ(0.0, value);
     }
 }
 
@@ -264,12 +263,12 @@ TEST(LinearSystem, ZeroMatrixRefusesOtherRightHandSidesWhateverTheEpsilon)
         LinearSystemT<3, 3> const system(zero, epsilon);
         double solution[3] = {7.0, 7.0, 7.0};
         double nullSpace[9] = {7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0, 7.0};
-        EXPECT_EQ(system.solve(rhs, solution, nullSpace), -1);
+        EXPECT_EQ(-1, system.solve(rhs, solution, nullSpace));
         for (double value : solution) {
-            EXPECT_EQ(value, 0.0);
+            EXPECT_EQ(0.0, value);
         }
         for (double value : nullSpace) {
-            EXPECT_EQ(value, 0.0);
+            EXPECT_EQ(0.0, value);
         }
     }
 }
@@ -280,25 +279,25 @@ TEST(LinearSystem, ResidualOfExactlyTheLimitIsConsistent)
     LinearSystemT<2, 2> const system(zero, 1e-3);
     double solution[2];
     double const atLimit[2] = {0.0, 1e-12};
-    EXPECT_EQ(system.solve(atLimit, solution), 2);
+    EXPECT_EQ(2, system.solve(atLimit, solution));
     double const beyond[2] = {0.0, std::nextafter(1e-12, 1.0)};
-    EXPECT_EQ(system.solve(beyond, solution), -1);
-    double const unknown[2] = {0.0, notANumber};
-    EXPECT_EQ(system.solve(unknown, solution), 2);
+    EXPECT_EQ(-1, system.solve(beyond, solution));
+    double const unknown[2] = {0.0, support::nan};
+    EXPECT_EQ(2, system.solve(unknown, solution));
 }
 
 TEST(LinearSystem, ParallelNormalsWithConsistentOffsetsLeaveAPlane)
 {
     auto const system = fromRows<2, 3>({{1.0, 2.0, 3.0}, {2.0, 4.0, 6.0}}, 1e-12);
-    EXPECT_EQ(system.rank, 1);
-    EXPECT_EQ(system.determinant, 0.0);
+    EXPECT_EQ(1, system.rank);
+    EXPECT_EQ(0.0, system.determinant);
     double const rhs[2] = {5.0, 10.0};
     double solution[3];
     double nullSpace[9];
-    ASSERT_EQ(system.solve(rhs, solution, nullSpace), 2);
-    EXPECT_EQ(solution[0], 5.0);
-    EXPECT_EQ(solution[1], 0.0);
-    EXPECT_EQ(solution[2], 0.0);
+    ASSERT_EQ(2, system.solve(rhs, solution, nullSpace));
+    EXPECT_EQ(5.0, solution[0]);
+    EXPECT_EQ(0.0, solution[1]);
+    EXPECT_EQ(0.0, solution[2]);
     double const expected[9] = {-3.0, 0.0, 1.0, -2.0, 1.0, 0.0, 0.0, 0.0, 0.0};
     for (int cell = 0; cell < 9; ++cell) {
         EXPECT_EQ(nullSpace[cell], expected[cell]) << cell;
@@ -310,15 +309,15 @@ TEST(LinearSystem, ParallelNormalsWithOtherOffsetsAreInconsistent)
     auto const system = fromRows<2, 3>({{1.0, 2.0, 3.0}, {2.0, 4.0, 6.0}}, 1e-12);
     double const rhs[2] = {5.0, 11.0};
     double solution[3];
-    EXPECT_EQ(system.solve(rhs, solution), -1);
+    EXPECT_EQ(-1, system.solve(rhs, solution));
 }
 
 TEST(LinearSystem, SwappedRowsNegateTheDeterminant)
 {
     auto const straight = fromRows<2, 2>({{2.0, 1.0}, {0.0, 3.0}}, 1e-12);
     auto const swapped = fromRows<2, 2>({{0.0, 3.0}, {2.0, 1.0}}, 1e-12);
-    EXPECT_EQ(straight.determinant, 6.0);
-    EXPECT_EQ(swapped.determinant, -6.0);
+    EXPECT_EQ(6.0, straight.determinant);
+    EXPECT_EQ(-6.0, swapped.determinant);
 }
 
 TEST(LinearSystem, DeterminantTellsRotationFromReflection)
@@ -327,64 +326,64 @@ TEST(LinearSystem, DeterminantTellsRotationFromReflection)
     double const s = std::sin(0.7);
     auto const rotation = fromRows<3, 3>({{c, -s, 0.0}, {s, c, 0.0}, {0.0, 0.0, 1.0}}, 1e-12);
     auto const reflection = fromRows<3, 3>({{c, s, 0.0}, {s, -c, 0.0}, {0.0, 0.0, 1.0}}, 1e-12);
-    EXPECT_NEAR(rotation.determinant, 1.0, 1e-15);
-    EXPECT_NEAR(reflection.determinant, -1.0, 1e-15);
+    EXPECT_NEAR(1.0, rotation.determinant, 1e-15);
+    EXPECT_NEAR(-1.0, reflection.determinant, 1e-15);
 }
 
 TEST(LinearSystem, PivotOfExactlyEpsilonCountsAsMissing)
 {
     auto const atLimit = fromRows<2, 2>({{0.25, 0.0}, {0.0, 1.0}}, 0.25);
-    EXPECT_EQ(atLimit.rank, 1);
-    EXPECT_EQ(atLimit.reduced[0], 0.0);
-    EXPECT_EQ(atLimit.determinant, 0.0);
+    EXPECT_EQ(1, atLimit.rank);
+    EXPECT_EQ(0.0, atLimit.reduced[0]);
+    EXPECT_EQ(0.0, atLimit.determinant);
     auto const above = fromRows<2, 2>({{std::nextafter(0.25, 1.0), 0.0}, {0.0, 1.0}}, 0.25);
-    EXPECT_EQ(above.rank, 2);
+    EXPECT_EQ(2, above.rank);
 }
 
 TEST(LinearSystem, NanInTheFirstCandidateRowLeavesTheColumnWithoutPivot)
 {
-    auto const system = fromRows<2, 2>({{notANumber, 1.0}, {5.0, 3.0}}, 1e-12);
-    EXPECT_EQ(system.rank, 1);
-    EXPECT_EQ(system.reduced[0], 0.0);
-    EXPECT_EQ(system.reduced[1], 0.0);
-    EXPECT_EQ(system.determinant, 0.0);
+    auto const system = fromRows<2, 2>({{support::nan, 1.0}, {5.0, 3.0}}, 1e-12);
+    EXPECT_EQ(1, system.rank);
+    EXPECT_EQ(0.0, system.reduced[0]);
+    EXPECT_EQ(0.0, system.reduced[1]);
+    EXPECT_EQ(0.0, system.determinant);
 }
 
 TEST(LinearSystem, NanInALaterRowDoesNotDisplaceAnEarlierOne)
 {
-    auto const system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
-    EXPECT_EQ(system.rank, 1);
-    EXPECT_EQ(system.reduced[0], 1.0);
-    EXPECT_EQ(system.reduced[1], 0.0);
+    auto const system = fromRows<2, 2>({{5.0, 1.0}, {support::nan, 3.0}}, 1e-12);
+    EXPECT_EQ(1, system.rank);
+    EXPECT_EQ(1.0, system.reduced[0]);
+    EXPECT_EQ(0.0, system.reduced[1]);
 }
 
 TEST(LinearSystem, InfinitePivotTurnsFiniteValuesToZero)
 {
-    auto const system = fromRows<2, 2>({{infinity, 3.0}, {0.0, 2.0}}, 1e-12);
-    EXPECT_EQ(system.rank, 2);
-    EXPECT_EQ(system.determinant, infinity);
-    EXPECT_EQ(system.reduced[2], 0.0);
+    auto const system = fromRows<2, 2>({{support::inf, 3.0}, {0.0, 2.0}}, 1e-12);
+    EXPECT_EQ(2, system.rank);
+    EXPECT_EQ(support::inf, system.determinant);
+    EXPECT_EQ(0.0, system.reduced[2]);
 }
 
 TEST(LinearSystem, NanSpreadsThroughTheTransformRecord)
 {
     // The second step multiplies the NaN of the last row by the zeros of its matrix.
-    auto const system = fromRows<2, 2>({{5.0, 1.0}, {notANumber, 3.0}}, 1e-12);
+    auto const system = fromRows<2, 2>({{5.0, 1.0}, {support::nan, 3.0}}, 1e-12);
     for (double value : system.transform) {
         EXPECT_TRUE(std::isnan(value));
     }
     double const rhs[2] = {1.0, 1.0};
     double solution[2];
-    EXPECT_EQ(system.solve(rhs, solution), 1);
+    EXPECT_EQ(1, system.solve(rhs, solution));
     EXPECT_TRUE(std::isnan(solution[0]));
-    EXPECT_EQ(solution[1], 0.0);
+    EXPECT_EQ(0.0, solution[1]);
 }
 
 TEST(LinearSystem, EqualCandidatesTakeTheFirstRow)
 {
     auto const system = fromRows<3, 3>({{2.0, 1.0, 0.0}, {-2.0, 0.0, 1.0}, {2.0, 5.0, 5.0}}, 1e-12);
-    EXPECT_EQ(system.reduced[3], 0.5); // row 0 stayed in its place
-    EXPECT_EQ(system.transform[0], 0.5);
+    EXPECT_EQ(0.5, system.reduced[3]); // row 0 stayed in its place
+    EXPECT_EQ(0.5, system.transform[0]);
 }
 
 TEST(LinearSystem, MatrixOfThreeColumnsPassesWithoutTransposition)
@@ -394,33 +393,33 @@ TEST(LinearSystem, MatrixOfThreeColumnsPassesWithoutTransposition)
     LinearSystemT<3, 3> const system(m.data(), 1e-12);
     double const rhs[3] = {9.0, 0.0, 2.0};
     double solution[3];
-    ASSERT_EQ(system.solve(rhs, solution), 0);
-    EXPECT_EQ(solution[0], 1.0);
-    EXPECT_EQ(solution[1], 0.0);
-    EXPECT_EQ(solution[2], 2.0);
+    ASSERT_EQ(0, system.solve(rhs, solution));
+    EXPECT_EQ(1.0, solution[0]);
+    EXPECT_EQ(0.0, solution[1]);
+    EXPECT_EQ(2.0, solution[2]);
 }
 
 TEST(LinearSystem, TallSystemAnswersOnlyWhereAllRowsAgree)
 {
     auto const system = fromRows<3, 2>({{1.0, 0.0}, {0.0, 1.0}, {1.0, 1.0}}, 1e-12);
-    EXPECT_EQ(system.rank, 2);
-    EXPECT_EQ(system.determinant, 0.0);
+    EXPECT_EQ(2, system.rank);
+    EXPECT_EQ(0.0, system.determinant);
     double solution[2];
     double const agreeing[3] = {2.0, 3.0, 5.0};
-    ASSERT_EQ(system.solve(agreeing, solution), 0);
-    EXPECT_EQ(solution[0], 2.0);
-    EXPECT_EQ(solution[1], 3.0);
+    ASSERT_EQ(0, system.solve(agreeing, solution));
+    EXPECT_EQ(2.0, solution[0]);
+    EXPECT_EQ(3.0, solution[1]);
     double const skew[3] = {2.0, 3.0, 5.1};
-    EXPECT_EQ(system.solve(skew, solution), -1);
-    EXPECT_EQ(solution[0], 0.0);
+    EXPECT_EQ(-1, system.solve(skew, solution));
+    EXPECT_EQ(0.0, solution[0]);
 }
 
 TEST(LinearSystem, KeepsSourceAndEpsilon)
 {
     auto const system = fromRows<2, 2>({{1.0, 2.0}, {3.0, 4.0}}, 0.125);
-    EXPECT_EQ(system.epsilon, 0.125);
-    EXPECT_EQ(system.source[1], 3.0);
-    EXPECT_EQ(system.source[2], 2.0);
+    EXPECT_EQ(0.125, system.epsilon);
+    EXPECT_EQ(3.0, system.source[1]);
+    EXPECT_EQ(2.0, system.source[2]);
 }
 
 RC_GTEST_PROP(LinearSystemTruth, TwoByTwoAgreesWithFractions, ())

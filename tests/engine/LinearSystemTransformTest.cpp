@@ -108,13 +108,11 @@ struct FullProducts
 /// Ties, zeros of both signs, values beside the epsilon, overflow, underflow and what isn't finite.
 rc::Gen<double> anyElement()
 {
-    double const nan = std::numeric_limits<double>::quiet_NaN();
-    double const infinity = std::numeric_limits<double>::infinity();
     return rc::gen::weightedOneOf<double>(
         {{6, rc::gen::map(rc::gen::inRange(-3, 4), [](int i) { return static_cast<double>(i); })},
          {3, rc::gen::map(rc::gen::inRange(-9999, 10000), [](int i) { return i / 1234.0; })},
          {2, rc::gen::element(0.0, -0.0, 1e-12, -1e-12, 2e-12, 1e300, -1e200, 1e-200, 5e-324)},
-         {1, rc::gen::element(nan, infinity, -infinity)}});
+         {1, rc::gen::element(support::nan, support::inf, -support::inf)}});
 }
 
 template <int R, int C>

@@ -1,6 +1,6 @@
+#include "support/Bits.h"
 #include <OrvelMath/base/valueTypes.h>
 #include <OrvelMath/engine/sortComponents_p.h>
-#include <support/Bits.h>
 
 #include <algorithm>
 

@@ -111,7 +111,7 @@ TEST(TaubinFit, SmallestDeterminantIsASignedLimit)
 {
     Points const points = withNoise(arc(0, 0, 1, 0, 3, 30), 0.01, 4);
     double const above = MatUtil::taubinFit(points, 0.01).second;
-    EXPECT_NEAR(above, 1.0, 0.05);
+    EXPECT_NEAR(1.0, above, 0.05);
     expectNone(MatUtil::taubinFit(points, 10.0));
     expectNone(MatUtil::taubinFit(points, inf));
     EXPECT_EQ(MatUtil::taubinFit(points, -inf).second, above);

@@ -1,4 +1,5 @@
 #include "support/Bits.h"
+#include "support/Golden.h"
 
 #include <OrvelMath/numerics/EigenVectorComputationC.h>
 
@@ -111,9 +112,9 @@ TEST(GetEigenVector3d, UnknownAlgorithmIsRefused)
     for (int algorithm : {-1, 3, 4, 1000}) {
         Candidate const c = run(diagonal(1, 2, 3), algorithm);
         EXPECT_FALSE(c.found);
-        EXPECT_EQ(c.first[0], preset);
-        EXPECT_EQ(c.second[2], preset);
-        EXPECT_EQ(c.values[1], preset);
+        EXPECT_EQ(preset, c.first[0]);
+        EXPECT_EQ(preset, c.second[2]);
+        EXPECT_EQ(preset, c.values[1]);
     }
 }
 
@@ -169,7 +170,7 @@ TEST(GetEigenVector3d, PowerFillsAnEmptyDiagonal)
     // eigenvalues -1, -1 and 2, of which the power method tells the magnitudes
     Candidate const c = run(symmetric(0, 1, 1, 0, 1, 0), 0);
     ASSERT_TRUE(c.found);
-    EXPECT_NEAR(c.values[2], 2.0, 1e-6);
+    EXPECT_NEAR(2.0, c.values[2], 1e-6);
     expectNear(Vector(1, 1, 1) / std::sqrt(3.0), c.first, 1e-6);
 }
 
@@ -188,7 +189,7 @@ TEST(GetEigenVector3d, PowerSnapsSmallElementsOfTheInverse)
     Candidate const c = run(diagonal(1, 1e13, 1e13), 0);
     ASSERT_TRUE(c.found);
     expectNear({1, 0, 0}, c.second, 0.0);
-    EXPECT_EQ(c.values[0], 1.0);
+    EXPECT_EQ(1.0, c.values[0]);
 }
 
 TEST(GetEigenVector3d, AnalyticTakesAllVectorsOfATripleEigenvalueAtOnce)
@@ -242,71 +243,20 @@ TEST(GetEigenVector3d, QRUsesUpItsPassesOnANearlyOppositePair)
 
 TEST(GetEigenVector3d, PowerAndQRHaveTheBitsOfTheirFormulas)
 {
-    // From a second, plain implementation. Only sums, products, quotients and square roots are
-    // taken, so the bits hold wherever these are rounded as IEEE 754 asks.
-    struct Case
-    {
-        Matrix matrix;
-        int algorithm;
-        Candidate expected;
-    };
-    Case const cases[] = {
-        {symmetric(4, 1, -2, 3, 0.5, 5),
-         0,
-         {true,
-          {-0x1.41826f7426da1p-1, -0x1.132d46bcbdf7ep-4, 0x1.8cfaabc120ec8p-1},
-          {0x1.46c7bd92df0b6p-1, -0x1.3aa5e3abde92cp-1, 0x1.dac9145b4db35p-2},
-          {0x1.958e91e0efecep+0, 0x1.eb6f607ad79c6p+1, 0x1.a4e4ab4a58395p+2}}},
-        {symmetric(4, 1, -2, 3, 0.5, 5),
-         1,
-         {true,
-          {0x1.418271850533p-1, 0x1.132d63e845b3ep-4, -0x1.8cfaa9c3ec4fcp-1},
-          {-0x1.46c7bc8820c07p-1, 0x1.3aa5e582aa8d6p-1, -0x1.dac91259a657ap-2},
-          {0x1.958e91e0efe77p+0, 0x1.eb6f607ad793ap+1, 0x1.a4e4ab4a583c3p+2}}},
-        {symmetric(2, -1, 0.25, 7, 3, 1.5),
-         0,
-         {true,
-          {-0x1.039470604a937p-3, 0x1.d2dba746442b8p-1, 0x1.8fe192a105dc1p-2},
-          {-0x1.3c0d05e79716ap-2, -0x1.a43e81e9f3d34p-2, 0x1.b75757791d3edp-1},
-          {0x1.95065d4cccd66p-6, 0x1.0ceaacc1897c9p+1, 0x1.0d8fd7fe44076p+3}}},
-        {symmetric(2, -1, 0.25, 7, 3, 1.5),
-         1,
-         {true,
-          {-0x1.0394728599a54p-3, 0x1.d2dba747faff4p-1, 0x1.8fe1923fdf72ap-2},
-          {-0x1.3c0d05e9b8dfap-2, -0x1.a43e81e9ed036p-2, 0x1.b7575778bcb81p-1},
-          {0x1.95065d4cccc3dp-6, 0x1.0ceaacc1897c6p+1, 0x1.0d8fd7fe44077p+3}}},
-        {symmetric(0, 1, 3, 0, 2, 0),
-         0,
-         {true,
-          {0x1.2f8a3593a7c2bp-1, 0x1.db48011f09e25p-2, 0x1.50f2e24a83a19p-1},
-          {-0x1.0cb1d37c7a9c1p-1, 0x1.af5eec4f801b2p-1, -0x1.f171f67c4b852p-4},
-          {0x1.d28607574c3b2p-1, 0x1.99d83ebec1938p+1, 0x1.073ce04a4a50fp+2}}},
-        {symmetric(0, 1, 3, 0, 2, 0),
-         1,
-         {true,
-          {0x1.2f8a34c58cb04p-1, 0x1.db48006756e11p-2, 0x1.50f2e344f6996p-1},
-          {0x1.0cb1d36891525p-1, -0x1.af5eec5856e83p-1, 0x1.f171f7420f424p-4},
-          {0x1.d28607574c3b5p-1, 0x1.99d83ebec1932p+1, 0x1.073ce04a4a50cp+2}}},
-        {symmetric(-6, 0.1, 0.2, 1, 0.3, 2),
-         0,
-         {true,
-          {0x1.ffcd4723d605ap-1, -0x1.b12d19adc6563p-7, -0x1.9101f78892165p-6},
-          {0x1.94d4676b18cb9p-8, 0x1.ed40df87d7ce8p-1, -0x1.127b59bcdd377p-2},
-          {0x1.d59759dd32ea3p-1, 0x1.0b65f63874099p+1, 0x1.8065e657e061cp+2}}},
-        {symmetric(-6, 0.1, 0.2, 1, 0.3, 2),
-         1,
-         {true,
-          {0x1.ffcd4723bc333p-1, -0x1.b12d19ed829dfp-7, -0x1.9101f7fb2e06p-6},
-          {-0x1.94d460383b95dp-8, -0x1.ed40def9b14c8p-1, 0x1.127b5dbb5317p-2},
-          {0x1.d59759dd32e6bp-1, 0x1.0b65f63874096p+1, 0x1.8065e657e0614p+2}}},
-    };
-    for (Case const &k : cases) {
-        Candidate const c = run(k.matrix, k.algorithm);
-        ASSERT_TRUE(c.found);
-        for (int i = 0; i < 3; ++i) {
-            EXPECT_TRUE(support::SameBits(k.expected.first[i], c.first[i]));
-            EXPECT_TRUE(support::SameBits(k.expected.second[i], c.second[i]));
-            EXPECT_TRUE(support::SameBits(k.expected.values[i], c.values[i]));
+    // The cases come from a second wording, beside them in the folder generators.
+    for (auto const &k : support::goldenCases("general/getEigenVector3d.txt", "getEigenVector3d")) {
+        ASSERT_EQ(7u, k.arguments.size()) << k.where;
+        double const *const m = k.arguments.data();
+        Candidate const c = run(symmetric(m[0], m[1], m[2], m[3], m[4], m[5]), int(m[6]));
+        ASSERT_EQ(k.results[0] != 0.0, c.found) << k.where;
+        if (!c.found) {
+            continue;
+        }
+        ASSERT_EQ(10u, k.results.size()) << k.where;
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_TRUE(support::SameBits(k.results[1 + i], c.first[int(i)])) << k.where;
+            EXPECT_TRUE(support::SameBits(k.results[4 + i], c.second[int(i)])) << k.where;
+            EXPECT_TRUE(support::SameBits(k.results[7 + i], c.values[int(i)])) << k.where;
         }
     }
 }
@@ -325,7 +275,7 @@ TEST(EigenVectorComputation, ZeroMatrix)
     EXPECT_FALSE(run(Matrix(), 0).found);
     Candidate const qr = run(Matrix(), 1);
     EXPECT_TRUE(qr.found);
-    EXPECT_EQ(score(Matrix(), qr), 0.0);
+    EXPECT_EQ(0.0, score(Matrix(), qr));
     EigenVectorComputationC const result{Matrix()};
     EXPECT_TRUE(result.isValid());
     EXPECT_TRUE(result.getEigenVectors() == Matrix::identity());
@@ -335,8 +285,8 @@ TEST(EigenVectorComputation, ZeroMatrix)
 TEST(EigenVectorComputation, LostSignLosesTheSelection)
 {
     Matrix const matrix = diagonal(-1, 2, 3);
-    EXPECT_NEAR(score(matrix, run(matrix, 0)), 2.0, 1e-5);
-    EXPECT_NEAR(score(matrix, run(matrix, 1)), 2.0, 1e-12);
+    EXPECT_NEAR(2.0, score(matrix, run(matrix, 0)), 1e-5);
+    EXPECT_NEAR(2.0, score(matrix, run(matrix, 1)), 1e-12);
     EigenVectorComputationC const result(matrix);
     ASSERT_TRUE(result.isValid());
     expectNear({-1, 2, 3}, result.getEigenValues(), 1e-14);
@@ -503,8 +453,8 @@ TEST(Standardize, TwoNearEqualEigenvaluesStandByTheirDominantIndex)
         Vector upperValues(1.0, 5.0, 5.0001);
         EigenVectorComputationC::standardize(upper, upperValues);
         EXPECT_TRUE(upper == Matrix::identity());
-        EXPECT_EQ(upperValues[1], 5.0); // the values stay
-        EXPECT_EQ(upperValues[2], 5.0001);
+        EXPECT_EQ(5.0, upperValues[1]); // the values stay
+        EXPECT_EQ(5.0001, upperValues[2]);
 
         Matrix lower = entered ? permuted(1, 2, 0) : permuted(2, 1, 0);
         Vector lowerValues(5.0, 5.0001, 9.0);

@@ -134,8 +134,8 @@ TEST(GenerateRoots, IsTheExponentialWithPositiveExponent)
         EXPECT_TRUE(SameBits(std::cos(angle), roots.re[std::size_t(k)]));
         EXPECT_TRUE(SameBits(-std::sin(angle), roots.im[std::size_t(k)]));
     }
-    EXPECT_EQ(roots.re[0], 1.0);
-    EXPECT_NEAR(roots.im[2], 1.0, 1e-15); // exp(+i*pi/2)
+    EXPECT_EQ(1.0, roots.re[0]);
+    EXPECT_NEAR(1.0, roots.im[2], 1e-15); // exp(+i*pi/2)
 }
 
 TEST(GenerateRoots, NothingHappensWithoutASize)
@@ -143,8 +143,8 @@ TEST(GenerateRoots, NothingHappensWithoutASize)
     for (int n : {0, -1, -100}) {
         GuardedArray re(4), im(4);
         generateRoots(re.data(), im.data(), n);
-        EXPECT_EQ(re[0], support::preset);
-        EXPECT_EQ(im[0], support::preset);
+        EXPECT_EQ(support::preset, re[0]);
+        EXPECT_EQ(support::preset, im[0]);
         EXPECT_TRUE(re.intact() && im.intact());
     }
 }

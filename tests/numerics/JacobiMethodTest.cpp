@@ -21,12 +21,12 @@ TEST(JacobiMethod, DiagonalMatrixIsFinishedAtOnce)
 {
     auto matrix = makeMatrix<SymmetricMatrixNXN>(3, {3, 0, 0, 0, -1, 0, 0, 0, 2});
     JacobiMethod method(&matrix);
-    EXPECT_EQ(method.getQuality(), 0.0);
+    EXPECT_EQ(0.0, method.getQuality());
     EXPECT_TRUE(method.iterate());
-    EXPECT_EQ(method.getQuality(), 0.0);
-    EXPECT_EQ(method.getEigenvalue(0), 3.0);
-    EXPECT_EQ(method.getEigenvalue(1), -1.0);
-    EXPECT_EQ(method.getEigenvalue(2), 2.0);
+    EXPECT_EQ(0.0, method.getQuality());
+    EXPECT_EQ(3.0, method.getEigenvalue(0));
+    EXPECT_EQ(-1.0, method.getEigenvalue(1));
+    EXPECT_EQ(2.0, method.getEigenvalue(2));
     EXPECT_EQ(eigenvector(method, 0), (std::vector<double>{1, 0, 0}));
     EXPECT_EQ(eigenvector(method, 1), (std::vector<double>{0, 1, 0}));
     EXPECT_EQ(eigenvector(method, 2), (std::vector<double>{0, 0, 1}));
@@ -42,7 +42,7 @@ TEST(JacobiMethod, SingleElementIsFinishedAtOnce)
     auto matrix = makeMatrix<SymmetricMatrixNXN>(1, {7});
     JacobiMethod method(&matrix);
     EXPECT_TRUE(method.iterate());
-    EXPECT_EQ(method.getEigenvalue(0), 7.0);
+    EXPECT_EQ(7.0, method.getEigenvalue(0));
     EXPECT_EQ(eigenvector(method, 0), (std::vector<double>{1}));
 }
 
@@ -51,8 +51,8 @@ TEST(JacobiMethod, SumOfExactlyTheLimitIsConverged)
     auto atLimit = makeMatrix<SymmetricMatrixNXN>(2, {1, 1e-8, 1e-8, 2});
     JacobiMethod finished(&atLimit);
     EXPECT_TRUE(finished.iterate());
-    EXPECT_EQ(finished.getQuality(), 1e-8);
-    EXPECT_EQ(atLimit.getElement(0, 1), 1e-8);
+    EXPECT_EQ(1e-8, finished.getQuality());
+    EXPECT_EQ(1e-8, atLimit.getElement(0, 1));
 
     double const above = std::nextafter(1e-8, 1.0);
     auto aboveLimit = makeMatrix<SymmetricMatrixNXN>(2, {1, above, above, 2});
@@ -66,18 +66,18 @@ TEST(JacobiMethod, RotatesByHalfARightAngle)
     auto matrix = makeMatrix<SymmetricMatrixNXN>(2, {1, 2, 2, 1});
     JacobiMethod method(&matrix);
     EXPECT_FALSE(method.iterate());
-    EXPECT_EQ(method.getQuality(), 2.0);
+    EXPECT_EQ(2.0, method.getQuality());
     // theta = 0 gives t = 1
-    EXPECT_EQ(method.getEigenvalue(0), -1.0);
-    EXPECT_EQ(method.getEigenvalue(1), 3.0);
-    EXPECT_EQ(matrix.getElement(0, 1), 0.0);
+    EXPECT_EQ(-1.0, method.getEigenvalue(0));
+    EXPECT_EQ(3.0, method.getEigenvalue(1));
+    EXPECT_EQ(0.0, matrix.getElement(0, 1));
     double const c = 1.0 / std::sqrt(2.0);
     double const tau = c / (1.0 + c);
     EXPECT_TRUE(SameBits(1.0 - c * (1.0 * tau + 0.0), eigenvector(method, 0)[0]));
     EXPECT_TRUE(SameBits(0.0 - c * (0.0 * tau + 1.0), eigenvector(method, 0)[1]));
     EXPECT_TRUE(SameBits(0.0 + c * (1.0 - 0.0 * tau), eigenvector(method, 1)[0]));
     EXPECT_TRUE(method.iterate());
-    EXPECT_EQ(method.getQuality(), 0.0);
+    EXPECT_EQ(0.0, method.getQuality());
 }
 
 TEST(JacobiMethod, NegligibleElementsBecomeZeroFromTheFirstSweep)
@@ -99,11 +99,11 @@ TEST(JacobiMethod, PassesOverSmallElementsInThreeSweeps)
         makeMatrix<SymmetricMatrixNXN>(4, {1, 5, 0, 0, 5, 2, 0, 0, 0, 0, 3, 1e-6, 0, 0, 1e-6, 4});
     JacobiMethod method(&matrix);
     EXPECT_FALSE(method.iterate());
-    EXPECT_EQ(matrix.getElement(0, 1), 0.0);
-    EXPECT_EQ(matrix.getElement(2, 3), 1e-6);
+    EXPECT_EQ(0.0, matrix.getElement(0, 1));
+    EXPECT_EQ(1e-6, matrix.getElement(2, 3));
     EXPECT_FALSE(method.iterate()); // now it is all there is
-    EXPECT_EQ(method.getQuality(), 1e-6);
-    EXPECT_EQ(matrix.getElement(2, 3), 0.0);
+    EXPECT_EQ(1e-6, method.getQuality());
+    EXPECT_EQ(0.0, matrix.getElement(2, 3));
 }
 
 /// Ignores every write and notes which off-diagonal elements were to become zero.
@@ -139,7 +139,7 @@ TEST(JacobiMethod, ThresholdIsUsedInTheFirstThreeSweepsOnly)
     for (int sweep = 1; sweep <= 6; ++sweep) {
         matrix.cleared.clear();
         EXPECT_FALSE(method.iterate());
-        EXPECT_EQ(method.getQuality(), 5.0625);
+        EXPECT_EQ(5.0625, method.getQuality());
         Pairs ones;
         for (auto const &pair : matrix.cleared) {
             if (pair == large || pair == small) {
@@ -180,7 +180,7 @@ TEST(JacobiMethod, RotationHasTheBitsOfTheFormula)
     EXPECT_TRUE(SameBits(0.0 - s * (0.0 * tau + 1.0), p[2]));
     EXPECT_TRUE(SameBits(0.0 + s * (1.0 - 0.0 * tau), q[0]));
     EXPECT_TRUE(SameBits(1.0 + s * (0.0 - 1.0 * tau), q[2]));
-    EXPECT_EQ(method.getQuality(), 0.0); // no sweep
+    EXPECT_EQ(0.0, method.getQuality()); // no sweep
 }
 
 TEST(JacobiMethod, NaNNeverConverges)
@@ -213,7 +213,7 @@ TEST(JacobiMethod, EigenvectorIsAppended)
     list.append(42.0);
     method.getEigenvector(1, list);
     method.getEigenvector(1, list);
-    ASSERT_EQ(list.size(), 5);
+    ASSERT_EQ(5, list.size());
     double const expected[] = {42, 0, 1, 0, 1};
     for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(list[i], expected[i]);
@@ -252,11 +252,11 @@ TEST(JacobiMethod, CopySharesMatrixAndEigenvectors)
     std::aligned_storage_t<sizeof(JacobiMethod), alignof(JacobiMethod)> place;
     auto *const copy = new (&place) JacobiMethod(method); // never destroyed
     method.iterate();
-    EXPECT_EQ(copy->getEigenvalue(1), 3.0);
+    EXPECT_EQ(3.0, copy->getEigenvalue(1));
     EXPECT_EQ(eigenvector(*copy, 0), eigenvector(method, 0));
-    EXPECT_EQ(copy->getQuality(), 0.0); // a number is its own
+    EXPECT_EQ(0.0, copy->getQuality()); // a number is its own
     *copy = method;
-    EXPECT_EQ(copy->getQuality(), 2.0);
+    EXPECT_EQ(2.0, copy->getQuality());
 }
 
 TEST(JacobiMethod, AgreesWithEigen)
@@ -275,7 +275,7 @@ TEST(JacobiMethod, AgreesWithEigen)
             std::vector<double> const components = eigenvector(method, i);
             auto const v = Eigen::Map<Eigen::VectorXd const>(components.data(), n);
             EXPECT_LT((a * v - lambda * v).norm(), 1e-8);
-            EXPECT_NEAR(v.norm(), 1.0, 1e-12);
+            EXPECT_NEAR(1.0, v.norm(), 1e-12);
             values.push_back(lambda);
             sum += lambda;
         }

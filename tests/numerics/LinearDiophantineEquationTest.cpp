@@ -54,8 +54,8 @@ TEST(LinearDiophantineEquation, NoMultipleOfTheDivisorLeavesTheOutputsAlone)
     EXPECT_TRUE(s == Solution());
     int x = 111, y = 222;
     EXPECT_FALSE(equation.findSolutionInRange(3, -10, 10, -10, 10, x, y));
-    EXPECT_EQ(x, 111);
-    EXPECT_EQ(y, 222);
+    EXPECT_EQ(111, x);
+    EXPECT_EQ(222, y);
 }
 
 TEST(LinearDiophantineEquation, FirstCoefficientZero)
@@ -64,8 +64,8 @@ TEST(LinearDiophantineEquation, FirstCoefficientZero)
     EXPECT_TRUE(solution(equation, 14) == (Solution{0, 2, 1, 0}));
     int x = 111, y = 222;
     EXPECT_FALSE(equation.findSolutionInRange(14, -10, 10, -10, 10, x, y));
-    EXPECT_EQ(x, 111);
-    EXPECT_EQ(y, 222);
+    EXPECT_EQ(111, x);
+    EXPECT_EQ(222, y);
 }
 
 TEST(LinearDiophantineEquation, SecondCoefficientZero)
@@ -74,7 +74,7 @@ TEST(LinearDiophantineEquation, SecondCoefficientZero)
     EXPECT_TRUE(solution(equation, 14) == (Solution{2, 0, 0, -1}));
     int x = 111, y = 222;
     EXPECT_FALSE(equation.findSolutionInRange(14, -10, 10, -10, 10, x, y));
-    EXPECT_EQ(x, 111);
+    EXPECT_EQ(111, x);
     EXPECT_TRUE(solution(Equation(-7, 0), 14) == (Solution{-2, 0, 0, -1}));
 }
 
@@ -82,11 +82,11 @@ TEST(LinearDiophantineEquation, DivisorMayBeNegative)
 {
     Equation const equation(4, -6); // divisor -2
     Solution const s = solution(equation, 2);
-    EXPECT_EQ(4 * s.x - 6 * s.y, 2);
-    EXPECT_EQ(s.xStep, 3);
-    EXPECT_EQ(s.yStep, 2);
-    EXPECT_EQ(s.x, -1); // -1 times the coefficient of Bezout for the divisor -2
-    EXPECT_EQ(s.y, -1);
+    EXPECT_EQ(2, 4 * s.x - 6 * s.y);
+    EXPECT_EQ(3, s.xStep);
+    EXPECT_EQ(2, s.yStep);
+    EXPECT_EQ(-1, s.x); // -1 times the coefficient of Bezout for the divisor -2
+    EXPECT_EQ(-1, s.y);
 }
 
 TEST(LinearDiophantineEquation, RangeGivesTheSmallestOfEachForPositiveCoefficients)
@@ -95,8 +95,8 @@ TEST(LinearDiophantineEquation, RangeGivesTheSmallestOfEachForPositiveCoefficien
     Equation const equation(3, 5);
     int x, y;
     ASSERT_TRUE(equation.findSolutionInRange(100, 0, 100, 0, 100, x, y));
-    EXPECT_EQ(x, 0);
-    EXPECT_EQ(y, 2);
+    EXPECT_EQ(0, x);
+    EXPECT_EQ(2, y);
     EXPECT_FALSE(equation.testSolution(100, x, y));
 }
 
@@ -105,8 +105,8 @@ TEST(LinearDiophantineEquation, SingleSolutionInRangeIsOne)
     Equation const equation(3, 5);
     int x, y;
     ASSERT_TRUE(equation.findSolutionInRange(100, 20, 20, 8, 8, x, y));
-    EXPECT_EQ(x, 20);
-    EXPECT_EQ(y, 8);
+    EXPECT_EQ(20, x);
+    EXPECT_EQ(8, y);
     EXPECT_TRUE(equation.testSolution(100, x, y));
 }
 
@@ -115,8 +115,8 @@ TEST(LinearDiophantineEquation, EmptyIntervalLeavesTheOutputsAlone)
     Equation const equation(3, 5);
     int x = 111, y = 222;
     EXPECT_FALSE(equation.findSolutionInRange(100, 0, 10, 0, 5, x, y));
-    EXPECT_EQ(x, 111);
-    EXPECT_EQ(y, 222);
+    EXPECT_EQ(111, x);
+    EXPECT_EQ(222, y);
 }
 
 TEST(LinearDiophantineEquation, SmallPositiveQuotientsAreNotRoundedUp)
@@ -125,10 +125,10 @@ TEST(LinearDiophantineEquation, SmallPositiveQuotientsAreNotRoundedUp)
     Equation const equation(3, 5);
     int x, y;
     ASSERT_TRUE(equation.findSolutionInRange(1, 3, 100, -100, 100, x, y));
-    EXPECT_EQ(x, 2); // below the range
+    EXPECT_EQ(2, x); // below the range
     // and x >= 8 asks for t >= 6/5, which becomes t >= 2
     ASSERT_TRUE(equation.findSolutionInRange(1, 8, 100, -100, 100, x, y));
-    EXPECT_EQ(x, 12);
+    EXPECT_EQ(12, x);
 }
 
 TEST(LinearDiophantineEquation, TestSolutionWraps)
@@ -167,9 +167,9 @@ TEST(LinearDiophantineEquation, SolvesExactlyTheSolvable)
                 }
                 ASSERT_EQ(a * s.x + b * s.y, c);
                 ASSERT_TRUE(equation.testSolution(c, s.x, s.y));
-                ASSERT_EQ(a * s.xStep + b * s.yStep, 0);
+                ASSERT_EQ(0, a * s.xStep + b * s.yStep);
                 // neighbours, with nothing between
-                ASSERT_EQ(std::gcd(s.xStep, s.yStep), 1);
+                ASSERT_EQ(1, std::gcd(s.xStep, s.yStep));
             }
         }
     }

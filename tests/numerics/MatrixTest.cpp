@@ -55,7 +55,7 @@ TEST(MatrixNXN, KeepsEachElementApart)
 {
     MatrixNXN m(3);
     fillWithPlaces(m);
-    EXPECT_EQ(sizeOf(m), 3u);
+    EXPECT_EQ(3u, sizeOf(m));
     for (unsigned int i = 0; i < 3; ++i) {
         for (unsigned int j = 0; j < 3; ++j) {
             EXPECT_EQ(m.getElement(i, j), 10.0 * i + j);
@@ -70,13 +70,13 @@ TEST(MatrixNXN, ReadsZeroAndWritesNothingOutOfRange)
     m.setElement(2, 0, 7.0);
     m.setElement(0, 2, 7.0);
     m.setElement(0xffffffffu, 0xffffffffu, 7.0);
-    EXPECT_EQ(m.getElement(2, 0), 0.0);
-    EXPECT_EQ(m.getElement(0, 2), 0.0);
-    EXPECT_EQ(m.getElement(0xffffffffu, 1), 0.0);
-    EXPECT_EQ(m.getElement(0, 0), 0.0);
-    EXPECT_EQ(m.getElement(0, 1), 1.0);
-    EXPECT_EQ(m.getElement(1, 0), 10.0);
-    EXPECT_EQ(m.getElement(1, 1), 11.0);
+    EXPECT_EQ(0.0, m.getElement(2, 0));
+    EXPECT_EQ(0.0, m.getElement(0, 2));
+    EXPECT_EQ(0.0, m.getElement(0xffffffffu, 1));
+    EXPECT_EQ(0.0, m.getElement(0, 0));
+    EXPECT_EQ(1.0, m.getElement(0, 1));
+    EXPECT_EQ(10.0, m.getElement(1, 0));
+    EXPECT_EQ(11.0, m.getElement(1, 1));
 }
 
 TEST(MatrixNXN, IsRowMajorBehindItsSize)
@@ -91,9 +91,9 @@ TEST(MatrixNXN, IsRowMajorBehindItsSize)
     };
     static_assert(sizeof(Image) == sizeof(MatrixNXN), "fields of a MatrixNXN");
     Image const *const image = reinterpret_cast<Image const *>(&m);
-    EXPECT_EQ(image->size, 2u);
-    EXPECT_EQ(image->elements[1], 1.0);
-    EXPECT_EQ(image->elements[2], 10.0);
+    EXPECT_EQ(2u, image->size);
+    EXPECT_EQ(1.0, image->elements[1]);
+    EXPECT_EQ(10.0, image->elements[2]);
 }
 
 TEST(MatrixNXN, CopyAndAssignmentShareTheElements)
@@ -107,9 +107,9 @@ TEST(MatrixNXN, CopyAndAssignmentShareTheElements)
     new (&place[1]) MatrixNXN(*copy);
     *assigned = *source;
     source->setElement(1, 0, 5.0);
-    EXPECT_EQ(copy->getElement(1, 0), 5.0);
-    EXPECT_EQ(assigned->getElement(1, 0), 5.0);
-    EXPECT_EQ(sizeOf(*copy), 2u);
+    EXPECT_EQ(5.0, copy->getElement(1, 0));
+    EXPECT_EQ(5.0, assigned->getElement(1, 0));
+    EXPECT_EQ(2u, sizeOf(*copy));
     delete source; // the copies are never destroyed
 }
 
@@ -117,7 +117,7 @@ TEST(MatrixNXN, MakeIdentityGoesThroughTheVirtualOperations)
 {
     LoggingMatrix m(3);
     m.makeIdentity();
-    EXPECT_EQ(m.log, "null 0,0 1,1 2,2 ");
+    EXPECT_EQ("null 0,0 1,1 2,2 ", m.log);
     for (unsigned int i = 0; i < 3; ++i) {
         for (unsigned int j = 0; j < 3; ++j) {
             EXPECT_EQ(m.getElement(i, j), i == j ? 1.0 : 0.0);
@@ -140,17 +140,17 @@ TEST(MatrixNXN, OfSizeZeroHasNoElements)
     MatrixNXN m(0);
     m.makeIdentity();
     m.setElement(0, 0, 1.0);
-    EXPECT_EQ(sizeOf(m), 0u);
-    EXPECT_EQ(m.getElement(0, 0), 0.0);
+    EXPECT_EQ(0u, sizeOf(m));
+    EXPECT_EQ(0.0, m.getElement(0, 0));
 }
 
 TEST(SymmetricMatrixNXN, StartsWithZeros)
 {
     SymmetricMatrixNXN m(4);
-    EXPECT_EQ(sizeOf(m), 4u);
+    EXPECT_EQ(4u, sizeOf(m));
     for (unsigned int i = 0; i < 4; ++i) {
         for (unsigned int j = 0; j < 4; ++j) {
-            EXPECT_EQ(m.getElement(i, j), 0.0);
+            EXPECT_EQ(0.0, m.getElement(i, j));
         }
     }
 }
@@ -159,14 +159,14 @@ TEST(SymmetricMatrixNXN, BothTrianglesAreOneCell)
 {
     SymmetricMatrixNXN m(3);
     m.setElement(2, 0, 4.5);
-    EXPECT_EQ(m.getElement(0, 2), 4.5);
+    EXPECT_EQ(4.5, m.getElement(0, 2));
     m.setElement(0, 2, -1.0);
-    EXPECT_EQ(m.getElement(2, 0), -1.0);
-    EXPECT_EQ(m.getElement(3, 0), 0.0);
-    EXPECT_EQ(m.getElement(0, 3), 0.0);
+    EXPECT_EQ(-1.0, m.getElement(2, 0));
+    EXPECT_EQ(0.0, m.getElement(3, 0));
+    EXPECT_EQ(0.0, m.getElement(0, 3));
     m.setElement(3, 0, 9.0);
     m.setElement(1, 3, 9.0);
-    EXPECT_EQ(m.getElement(1, 2), 0.0);
+    EXPECT_EQ(0.0, m.getElement(1, 2));
 }
 
 TEST(SymmetricMatrixNXN, SixCellsForSizeThree)
@@ -202,7 +202,7 @@ TEST(SymmetricMatrixNXN, IndexWrapsInThirtyTwoBits)
     OpenSymmetricMatrix m(3);
     // 3*i - ((i - 1)*i >> 1) with i = j = 2^31: the products wrap to 2^31 and to 2^31
     EXPECT_EQ(m.calcIndex(0x80000000u, 0x80000000u), 0x80000000u - 0x40000000u);
-    EXPECT_EQ(m.calcIndex(0, 0xffffffffu), 0xffffffffu);
+    EXPECT_EQ(0xffffffffu, m.calcIndex(0, 0xffffffffu));
 }
 
 TEST(SymmetricMatrixNXN, MakeNullAndMakeIdentity)
@@ -218,7 +218,7 @@ TEST(SymmetricMatrixNXN, MakeNullAndMakeIdentity)
         }
         m.makeNull();
         for (unsigned int i = 0; i < n; ++i) {
-            EXPECT_EQ(m.getElement(i, i), 0.0);
+            EXPECT_EQ(0.0, m.getElement(i, i));
         }
     }
 }
@@ -231,9 +231,9 @@ TEST(SymmetricMatrixNXN, CopiesAreDeep)
     SymmetricMatrixNXN assigned(5);
     assigned = source;
     source.setElement(0, 1, 4.0);
-    EXPECT_EQ(copy.getElement(1, 0), 3.0);
-    EXPECT_EQ(assigned.getElement(1, 0), 3.0);
-    EXPECT_EQ(sizeOf(assigned), 2u);
+    EXPECT_EQ(3.0, copy.getElement(1, 0));
+    EXPECT_EQ(3.0, assigned.getElement(1, 0));
+    EXPECT_EQ(2u, sizeOf(assigned));
 }
 
 TEST(SymmetricMatrixNXN, MovesItsCells)
@@ -241,12 +241,12 @@ TEST(SymmetricMatrixNXN, MovesItsCells)
     SymmetricMatrixNXN source(2);
     source.setElement(0, 1, 3.0);
     SymmetricMatrixNXN moved(std::move(source));
-    EXPECT_EQ(moved.getElement(0, 1), 3.0);
-    EXPECT_EQ(source.getElement(0, 1), 0.0); // no rows are left
+    EXPECT_EQ(3.0, moved.getElement(0, 1));
+    EXPECT_EQ(0.0, source.getElement(0, 1)); // no rows are left
     SymmetricMatrixNXN assigned(1);
     assigned = std::move(moved);
-    EXPECT_EQ(assigned.getElement(0, 1), 3.0);
-    EXPECT_EQ(sizeOf(assigned), 2u);
+    EXPECT_EQ(3.0, assigned.getElement(0, 1));
+    EXPECT_EQ(2u, sizeOf(assigned));
 }
 
 TEST(SymmetricMatrixNXN, HasNoRowsAfterAMove)
@@ -285,7 +285,7 @@ TEST(MatrixIF, ObjectsLiveOnTheHeapOfTheContainers)
 {
     MatrixIF *const matrix = new SymmetricMatrixNXN(2);
     matrix->setElement(1, 1, 2.0);
-    EXPECT_EQ(matrix->getElement(1, 1), 2.0);
+    EXPECT_EQ(2.0, matrix->getElement(1, 1));
     delete matrix;
 
     void *const memory = MatrixIF::operator new(sizeof(MatrixNXN));

@@ -36,12 +36,12 @@ TEST(PowerMethod, StartVectorComesFromTheGeneratorOfTheProcess)
 
     std::srand(17);
     PowerMethod method(&identity, 1e-9);
-    EXPECT_EQ(method.getQuality(), 0.0);
+    EXPECT_EQ(0.0, method.getQuality());
     EXPECT_TRUE(method.iterate());
     for (int i = 0; i < 3; ++i) {
         EXPECT_NEAR(method.getEigenvector()[i], r[i] / length, 1e-15);
     }
-    EXPECT_NEAR(method.getEigenvalue(), 1.0, 1e-15);
+    EXPECT_NEAR(1.0, method.getEigenvalue(), 1e-15);
 
     std::srand(17);
     PowerMethod second(&identity, 1e-9);
@@ -92,7 +92,7 @@ TEST(PowerMethod, FindsTheDominantPair)
     while (!method.iterate()) {
         ASSERT_LT(++steps, 200);
     }
-    EXPECT_NEAR(method.getEigenvalue(), 3.0, 1e-12);
+    EXPECT_NEAR(3.0, method.getEigenvalue(), 1e-12);
     EXPECT_NEAR(method.getEigenvector()[0], std::sqrt(0.5), 1e-9);
     EXPECT_NEAR(method.getEigenvector()[1], std::sqrt(0.5), 1e-9);
     EXPECT_LT(std::sqrt(method.getQuality()), 1e-10); // the square of what was tested
@@ -107,7 +107,7 @@ TEST(PowerMethod, NegativeEigenvalueConvergesThoughTheVectorTurnsRound)
     while (!method.iterate()) {
         ASSERT_LT(++steps, 200);
     }
-    EXPECT_NEAR(method.getEigenvalue(), -3.0, 1e-12);
+    EXPECT_NEAR(-3.0, method.getEigenvalue(), 1e-12);
     double const before = method.getEigenvector()[0];
     EXPECT_TRUE(method.iterate());
     EXPECT_EQ(method.getEigenvector()[0], -before);
@@ -132,7 +132,7 @@ TEST(PowerMethod, AccuracyIsStrict)
     method.getEigenvector()[0] = 1.0;
     method.getEigenvector()[1] = 0.0;
     EXPECT_FALSE(method.iterateVector()); // 0.0 is not above 0.0
-    EXPECT_EQ(method.getQuality(), 0.0);
+    EXPECT_EQ(0.0, method.getQuality());
 }
 
 TEST(PowerMethod, NullMatrixIsFinishedAtOnce)
@@ -140,8 +140,8 @@ TEST(PowerMethod, NullMatrixIsFinishedAtOnce)
     PowerMethod method(nullptr, 1e-9);
     EXPECT_TRUE(method.iterate());
     EXPECT_TRUE(method.iterate());
-    EXPECT_EQ(method.getEigenvector(), nullptr);
-    EXPECT_EQ(method.getQuality(), 0.0);
+    EXPECT_EQ(nullptr, method.getEigenvector());
+    EXPECT_EQ(0.0, method.getQuality());
 }
 
 TEST(PowerMethod, NaNRunsThrough)
@@ -159,7 +159,7 @@ TEST(PowerMethod, ZeroMatrixGivesNaN)
     matrix.makeNull();
     PowerMethod method(&matrix, 1.0);
     EXPECT_FALSE(method.iterate());
-    EXPECT_EQ(method.getEigenvalue(), 0.0);
+    EXPECT_EQ(0.0, method.getEigenvalue());
     EXPECT_TRUE(std::isnan(method.getEigenvector()[0]));
 }
 
@@ -190,16 +190,16 @@ TEST(WielandtMethod, FindsTheSecondPair)
     copyTo(matrix, knownMatrix());
     double known[3] = {2, 1, 1}; // any length will do
     WielandtMethod method(&matrix, 6.0, known, 1e-12);
-    EXPECT_EQ(method.getQuality(), 0.0);
+    EXPECT_EQ(0.0, method.getQuality());
     int steps = 0;
     while (!method.iterate()) {
         ASSERT_LT(++steps, 500);
     }
-    EXPECT_NEAR(method.getEigenvalue(), 3.0, 1e-10);
+    EXPECT_NEAR(3.0, method.getEigenvalue(), 1e-10);
     EXPECT_LT(std::sqrt(method.getQuality()), 1e-12);
     double const *const v = method.getEigenvector();
     double const sign = v[1] < 0.0 ? -1.0 : 1.0;
-    EXPECT_NEAR(v[0], 0.0, 1e-10);
+    EXPECT_NEAR(0.0, v[0], 1e-10);
     EXPECT_NEAR(sign * v[1], std::sqrt(0.5), 1e-10);
     EXPECT_NEAR(sign * v[2], -std::sqrt(0.5), 1e-10);
     EXPECT_EQ(method.getEigenvector(), v);
@@ -216,7 +216,7 @@ TEST(WielandtMethod, DeflatedMatrixHasTheBitsOfTheFormula)
     MatrixIF *const d = method.getDeflatedMatrix();
     unsigned int size;
     d->getSize(size);
-    ASSERT_EQ(size, 3u);
+    ASSERT_EQ(3u, size);
     int const kept[3] = {0, 2, 3}; // without the pivot, 1
     for (int i = 0; i < 3; ++i) {
         for (int j = 0; j < 3; ++j) {
@@ -283,11 +283,11 @@ TEST(WielandtMethod, PivotInTheLastPlaceLeavesTheDeflatedMatrixAlone)
     MatrixIF *const d = method.getDeflatedMatrix();
     unsigned int size;
     d->getSize(size);
-    EXPECT_EQ(size, 2u);
+    EXPECT_EQ(2u, size);
     d->makeIdentity(); // its contents were arbitrary; what the caller puts there is used
     EXPECT_TRUE(method.iterate());
-    EXPECT_NEAR(method.getEigenvalue(), 1.0, 1e-15);
-    EXPECT_EQ(std::isnan(method.getEigenvector()[2]), false);
+    EXPECT_NEAR(1.0, method.getEigenvalue(), 1e-15);
+    EXPECT_EQ(false, std::isnan(method.getEigenvector()[2]));
 }
 
 TEST(WielandtMethod, ZeroEigenvalueDividesByZero)
@@ -308,9 +308,9 @@ TEST(WielandtMethod, SingleElementLeavesAMatrixOfSizeZero)
     WielandtMethod method(&matrix, 4.0, v, 1e-9);
     unsigned int size = 9;
     method.getDeflatedMatrix()->getSize(size);
-    EXPECT_EQ(size, 0u);
+    EXPECT_EQ(0u, size);
     EXPECT_TRUE(method.iterate());
-    EXPECT_EQ(method.getEigenvalue(), 0.0);
+    EXPECT_EQ(0.0, method.getEigenvalue());
     EXPECT_TRUE(std::isnan(method.getEigenvector()[0]));
 }
 

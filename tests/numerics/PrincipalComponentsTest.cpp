@@ -59,7 +59,7 @@ void expectLikeEigen(PValOrderedVector<Point3D> const &points)
         EXPECT_NEAR(a.center[i], mean[i], 1e-11 * (1.0 + m.cwiseAbs().maxCoeff()));
         EXPECT_NEAR(a.values[i], expected[2 - i], 1e-7 * scale + 1e-8);
         Eigen::Vector3d const axis(a.axes[i].x(), a.axes[i].y(), a.axes[i].z());
-        EXPECT_NEAR(axis.norm(), 1.0, 1e-12);
+        EXPECT_NEAR(1.0, axis.norm(), 1e-12);
         EXPECT_LT((covariance * axis - a.values[i] * axis).norm(), 1e-7 * scale + 1e-8);
     }
     EXPECT_GE(a.values[0], a.values[1]);
@@ -72,9 +72,9 @@ TEST(RunPCA, FewerThanThreePointsLeaveAllOutputsAlone)
     for (int count = 0; count < 3; ++count) {
         Analysis const a = analyse(points);
         for (int i = 0; i < 3; ++i) {
-            EXPECT_EQ(a.values[i], preset);
-            EXPECT_EQ(a.center[i], preset);
-            EXPECT_EQ(a.axes[i].x(), preset);
+            EXPECT_EQ(preset, a.values[i]);
+            EXPECT_EQ(preset, a.center[i]);
+            EXPECT_EQ(preset, a.axes[i].x());
         }
         points.append(Point3D(count, 1, 2));
     }
@@ -83,13 +83,13 @@ TEST(RunPCA, FewerThanThreePointsLeaveAllOutputsAlone)
 TEST(RunPCA, CollinearPoints)
 {
     Analysis const a = analyse({{0, 0, 0}, {1, 2, 2}, {2, 4, 4}});
-    EXPECT_NEAR(a.values[0], 9.0, 1e-14); // squared distances 9, 0, 9, divided by 2
-    EXPECT_NEAR(a.values[1], 0.0, 1e-14);
-    EXPECT_NEAR(a.values[2], 0.0, 1e-14);
+    EXPECT_NEAR(9.0, a.values[0], 1e-14); // squared distances 9, 0, 9, divided by 2
+    EXPECT_NEAR(0.0, a.values[1], 1e-14);
+    EXPECT_NEAR(0.0, a.values[2], 1e-14);
     expectAxis(a.axes[0], 1.0 / 3, 2.0 / 3, 2.0 / 3, 1e-14);
-    EXPECT_EQ(a.center[0], 1.0);
-    EXPECT_EQ(a.center[1], 2.0);
-    EXPECT_EQ(a.center[2], 2.0);
+    EXPECT_EQ(1.0, a.center[0]);
+    EXPECT_EQ(2.0, a.center[1]);
+    EXPECT_EQ(2.0, a.center[2]);
 }
 
 TEST(RunPCA, ReturnsWhileTheSquaredDistancesSumUpBelowTheLimit)
@@ -123,7 +123,7 @@ TEST(RunPCA, EqualPointsKeepTheCoordinateAxes)
 {
     Analysis const a = analyse({{5, 6, 7}, {5, 6, 7}, {5, 6, 7}});
     for (double value : a.values) {
-        EXPECT_EQ(value, 0.0);
+        EXPECT_EQ(0.0, value);
     }
     EXPECT_TRUE(a.axes[0] == Point3D(0, 0, 1));
     EXPECT_TRUE(a.axes[1] == Point3D(0, 1, 0));
@@ -134,11 +134,11 @@ TEST(RunPCA, PointsOnTheZAxis)
 {
     Analysis const a = analyse({{0, 0, 1}, {0, 0, -3}, {0, 0, 5}, {0, 0, 1}});
     expectAxis(a.axes[0], 0, 0, 1, 0.0);
-    EXPECT_EQ(a.center[0], 0.0);
-    EXPECT_EQ(a.center[1], 0.0);
-    EXPECT_EQ(a.center[2], 1.0);
-    EXPECT_NEAR(a.values[0], 32.0 / 3.0, 1e-14);
-    EXPECT_EQ(a.values[1], 0.0);
+    EXPECT_EQ(0.0, a.center[0]);
+    EXPECT_EQ(0.0, a.center[1]);
+    EXPECT_EQ(1.0, a.center[2]);
+    EXPECT_NEAR(32.0 / 3.0, a.values[0], 1e-14);
+    EXPECT_EQ(0.0, a.values[1]);
 }
 
 TEST(RunPCA, EqualVariancesFollowTheOrderOfTheColumns)
@@ -149,7 +149,7 @@ TEST(RunPCA, EqualVariancesFollowTheOrderOfTheColumns)
     }
     Analysis const a = analyse(cube);
     for (double value : a.values) {
-        EXPECT_EQ(value, 8.0 / 7.0); // divided by n - 1
+        EXPECT_EQ(8.0 / 7.0, value); // divided by n - 1
     }
     EXPECT_TRUE(a.axes[0] == Point3D(0, 0, 1));
     EXPECT_TRUE(a.axes[1] == Point3D(0, 1, 0));

@@ -81,7 +81,7 @@ TEST(LegendreTrafo, OrderOfHalfTheSizeGivesNoCoefficients)
         GuardedArray data(randomNumbers(8, 1)), weights(randomNumbers(8, 2)), result(1), scratch(8);
         legendreTrafo(data.data(), result.data(), 8, order, weights.data(), nullptr,
                       scratch.data());
-        EXPECT_EQ(result[0], support::preset);
+        EXPECT_EQ(support::preset, result[0]);
         EXPECT_NE(scratch[7], support::preset); // the weighting runs anyway
         EXPECT_TRUE(scratch.intact() && result.intact());
     }
@@ -249,8 +249,8 @@ TEST(ComputeFSTSlow, RealDataGiveTheOrdersThatAreNotNegative)
     std::vector<double> const zeros(256, 0.0);
     Coefficients const half = transform(sphere, data, zeros, true);
     Coefficients const all = transform(sphere, data, zeros, false);
-    ASSERT_EQ(half.re.size(), 36u);
-    ASSERT_EQ(all.re.size(), 64u);
+    ASSERT_EQ(36u, half.re.size());
+    ASSERT_EQ(64u, all.re.size());
     for (std::size_t i = 0; i < 36; ++i) {
         EXPECT_TRUE(SameBits(all.re[i], half.re[i]));
         EXPECT_TRUE(SameBits(all.im[i], half.im[i]));
@@ -276,9 +276,9 @@ TEST(ComputeFSTSlow, BandwidthOneHasOneCoefficient)
     std::vector<double> const ones(4, 1.0), zeros(4, 0.0);
     for (bool realData : {false, true}) {
         Coefficients const found = transform(sphere, ones, zeros, realData);
-        ASSERT_EQ(found.re.size(), 1u);
+        ASSERT_EQ(1u, found.re.size());
         EXPECT_NEAR(found.re[0], std::sqrt(4 * pi), 1e-14);
-        EXPECT_NEAR(found.im[0], 0.0, 1e-15);
+        EXPECT_NEAR(0.0, found.im[0], 1e-15);
     }
 }
 
