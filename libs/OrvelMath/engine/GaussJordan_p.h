@@ -1,6 +1,12 @@
+#pragma once
+
 /// @file
 /// The elimination behind the matrix inverses of the library.
-#pragma once
+
+#include <OrvelMath/engine/Lanes_p.h>
+
+#include <algorithm>
+#include <utility>
 
 namespace engine {
 
@@ -16,66 +22,99 @@ namespace engine {
 ///
 /// Every value that a step writes becomes 0.0 when its size is below the tolerance. That snap is
 /// why the order of the steps shows in the result: a row with nothing to add is not written, and
-/// not snapped.
-template <int N>
+/// not snapped. It is done by mask and not by a branch, whose way nobody foresees.
+///
+/// A row of the matrix and the row of the inverse beside it are one row of 2 * N cells, taken W at
+/// a time: each cell is a result of its own, so every W gives the same bits.
+template <int N, int W = 2>
 class GaussJordan
 {
+    static_assert(2 * N % W == 0, "whole vectors in a row");
+
+    using L = Lanes<double, W>;
+    using Vector = typename L::Vector;
+
 public:
-    /// @param rows      the matrix, row by row; it is reduced in place
+    /// @param rows      the matrix, row by row; left half reduced when it is singular
     /// @param tolerance of an element, or of the ratio of two
-    GaussJordan(double (*rows)[N], double tolerance)
-        : m_rows(rows)
+    ORVEL_INLINE GaussJordan(double (*rows)[N], double tolerance)
+        : m_source(rows)
         , m_tolerance(tolerance)
     {
-        for (int row = 0; row < N; ++row) {
-            for (int column = 0; column < N; ++column) {
-                m_inverse[row][column] = row == column ? 1.0 : 0.0;
-            }
-        }
+        L::broadcast(m_tolerances, tolerance);
     }
 
-    /// Runs the three steps. False for a singular matrix: the rows are then left half reduced.
-    bool run()
+    /// Runs the three steps.
+    ///
+    /// @param inverse written when the matrix is regular; it may be the matrix itself
+    /// @return false for a singular matrix
+    ORVEL_INLINE bool run(double (*inverse)[N])
     {
-        if (!fillDiagonal()) {
+        for (int row = 0; row < N; ++row) {
+            copyRow(m_cells[row], m_source[row]);
+            copyRow(m_cells[row] + N, identity.cells[row]);
+        }
+        if (!fillDiagonal() || !eliminateAll(std::make_integer_sequence<int, N>())) {
+            writeColumns(m_source, 0);
             return false;
         }
-        for (int pivot = 0; pivot < N; ++pivot) {
-            for (int row = 0; row < N; ++row) {
-                if (row != pivot && !eliminate(row, pivot)) {
-                    return false;
-                }
-            }
-        }
         scaleRows();
+        writeColumns(inverse, N);
         return true;
     }
 
-    /// The inverse, row by row, after run() has answered true.
-    double const (&inverse() const)[N][N] { return m_inverse; }
-
 private:
-    double snapped(double value) const
+    /// N columns, from `first` on.
+    ORVEL_INLINE void writeColumns(double (*to)[N], int first) const
     {
-        return value > -m_tolerance && value < m_tolerance ? 0.0 : value;
-    }
-
-    void addRow(int target, double factor, int source)
-    {
-        for (int c = 0; c < N; ++c) {
-            m_rows[target][c] = snapped(factor * m_rows[source][c] + m_rows[target][c]);
-            m_inverse[target][c] = snapped(factor * m_inverse[source][c] + m_inverse[target][c]);
+        for (int row = 0; row < N; ++row) {
+            copyRow(to[row], m_cells[row] + first);
         }
     }
 
-    bool fillDiagonal()
+    /// In whole vectors where a row has them: a vector can't be read at once where its parts have
+    /// just been written.
+    static ORVEL_INLINE void copyRow(double *to, double const *from)
+    {
+        if constexpr (N % W == 0) {
+            for (int c = 0; c < N; c += W) {
+                Vector cells;
+                L::load(cells, from + c);
+                L::store(to + c, cells);
+            }
+        } else {
+            std::copy_n(from, N, to);
+        }
+    }
+
+    ORVEL_INLINE void storeSnapped(double *to, Vector const &values) const
+    {
+        Vector size, kept;
+        L::magnitude(size, values);
+        L::keepWhere(kept, ~(size < m_tolerances), values); // NaN is kept
+        L::store(to, kept);
+    }
+
+    ORVEL_INLINE void addRow(int target, double factor, int source)
+    {
+        Vector f;
+        L::broadcast(f, factor);
+        for (int c = 0; c < 2 * N; c += W) {
+            Vector added, sum;
+            L::load(added, m_cells[source] + c);
+            L::load(sum, m_cells[target] + c);
+            storeSnapped(m_cells[target] + c, f * added + sum);
+        }
+    }
+
+    ORVEL_INLINE bool fillDiagonal()
     {
         for (int i = 0; i < N; ++i) {
-            if (m_rows[i][i] != 0.0) {
+            if (m_cells[i][i] != 0.0) {
                 continue;
             }
             int row = 0;
-            while (row < N && m_rows[row][i] == 0.0) {
+            while (row < N && m_cells[row][i] == 0.0) {
                 ++row;
             }
             if (row == N) {
@@ -87,17 +126,17 @@ private:
     }
 
     /// True when the elements of `row` left of `column` are all 0.0 and that of `column` is not.
-    bool startsAt(int row, int column) const
+    ORVEL_INLINE bool startsAt(int row, int column) const
     {
         for (int c = 0; c < column; ++c) {
-            if (m_rows[row][c] != 0.0) {
+            if (m_cells[row][c] != 0.0) {
                 return false;
             }
         }
-        return m_rows[row][column] != 0.0;
+        return m_cells[row][column] != 0.0;
     }
 
-    bool repairPivot(int pivot)
+    ORVEL_INLINE bool repairPivot(int pivot)
     {
         for (int row = pivot + 1; row < N; ++row) {
             if (startsAt(row, pivot)) {
@@ -108,34 +147,62 @@ private:
         return false;
     }
 
-    bool eliminate(int row, int pivot)
+    template <int... Pivot>
+    ORVEL_INLINE bool eliminateAll(std::integer_sequence<int, Pivot...>)
     {
-        if (m_rows[pivot][pivot] == 0.0 && !repairPivot(pivot)) {
-            return false;
-        }
-        double const factor = -(m_rows[row][pivot] / m_rows[pivot][pivot]);
-        if (factor > m_tolerance || -m_tolerance > factor) {
-            addRow(row, factor, pivot);
+        return (eliminateColumn<Pivot>() && ...);
+    }
+
+    template <int Pivot>
+    ORVEL_INLINE bool eliminateColumn()
+    {
+        for (int row = 0; row < N; ++row) {
+            if (row == Pivot) {
+                continue;
+            }
+            if (m_cells[Pivot][Pivot] == 0.0 && !repairPivot(Pivot)) {
+                return false;
+            }
+            double const factor = -(m_cells[row][Pivot] / m_cells[Pivot][Pivot]);
+            if (factor > m_tolerance || -m_tolerance > factor) {
+                addRow(row, factor, Pivot);
+            }
         }
         return true;
     }
 
-    void scaleRows()
+    ORVEL_INLINE void scaleRows()
     {
         for (int i = 0; i < N; ++i) {
-            if (m_rows[i][i] == 1.0) {
+            if (m_cells[i][i] == 1.0) {
                 continue;
             }
-            double const scale = 1.0 / m_rows[i][i];
-            for (int c = 0; c < N; ++c) {
-                m_rows[i][c] = snapped(m_rows[i][c] * scale);
-                m_inverse[i][c] = snapped(m_inverse[i][c] * scale);
+            Vector scale;
+            L::broadcast(scale, 1.0 / m_cells[i][i]);
+            for (int c = 0; c < 2 * N; c += W) {
+                Vector cells;
+                L::load(cells, m_cells[i] + c);
+                storeSnapped(m_cells[i] + c, cells * scale);
             }
         }
     }
 
-    double (*m_rows)[N];
-    double m_inverse[N][N];
+    struct Identity
+    {
+        double cells[N][N] = {};
+
+        constexpr Identity()
+        {
+            for (int i = 0; i < N; ++i) {
+                cells[i][i] = 1.0;
+            }
+        }
+    };
+    static constexpr Identity identity{};
+
+    Vector m_tolerances;
+    alignas(W * sizeof(double)) double m_cells[N][2 * N];
+    double (*m_source)[N];
     double m_tolerance;
 };
 

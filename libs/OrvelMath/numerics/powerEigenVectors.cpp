@@ -2,6 +2,7 @@
 #include <OrvelMath/numerics/EigenVectorAlgorithms_p.h>
 
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -14,29 +15,40 @@ bool invert(matrixC3x3<double> const &matrix, matrixC3x3<double> &inverse)
             rows[row][column] = matrix(row, column);
         }
     }
-    engine::GaussJordan<3> elimination(rows, 1e-12); // an element
-    if (!elimination.run()) {
+    if (!engine::GaussJordan<3>(rows, 1e-12).run(rows)) { // an element
         return false;
     }
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
-            inverse(row, column) = elimination.inverse()[row][column];
+            inverse(row, column) = rows[row][column];
         }
     }
     return true;
 }
 
+bool hasSameBits(vectorC3d<double> const &a, vectorC3d<double> const &b)
+{
+    return std::memcmp(a.data(), b.data(), 3 * sizeof(double)) == 0;
+}
+
 vectorC3d<double> iteratePowers(matrixC3x3<double> const &matrix)
 {
+    constexpr int passes = 500;
     vectorC3d<double> v(1.0, 1.0, 1.0);
-    for (int pass = 0; pass < 500; ++pass) {
+    vectorC3d<double> previous;
+    for (int pass = 1; pass <= passes; ++pass) {
         vectorC3d<double> const w = matrix * v;
         vectorC3d<double> const u = w / w.length();
-        double const step = (v - u).length();
-        v = u;
-        if (step < 1e-7) { // distance of successive unit vectors
-            break;
+        if ((v - u).length() < 1e-7) { // distance of successive unit vectors
+            return u;
         }
+        // A negative eigenvalue turns the vector round in each pass. Once it comes back to its very
+        // bits, all further passes give these two vectors by turns, equally far from each other.
+        if (pass > 1 && hasSameBits(u, previous)) {
+            return (passes - pass) % 2 == 0 ? u : v;
+        }
+        previous = v;
+        v = u;
     }
     return v;
 }
