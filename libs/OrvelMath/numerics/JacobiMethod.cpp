@@ -1,28 +1,28 @@
 #include <OrvelMath/numerics/JacobiMethod.h>
+
+#include <OrvelMath/numerics/JacobiRotation_p.h>
 #include <OrvelMath/numerics/MatrixNXN.h>
+#include <OrvelMath/numerics/quick/JacobiSweep_p.h>
+#include <OrvelMath/numerics/quick/MatrixCells_p.h>
 
 #include <cmath>
 
 namespace {
 
+/// Adds up row by row, whichever way the elements are reached.
 double sumOfUpperTriangle(SymmetricMatrixIF &matrix, unsigned int size)
 {
+    double const *cell = MatrixCells::packed(matrix, size);
     double sum = 0.0;
     for (unsigned int p = 0; p < size; ++p) {
         for (unsigned int q = p + 1; q < size; ++q) {
-            sum += std::fabs(matrix.getElement(p, q));
+            sum += std::fabs(cell != nullptr ? cell[q - p] : matrix.getElement(p, q));
+        }
+        if (cell != nullptr) {
+            cell += size - p;
         }
     }
     return sum;
-}
-
-/// True when element (p, q) is lost in both diagonal elements even a hundredfold.
-bool isNegligible(double apq, double app, double aqq)
-{
-    double const pMagnitude = std::fabs(app);
-    double const qMagnitude = std::fabs(aqq);
-    double const g = 100.0 * std::fabs(apq);
-    return pMagnitude + g == pMagnitude && qMagnitude + g == qMagnitude;
 }
 
 } // namespace
@@ -60,15 +60,19 @@ bool JacobiMethod::iterate()
     // value in the fourth too.
     double const threshold =
         m_iterations <= 4 ? 0.2 * sum / (double(m_size) * double(m_size)) : 0.0;
+    double const lowest = m_iterations < 4 ? threshold : 0.0;
+    if (JacobiSweep::run(*m_matrix, *m_eigenvectors, m_size, lowest)) {
+        return false;
+    }
     for (unsigned int p = 0; p < m_size; ++p) {
         for (unsigned int q = p + 1; q < m_size; ++q) {
             double const apq = m_matrix->getElement(p, q);
             double const app = m_matrix->getElement(p, p);
             double const aqq = m_matrix->getElement(q, q);
-            if (m_iterations < 4 && threshold > std::fabs(apq)) {
+            if (lowest > std::fabs(apq)) {
                 continue;
             }
-            if (isNegligible(apq, app, aqq)) {
+            if (JacobiRotation::isNegligible(apq, app, aqq)) {
                 m_matrix->setElement(p, q, 0.0);
             } else {
                 rotate(p, q);
@@ -100,22 +104,17 @@ void JacobiMethod::rotate(unsigned int p, unsigned int q)
     double const app = m_matrix->getElement(p, p);
     double const aqq = m_matrix->getElement(q, q);
     double const apq = m_matrix->getElement(p, q);
-    double const theta = (aqq - app) / (apq + apq);
-    double const sign = theta < 0.0 ? -1.0 : 1.0;
-    double const t = sign / (std::fabs(theta) + std::sqrt(theta * theta + 1.0));
-    double const c = 1.0 / std::sqrt(t * t + 1.0);
-    double const s = c * t;
-    double const tau = s / (1.0 + c);
+    JacobiRotation const r(app, aqq, apq);
 
     m_matrix->setElement(p, q, 0.0);
-    m_matrix->setElement(p, p, app - t * apq);
-    m_matrix->setElement(q, q, aqq + t * apq);
+    m_matrix->setElement(p, p, app - r.t * apq);
+    m_matrix->setElement(q, q, aqq + r.t * apq);
 
     auto const turn = [=](MatrixIF *matrix, unsigned int i) {
         double const g = matrix->getElement(i, p);
         double const h = matrix->getElement(i, q);
-        matrix->setElement(i, p, g - s * (g * tau + h));
-        matrix->setElement(i, q, h + s * (g - h * tau));
+        matrix->setElement(i, p, g - r.s * (g * r.tau + h));
+        matrix->setElement(i, q, h + r.s * (g - h * r.tau));
     };
     for (unsigned int i = 0; i < m_size; ++i) {
         if (i != p && i != q) {

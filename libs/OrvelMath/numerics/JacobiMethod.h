@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// All eigenpairs of a symmetric matrix.
-#pragma once
 
 #include <OrvelCore/runtime/PValOrderedVector.h>
 #include <OrvelMath/numerics/AlgorithmIF.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The two matrices that the library brings.
-#pragma once
 
 #include <OrvelCore/runtime/OrvelAllocatorT.h>
 #include <OrvelMath/numerics/MatrixIF.h>
@@ -28,6 +29,8 @@ public:
     void makeNull() override;
 
 private:
+    friend class MatrixCells;
+
     unsigned int m_size;
     double *m_elements;
 };
@@ -57,6 +60,8 @@ protected:
     unsigned int calcIndex(unsigned int i, unsigned int j);
 
 private:
+    friend class MatrixCells;
+
     unsigned int m_size;
     std::vector<double, OrvelAllocatorT<double>> m_elements;
 };

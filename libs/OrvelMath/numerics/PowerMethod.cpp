@@ -1,5 +1,7 @@
 #include <OrvelMath/numerics/PowerMethod.h>
 
+#include <OrvelMath/numerics/quick/MatrixProduct_p.h>
+
 #include <cmath>
 #include <cstdlib>
 #include <memory>
@@ -15,6 +17,18 @@ void normalize(double *vector, unsigned int size)
     double const length = std::sqrt(sum);
     for (unsigned int i = 0; i < size; ++i) {
         vector[i] /= length;
+    }
+}
+
+/// product = matrix * vector, through the operations of the matrix.
+void multiply(MatrixIF &matrix, unsigned int size, double const *vector, double *product)
+{
+    for (unsigned int i = 0; i < size; ++i) {
+        double sum = 0.0;
+        for (unsigned int j = 0; j < size; ++j) {
+            sum += matrix.getElement(i, j) * vector[j];
+        }
+        product[i] = sum;
     }
 }
 
@@ -68,12 +82,8 @@ bool PowerMethod::iterateVector()
 {
     unsigned int size;
     m_matrix->getSize(size);
-    for (unsigned int i = 0; i < size; ++i) {
-        double sum = 0.0;
-        for (unsigned int j = 0; j < size; ++j) {
-            sum += m_matrix->getElement(i, j) * m_vector[j];
-        }
-        m_product[i] = sum;
+    if (!MatrixProduct::multiply(*m_matrix, size, m_vector, m_product)) {
+        multiply(*m_matrix, size, m_vector, m_product);
     }
 
     double dot = 0.0;
