@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Three axes and an origin.
-#pragma once
 
 #include <OrvelMath/base/Point3D.h>
 #include <OrvelMath/base/classAllocation.h>

@@ -1,10 +1,11 @@
+#pragma once
+
 /// @file
 /// Transformations of space: functions on a bare 4x4 array, and the class that holds one.
 ///
 /// Arrays are row-major: m[row][column]. Points are columns, p' = M p, and the translation is the
 /// fourth column. All angles are degrees. NaN and infinity pass through the arithmetic. Every
 /// function takes constant time, allocates nothing and throws nothing.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/valueTypes.h>

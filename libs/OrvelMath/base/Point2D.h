@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Points of the plane of the first generation, in two precisions, and directions in degrees. NaN
 /// and infinity run through the arithmetic; every operation takes constant time.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/classAllocation.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The point of space of the first generation.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/vectorC.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Rotations as quaternions, in radians.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Matrix4X4C.h>

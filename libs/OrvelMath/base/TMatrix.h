@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Transformations of the plane that carry direction angles along.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>

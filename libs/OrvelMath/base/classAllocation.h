@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The heap that the value types of the library live on.
-#pragma once
 
 #include <OrvelCore/runtime/QtAllocation.h>
 

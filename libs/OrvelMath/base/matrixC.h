@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Matrices of the second generation, held axis by axis. NaN and infinity run through the
 /// arithmetic; every operation takes constant time.
-#pragma once
 
 #include <OrvelMath/base/vectorC.h>
 

@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// The value types that all geometry of the library is written in.
 ///
@@ -10,7 +12,6 @@
 /// | Matrix4X4C       | matrixC4x4<double> | row-major against column-major memory             |
 ///
 /// Points are columns, p' = M p, in every matrix type.
-#pragma once
 
 #include <OrvelMath/base/CoordinateSystem.h>
 #include <OrvelMath/base/Point2D.h>

@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Vectors of the second generation. NaN and infinity run through the arithmetic; every operation
 /// takes constant time.
-#pragma once
 
 #include <cmath>
 

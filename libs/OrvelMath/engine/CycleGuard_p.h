@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Notices that a walk runs in a circle.
-#pragma once
 
 #include <cstdint>
 #include <functional>

@@ -1,9 +1,10 @@
+#pragma once
+
 /// @file
 /// Vectors of numbers in the compilers' own notation: one wrapper for every folder and width.
 ///
 /// GCC and Clang compile the notation for every processor: where a register holds fewer numbers,
 /// they take several. So nothing here needs a second wording off x86.
-#pragma once
 
 #include <type_traits>
 #include <utility>

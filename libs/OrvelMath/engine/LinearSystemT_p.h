@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// Small dense linear systems.
+
 #include <cmath>
 
 /// A small dense linear system of R rows and C columns, reduced once and solved for any number of

@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Two doubles side by side, for formulas that are the same in several coordinates. The lanes hold
 /// independent results: each is what the scalar formula gives, to the last bit, on every processor.
-#pragma once
 
 #include <OrvelMath/engine/Lanes_p.h>
 

@@ -1,9 +1,10 @@
+#pragma once
+
 /// @file
 /// Degrees to radians and back, in each order of operations that the library uses.
 ///
 /// The orders differ in the last bits, and each caller keeps the one that it has always had. The
 /// name of a function is its formula, read from left to right.
-#pragma once
 
 namespace engine {
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The components of a vector in ascending order.
-#pragma once
 
 #include <utility>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The one place that asks what the processor can do.
-#pragma once
 
 #include <atomic>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The steps that iterative methods share.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 

@@ -1,7 +1,8 @@
+#pragma once
+
 /// @file
 /// Circles through noisy points of the plane. Both fits take model units, go twice over the points
 /// and allocate nothing.
-#pragma once
 
 #include <OrvelCore/runtime/OrvelAllocatorT.h>
 #include <OrvelMath/OrvelMathExport.h>

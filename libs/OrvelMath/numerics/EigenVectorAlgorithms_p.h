@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The three algorithms behind MatUtil::getEigenVector3d, each with its convention of outputs.
-#pragma once
 
 #include <OrvelMath/base/valueTypes.h>
 

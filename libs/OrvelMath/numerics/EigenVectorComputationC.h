@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Eigenvectors of symmetric 3x3 matrices.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/valueTypes.h>

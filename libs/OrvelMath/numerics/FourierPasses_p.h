@@ -1,12 +1,14 @@
-// The passes of the radix-2 decimation-in-frequency transform, several stages at a time.
-//
-// Each butterfly is the plain one: the sum goes to the upper place, the difference times its root
-// to the lower. A pass runs up to three stages on values held in registers, and a vector holds
-// butterflies that do not depend on each other, so every result has the bits that a loop over
-// single butterflies gives. The stages are laid out as in the self-sorting transform of T. G.
-// Stockham (1966): a pass leaves its results where the next one reads them contiguously, and the
-// last one leaves natural order, so no bit-reversed scatter is needed.
 #pragma once
+
+/// @file
+/// The passes of the radix-2 decimation-in-frequency transform, several stages at a time.
+///
+/// Each butterfly is the plain one: the sum goes to the upper place, the difference times its root
+/// to the lower. A pass runs up to three stages on values held in registers, and a vector holds
+/// butterflies that do not depend on each other, so every result has the bits that a loop over
+/// single butterflies gives. The stages are laid out as in the self-sorting transform of T. G.
+/// Stockham (1966): a pass leaves its results where the next one reads them contiguously, and the
+/// last one leaves natural order, so no bit-reversed scatter is needed.
 
 #include <OrvelMath/engine/Lanes_p.h>
 

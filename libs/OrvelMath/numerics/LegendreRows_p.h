@@ -1,5 +1,7 @@
-// Products of table rows with one vector, eight rows side by side.
 #pragma once
+
+/// @file
+/// Products of table rows with one vector, eight rows side by side.
 
 #include <OrvelMath/engine/Lanes_p.h>
 

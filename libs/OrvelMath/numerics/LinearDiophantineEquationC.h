@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Linear equations in two integers.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 

@@ -1,5 +1,6 @@
+#pragma once
+
 /// @file
 /// The name under which the small linear systems are reached from outside the engine.
-#pragma once
 
 #include <OrvelMath/engine/LinearSystemT_p.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// What the iterative methods ask of a matrix.
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/classAllocation.h>

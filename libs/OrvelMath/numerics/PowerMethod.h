@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The dominant eigenpair of a square matrix.
-#pragma once
 
 #include <OrvelMath/numerics/AlgorithmIF.h>
 #include <OrvelMath/numerics/MatrixIF.h>

@@ -1,3 +1,5 @@
+#pragma once
+
 /// @file
 /// Fourier and Legendre transforms on arrays of the caller.
 ///
@@ -15,7 +17,6 @@
 /// The transforms give the same bits on every processor: vector units take independent butterflies
 /// or rows side by side and never split a sum. (The roots come from the C library's sine and
 /// cosine.)
-#pragma once
 
 #include <OrvelMath/OrvelMathExport.h>
 

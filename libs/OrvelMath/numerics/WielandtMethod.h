@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// The eigenpair after a known one.
-#pragma once
 
 #include <OrvelMath/numerics/AlgorithmIF.h>
 #include <OrvelMath/numerics/MatrixIF.h>

@@ -1,6 +1,7 @@
+#pragma once
+
 /// @file
 /// Principal axes of a cloud of points.
-#pragma once
 
 #include <OrvelCore/runtime/PValOrderedVector.h>
 #include <OrvelMath/OrvelMathExport.h>
