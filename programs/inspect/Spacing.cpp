@@ -145,10 +145,10 @@ std::string spacingPicture(std::vector<double> const &spacings)
                 << numberText(bar) << "\"/>\n";
         }
     }
-    svg << "<path class=\"axis\" d=\"M0 201H" << classCount * barWidth
-        << "\"/>\n</svg>\n<p><span>" << numberText(smallest)
-        << "</span><span>distance, logarithmic</span><span>" << numberText(largest)
-        << "</span></p>\n<p>highest bar: " << highest << " vertices</p>\n</div>\n";
+    svg << "<path class=\"axis\" d=\"M0 201H" << classCount * barWidth << "\"/>\n</svg>\n<p><span>"
+        << numberText(smallest) << "</span><span>distance, logarithmic</span><span>"
+        << numberText(largest) << "</span></p>\n<p>highest bar: " << highest
+        << " vertices</p>\n</div>\n";
     return svg.str();
 }
 

@@ -17,10 +17,7 @@ class InspectOutputs : public ::testing::Test
 protected:
     void SetUp() override { write("t.obj", tetrahedron); }
 
-    std::string path(char const *name) const
-    {
-        return m_folder.filePath(name).toStdString();
-    }
+    std::string path(char const *name) const { return m_folder.filePath(name).toStdString(); }
     void write(char const *name, std::string const &content) const
     {
         std::ofstream(path(name)) << content;
