@@ -23,6 +23,8 @@ QList<PolarRecord> sortedRecords(Points2 const &points)
 /// Asks for the first of each kind of equal records, by the last one of them in the input.
 void expectFirstOfEqual(Points2 const &points)
 {
+    DirectionSort directions;
+    ASSERT_TRUE(directions.sort(points, 0));
     QList<PolarRecord> const records = sortedRecords(points);
     std::vector<int> wanted;
     std::vector<int> expected;
@@ -33,10 +35,12 @@ void expectFirstOfEqual(Points2 const &points)
         }
         wanted.back() = std::max(wanted.back(), records[i].index);
     }
-    ASSERT_EQ(expected, SortReplay(points, 0).firstOfEqual(wanted)) << points.size() << " points";
+    ASSERT_EQ(expected, SortReplay(points, 0, directions).firstOfEqual(wanted))
+        << points.size() << " points";
     // One of them alone leaves most parts unsorted.
     for (std::size_t i = 0; i < wanted.size(); i += 1 + wanted.size() / 3) {
-        ASSERT_EQ(std::vector<int>{expected[i]}, SortReplay(points, 0).firstOfEqual({wanted[i]}));
+        ASSERT_EQ(std::vector<int>{expected[i]},
+                  SortReplay(points, 0, directions).firstOfEqual({wanted[i]}));
     }
 }
 

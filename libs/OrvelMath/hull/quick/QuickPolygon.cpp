@@ -18,10 +18,6 @@ constexpr int tied(int index)
     return index < 0 ? index : ~index;
 }
 
-/// How many points ahead one is fetched: far enough for the memory, and still in the nearest cache
-/// when its turn comes.
-constexpr std::size_t fetchDistance = 16;
-
 /// Marks the records that equal another one. False if such records are different points.
 bool markEqualRecords(QVector<PolarRecord> &sorted)
 {
@@ -48,7 +44,8 @@ void appendRecord(QVector<PolarRecord> &cluster, Points const &points, int start
 }
 
 /// Replaces each marked corner by the one of its equals that the sort puts first.
-void resolveTies(Points const &points, int start, QList<int> &corners)
+void resolveTies(Points const &points, int start, DirectionSort const &directions,
+                 QList<int> &corners)
 {
     std::vector<int> wanted;
     for (int corner : qAsConst(corners)) {
@@ -59,7 +56,7 @@ void resolveTies(Points const &points, int start, QList<int> &corners)
     if (wanted.empty()) {
         return;
     }
-    std::vector<int> const found = SortReplay(points, start).firstOfEqual(wanted);
+    std::vector<int> const found = SortReplay(points, start, directions).firstOfEqual(wanted);
     auto next = found.begin();
     for (int &corner : corners) {
         if (corner < 0) {
@@ -74,22 +71,25 @@ void resolveTies(Points const &points, int start, QList<int> &corners)
 bool addFarthest(Points const &points, int start, DirectionSort const &directions,
                  std::size_t first, std::size_t end, GrahamScan &scan)
 {
-    int farthest = directions.index(first);
-    double distance = (points[farthest] - points[start]).length();
+    vectorC2d<double> const origin = points[start];
+    vectorC2d<double> farthest = directions[first].position();
+    int farthestIndex = directions[first].index;
+    double distance = (farthest - origin).length();
     for (std::size_t i = first + 1; i < end; ++i) {
-        int const index = directions.index(i);
-        double const other = (points[index] - points[start]).length();
+        vectorC2d<double> const p = directions[i].position();
+        double const other = (p - origin).length();
         if (other > distance) {
-            farthest = index;
+            farthest = p;
+            farthestIndex = directions[i].index;
             distance = other;
         } else if (other == distance) {
-            if (points[index] != points[farthest < 0 ? ~farthest : farthest]) {
+            if (p != farthest) {
                 return false;
             }
-            farthest = tied(farthest);
+            farthestIndex = tied(farthestIndex);
         }
     }
-    scan.add(points[farthest < 0 ? ~farthest : farthest], farthest);
+    scan.add(farthest, farthestIndex);
     return true;
 }
 
@@ -100,7 +100,7 @@ bool addByAngle(Points const &points, int start, DirectionSort const &directions
 {
     QVector<PolarRecord> cluster;
     for (std::size_t i = first; i < end; ++i) {
-        appendRecord(cluster, points, start, directions.index(i));
+        appendRecord(cluster, points, start, directions[i].index);
     }
     std::sort(cluster.begin(), cluster.end());
     if (!markEqualRecords(cluster)) {
@@ -117,16 +117,12 @@ bool addByDirection(Points const &points, int start, DirectionSort const &direct
 {
     std::size_t end;
     for (std::size_t first = 0; first < directions.size(); first = end) {
-        if (first + fetchDistance < directions.size()) {
-            __builtin_prefetch(&points[directions.index(first + fetchDistance)]);
-        }
         end = directions.endOfCluster(first);
         if (end == first + 1) {
-            int const index = directions.index(first);
-            scan.add(points[index], index);
+            scan.add(directions[first].position(), directions[first].index);
             continue;
         }
-        bool const isOneRun = directions.direction(end - 1) - directions.direction(first) <=
+        bool const isOneRun = directions[end - 1].direction - directions[first].direction <=
                               DirectionSort::oneRunSteps;
         if (!(isOneRun && addFarthest(points, start, directions, first, end, scan)) &&
             !addByAngle(points, start, directions, first, end, scan)) {
@@ -149,6 +145,6 @@ bool quickPolygon(Points const &points, int start, QList<int> &hull)
         return false;
     }
     hull = scan.close();
-    resolveTies(points, start, hull);
+    resolveTies(points, start, directions, hull);
     return true;
 }

@@ -1,27 +1,29 @@
 #include <OrvelMath/hull/quick/SortReplay_p.h>
 
 #include <OrvelMath/hull/GrahamScan_p.h>
-#include <OrvelMath/hull/quick/DirectionSort_p.h>
 
 #include <algorithm>
 #include <numeric>
 #include <utility>
 
-SortReplay::SortReplay(QVector<vectorC2d<double>> const &points, int start)
+SortReplay::SortReplay(QVector<vectorC2d<double>> const &points, int start,
+                       DirectionSort const &directions)
     : m_points(points)
     , m_start(start)
+    , m_directions(directions)
 {
-    m_items.reserve(static_cast<std::size_t>(points.size()));
+    m_items.reserve(directions.size());
     for (int i = 0; i < points.size(); ++i) {
-        if (!isCopyOfStart(points[i] - points[start])) { // nor the start itself
-            m_items.push_back(itemOf(i));
+        Item const item = itemOf(i);
+        if (item.direction != DirectionSort::noDirection) {
+            m_items.push_back(item);
         }
     }
 }
 
 SortReplay::Item SortReplay::itemOf(int index) const
 {
-    return {DirectionSort::directionOf(m_points[index] - m_points[m_start]), index};
+    return {m_directions.directions()[static_cast<std::size_t>(index)], index};
 }
 
 bool SortReplay::less(Item const &a, Item const &b) const

@@ -4,6 +4,7 @@
 /// Which one of equal records a sort puts first, without the sort of all records.
 
 #include <OrvelMath/base/vectorC.h>
+#include <OrvelMath/hull/quick/DirectionSort_p.h>
 
 #include <QtCore/QVector>
 
@@ -21,9 +22,9 @@
 class SortReplay
 {
 public:
-    /// Takes the points but the start and its copies, in the order of the input. Every direction
-    /// must have been found readable by DirectionSort.
-    SortReplay(QVector<vectorC2d<double>> const &points, int start);
+    /// Takes the points but the start and its copies, in the order of the input.
+    SortReplay(QVector<vectorC2d<double>> const &points, int start,
+               DirectionSort const &directions);
 
     /// For each wanted point, of which no two have equal records, the index of the point with an
     /// equal record that the sort puts first. To be called once.
@@ -53,6 +54,7 @@ private:
 
     QVector<vectorC2d<double>> const &m_points;
     int m_start;
+    DirectionSort const &m_directions;
     std::vector<Item> m_items;
     std::vector<Item> m_wanted; ///< ascending
     std::vector<int> m_found;   ///< for each wanted record
