@@ -89,9 +89,10 @@ HullFace *HullSurface::makeTriangle(HullPoints const &points, int a, int b, int 
     second->tail = first->head = b;
     third->tail = second->head = c;
     HullFace *const face = appendFace(points, first.get(), second.get(), third.get());
-    first.release();
-    second.release();
-    third.release();
+    // The face owns them now.
+    static_cast<void>(first.release());
+    static_cast<void>(second.release());
+    static_cast<void>(third.release());
     return face;
 }
 
@@ -103,8 +104,9 @@ HullFace *HullSurface::makeFanTriangle(HullPoints const &points, HullEdge *base,
     out->head = in->tail = apex;
     in->head = base->tail;
     HullFace *const face = appendFace(points, base, out.get(), in.get());
-    out.release();
-    in.release();
+    // The face owns them now.
+    static_cast<void>(out.release());
+    static_cast<void>(in.release());
     return face;
 }
 
