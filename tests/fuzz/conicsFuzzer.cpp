@@ -1,6 +1,8 @@
-// Reads the bytes as two ellipse arcs, a line and a tolerance, any bit patterns included, and asks
-// for all crossings and the nearest points. What comes back is refused or lies on both curves.
+// Reads the bytes as two ellipse arcs, two curves, a line and a tolerance, any bit patterns
+// included, and asks for all crossings and the nearest points. What comes back is refused or lies
+// on both curves.
 
+#include <OrvelExact/conics/bezierCrossings.h>
 #include <OrvelExact/conics/conicCrossings.h>
 #include <OrvelExact/conics/ellipseDistance.h>
 
@@ -123,6 +125,25 @@ void tryPoint(EllipseArc const &a, Point2 const &p)
     }
 }
 
+void tryCurves(EllipseArc const &a, EllipseArc const &b, double tolerance)
+{
+    CubicBezier const first{{a.ellipse.centre, a.ellipse.u, a.ellipse.v, a.from}};
+    CubicBezier const second{{b.ellipse.centre, b.ellipse.u, b.ellipse.v, b.from}};
+    BezierCrossings const all = bezierCrossings(first, second, tolerance);
+    require(all.count >= 0 && all.count <= 9);
+    for (int i = 0; i < all.count; ++i) {
+        BezierCrossing const &x = all.crossings[i];
+        require(isFinite(x.point));
+        require(x.onFirst >= 0.0 && x.onFirst <= 1.0 && x.onSecond >= 0.0 && x.onSecond <= 1.0);
+    }
+    BezierLineCrossings const cut = bezierLineCrossings(first, b.from, b.to, tolerance);
+    require(cut.count >= 0 && cut.count <= 3);
+    for (int i = 0; i < cut.count; ++i) {
+        require(isFinite(cut.crossings[i].point));
+        require(cut.crossings[i].t >= 0.0 && cut.crossings[i].t <= 1.0);
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size)
@@ -134,6 +155,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size
     Point2 const p1 = input.point();
     double const tolerance = input.number();
     tryPair(a, b, tolerance);
+    tryCurves(a, b, tolerance);
     tryLine(a, p0, p1, tolerance);
     tryPoint(a, p0);
     return 0;
