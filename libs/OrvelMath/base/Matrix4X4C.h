@@ -58,6 +58,7 @@ ORVELMATH_EXPORT void Math3DGetRotateAxisMatrix(Point3D const &point, Point3D co
 /// @param m read, and written with the inverse
 /// @return false for a singular matrix, up to the 1e-9 above; `m` is then left half reduced
 /// @see Matrix4X4C::InvertOrthogonal, faster, for a rotation with translation
+/// @see orvelExact::inverseOf
 ORVELMATH_EXPORT bool Math3DInvertMatrix(double (*const m)[4]);
 
 /// Sets elements of the top-left 3x3 part whose size is below 1e-9 to 0. NaN stays.
@@ -82,6 +83,7 @@ ORVELMATH_EXPORT void Math3DTransponateMatrix(double (*const m)[4]);
 /// row stay.
 ///
 /// @param m read and written
+/// @see orvelExact::nearestRotation
 ORVELMATH_EXPORT void Math3DRefresh(double (&m)[4][4]);
 
 /// True when all 16 elements differ by less than `tolerance`, strictly: with 0 no matrix equals

@@ -50,6 +50,7 @@ ORVELMATH_EXPORT int comparePoints(Point2D const &p, Point2D const &q, double to
 ///            distance from the line than tol.
 /// @return 0 not collinear; 1 for 0, 1, 2; 2 for 0, 2, 1; 3 for 1, 0, 2; 4 for 1, 2, 0; 5 for 2,
 ///         0, 1; 6 for 2, 1, 0.
+/// @see orvelExact::orientation2d for the exact side
 ORVELMATH_EXPORT int isColinear(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                 double tol);
 

@@ -160,6 +160,7 @@ ORVELMATH_EXPORT Ellipse transformEllipse(Ellipse const &e, TMat const &m);
 /// @param points caller's array. Four entries do for ellipses that differ and are of similar size;
 ///     identical ellipses, or an e2 about 1e9 times as large as e1, may give up to twelve
 /// @image html ellipse_crossings.svg
+/// @see orvelExact::ellipseCrossings, which finds all at any size
 ORVELMATH_EXPORT void FindIntersections(Ellipse &e1, Ellipse &e2, int &count,
                                         Point2D *const points);
 
@@ -190,6 +191,7 @@ ORVELMATH_EXPORT bool FindIntersections2(Ellipse &e1, Ellipse &e2, bool last, bo
 /// @param count how many points were written; always set
 /// @param tol not read
 /// @return 1 when there is any, else 0
+/// @see orvelExact::ellipseCrossings
 ORVELMATH_EXPORT int intersect_circle_ellipse(Point2D const &c, double r, Point2D const &centre,
                                               double angle, double a, double b,
                                               Point2D *const points, int &count, double tol);
@@ -200,6 +202,7 @@ ORVELMATH_EXPORT int intersect_circle_ellipse(Point2D const &c, double r, Point2
 /// @param count how many points were found, cut at 4; always set
 /// @param tol not read
 /// @return 1 when there is any, else 0
+/// @see orvelExact::ellipseCrossings
 ORVELMATH_EXPORT int intersect_ellipse_ellipse(Point2D const &c1, double angle1, double a1,
                                                double b1, Point2D const &c2, double angle2,
                                                double a2, double b2, Point2D *const points,
@@ -215,6 +218,7 @@ ORVELMATH_EXPORT int intersect_ellipse_ellipse(Point2D const &c1, double angle1,
 /// @return 1 found, 0 not. A line of length 1e-100 or less, or NaN input, returns 1 with an `out`
 ///     that is NaN.
 /// @image html intersect_line_ellipse.svg
+/// @see orvelExact::lineCrossings
 ORVELMATH_EXPORT int intersect_line_ellipse(Point2D const &p0, Point2D const &p1,
                                             Point2D const &centre, double angle, double a, double b,
                                             bool other, Point2D &out, double eps);

@@ -34,6 +34,7 @@ ORVELMATH_EXPORT Point2D getPerpendicularVector(Point2D const &v);
 /// Three points count as collinear when twice the squared cross product of two sides is below
 /// 1e-6: a fourth power of a length, so a triangle with sides near 0.02 is refused already, at any
 /// angle. The radius is -1.0 then and the result (0, 0).
+/// @see orvelExact::circleThrough, which takes triangles of any size
 ORVELMATH_EXPORT Point2D getCircleCenter(Point2D const &a, Point2D const &b, Point2D const &c,
                                          double &radius);
 
@@ -104,6 +105,7 @@ ORVELMATH_EXPORT void bisectingPlane(vectorC3d<double> const &point1,
 /// Returns the centre of the sphere through four points and writes its radius. When the points are
 /// coplanar, which is a pivot of their differences at or below 1e-6, the radius is -1.0 and the
 /// result the zero vector.
+/// @see orvelExact::sphereThrough
 ORVELMATH_EXPORT vectorC3d<double> getSphereCenter(vectorC3d<double> const &a,
                                                    vectorC3d<double> const &b,
                                                    vectorC3d<double> const &c,

@@ -55,6 +55,7 @@ class ConvexHullBuilderCPrivate;
 /// write). It can't be copied. One object belongs to one thread at a time; separate objects may
 /// work in parallel. Every function ends on any input. Functions that allocate throw
 /// std::bad_alloc when there is no memory; then nothing leaks, and the object can be used again.
+/// @see orvelExact::ConvexHull, orvelExact::convexHull2d: every extreme point and no other
 class ORVELMATH_EXPORT ConvexHullBuilderC
 {
 public:
