@@ -10,10 +10,10 @@ namespace {
 
 using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
 
-void withCgal(benchmark::State &state, std::string const &kind)
+void withCgal(benchmark::State &state, std::string const &kind, int count)
 {
     std::vector<Kernel::Point_3> points;
-    for (orvelExact::Point3 const &p : spaceCloud(kind, static_cast<int>(state.range(0)))) {
+    for (orvelExact::Point3 const &p : spaceCloud(kind, count)) {
         points.emplace_back(p.x(), p.y(), p.z());
     }
     measureBuild(state, [&points] {
@@ -23,7 +23,7 @@ void withCgal(benchmark::State &state, std::string const &kind)
     });
 }
 
-bool const registered = (forSpaceClouds("Cgal", withCgal), true);
+bool const registered = (forSpaceClouds("cgal", withCgal), true);
 
 } // namespace
 

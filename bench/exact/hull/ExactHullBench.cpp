@@ -76,14 +76,15 @@ Cloud const &spaceCloud(std::string const &kind, int count)
 }
 
 void forSpaceClouds(std::string const &name,
-                    void (*measure)(benchmark::State &, std::string const &kind))
+                    void (*measure)(benchmark::State &, std::string const &kind, int count))
 {
     for (std::string const kind :
          {"ball", "cube", "gauss", "sphere", "cone", "lattice", "grid", "torus"}) {
-        benchmark::RegisterBenchmark((kind + "/" + name).c_str(), measure, kind)
-            ->UseManualTime()
-            ->Unit(benchmark::kMillisecond)
-            ->RangeMultiplier(10)
-            ->Range(10000, 1000000);
+        for (int const count : {10000, 100000, 1000000}) {
+            std::string const row = "exactHull/" + kind + "/" + std::to_string(count) + "/" + name;
+            benchmark::RegisterBenchmark(row.c_str(), measure, kind, count)
+                ->UseManualTime()
+                ->Unit(benchmark::kMillisecond);
+        }
     }
 }

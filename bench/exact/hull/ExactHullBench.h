@@ -16,7 +16,7 @@ Cloud const &spaceCloud(std::string const &kind, int count);
 
 /// Registers a measurement for all clouds and sizes.
 void forSpaceClouds(std::string const &name,
-                    void (*measure)(benchmark::State &, std::string const &kind));
+                    void (*measure)(benchmark::State &, std::string const &kind, int count));
 
 double processorSeconds();
 

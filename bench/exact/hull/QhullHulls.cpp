@@ -36,13 +36,13 @@ private:
     std::FILE *m_output;
 };
 
-void withQhull(benchmark::State &state, std::string const &kind)
+void withQhull(benchmark::State &state, std::string const &kind, int count)
 {
-    Cloud const &points = spaceCloud(kind, static_cast<int>(state.range(0)));
+    Cloud const &points = spaceCloud(kind, count);
     measureBuild(state, [&points] { return std::make_unique<QhullHull>(points); });
 }
 
-bool const registered = (forSpaceClouds("Qhull", withQhull), true);
+bool const registered = (forSpaceClouds("qhull", withQhull), true);
 
 } // namespace
 

@@ -36,10 +36,16 @@ void inSphereCgal(benchmark::State &state)
     });
 }
 
-BENCHMARK(orientation2dCgal)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(orientation3dCgal)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(inCircleCgal)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(inSphereCgal)->ArgName("lattice")->Arg(0)->Arg(1);
+bool registerAll()
+{
+    forNumbers("orientation2d", "cgal", orientation2dCgal);
+    forNumbers("orientation3d", "cgal", orientation3dCgal);
+    forNumbers("inCircle", "cgal", inCircleCgal);
+    forNumbers("inSphere", "cgal", inSphereCgal);
+    return true;
+}
+
+bool const registered = registerAll();
 
 } // namespace
 

@@ -82,13 +82,19 @@ void inSphereOrvel(benchmark::State &state)
         state, [](Point3 const *p) { return inSphere(p[0], p[1], p[2], p[3], p[4]); });
 }
 
-BENCHMARK(orientation2dNaive)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(orientation2dOrvel)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(orientation3dNaive)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(orientation3dOrvel)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(inCircleNaive)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(inCircleOrvel)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(inSphereNaive)->ArgName("lattice")->Arg(0)->Arg(1);
-BENCHMARK(inSphereOrvel)->ArgName("lattice")->Arg(0)->Arg(1);
+bool registerAll()
+{
+    forNumbers("orientation2d", "naive", orientation2dNaive);
+    forNumbers("orientation2d", "orvel", orientation2dOrvel);
+    forNumbers("orientation3d", "naive", orientation3dNaive);
+    forNumbers("orientation3d", "orvel", orientation3dOrvel);
+    forNumbers("inCircle", "naive", inCircleNaive);
+    forNumbers("inCircle", "orvel", inCircleOrvel);
+    forNumbers("inSphere", "naive", inSphereNaive);
+    forNumbers("inSphere", "orvel", inSphereOrvel);
+    return true;
+}
+
+bool const registered = registerAll();
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include <random>
+#include <string>
 #include <vector>
 
 /// Numbers for the measurements: `random` in [-1, 1], or `lattice` of 0.1, where many signs are 0.
@@ -20,7 +21,18 @@ inline std::vector<double> numbers(bool isLattice)
     return result;
 }
 
-/// Calls `sign` for each window of `count` consecutive points of the dimension of `Point`.
+/// Registers a measurement for both kinds of numbers, the kind as its argument.
+inline void forNumbers(std::string const &predicate, std::string const &who,
+                       void (*measure)(benchmark::State &))
+{
+    for (int const isLattice : {0, 1}) {
+        std::string const row =
+            predicate + (isLattice ? "/lattice/16384/" : "/random/16384/") + who;
+        benchmark::RegisterBenchmark(row.c_str(), measure)->Arg(isLattice);
+    }
+}
+
+/// Calls `signOf` for each window of `count` consecutive points of the dimension of `Point`.
 template <typename Point, int dimension, int count, typename SignOf>
 void measureSigns(benchmark::State &state, SignOf const &signOf)
 {

@@ -2,6 +2,7 @@
 
 #include <OrvelExact/hull/HullClaims_p.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace orvelExact {
@@ -11,6 +12,38 @@ namespace {
 constexpr int next(int i)
 {
     return i == 2 ? 0 : i + 1;
+}
+
+/// The extreme points along the axes, and for larger sets those along the diagonals of the box
+/// among the first points: a hull of these holds most points of a ball or a cube, which then are
+/// dropped at the first look. Of equal points the first is taken, as it is the first of all.
+std::vector<int> startPoints(WorkPoints const &points)
+{
+    constexpr int worthDiagonals = 1000;
+    std::vector<int> result(points.extremes().begin(), points.extremes().end());
+    if (points.count() < worthDiagonals) {
+        return result;
+    }
+    int diagonal[8] = {};
+    double farthest[8];
+    std::fill_n(farthest, 8, -4.0); // below all sums
+    for (int i = 0; i < std::max(worthDiagonals, points.count() / 8); ++i) {
+        Point3 const p = points.rounded(i);
+        double const sums[4] = {p.x() + p.y() + p.z(), p.x() + p.y() - p.z(), p.x() - p.y() + p.z(),
+                                p.x() - p.y() - p.z()};
+        for (int k = 0; k < 4; ++k) {
+            if (sums[k] > farthest[k]) {
+                farthest[k] = sums[k];
+                diagonal[k] = i;
+            }
+            if (-sums[k] > farthest[k + 4]) {
+                farthest[k + 4] = -sums[k];
+                diagonal[k + 4] = i;
+            }
+        }
+    }
+    result.insert(result.end(), diagonal, diagonal + 8);
+    return result;
 }
 
 } // namespace
@@ -63,11 +96,11 @@ void HullBuilder::makeSimplex(int const (&simplex)[4])
     }
 }
 
-/// Adds what the simplex leaves of the points that are extreme along an axis; afterwards the new
-/// facets are all that there are.
+/// Adds what the simplex leaves of the start points; afterwards the new facets are all that there
+/// are.
 void HullBuilder::addExtremes()
 {
-    for (int const point : m_points.extremes()) {
+    for (int const point : startPoints(m_points)) {
         Point3 const position = m_points.rounded(point);
         for (int place = 0; place < static_cast<int>(m_mesh.facets.size()); ++place) {
             HullFacet const &facet = m_mesh[place];

@@ -75,6 +75,19 @@ HullSurface computePolygon(Point3 const *points, int count, int const *corner)
     return surface;
 }
 
+/// True if of a sample a third are extreme, as on a sphere. Then parts leave too many points for
+/// their hulls to pay.
+bool areMostlyExtreme(Point3 const *points, int count)
+{
+    constexpr int sampleSize = 2000;
+    std::vector<Point3> sample;
+    for (int i = 0; i < sampleSize; ++i) {
+        sample.push_back(points[static_cast<std::int64_t>(count) * i / sampleSize]);
+    }
+    HullSurface const surface = computeHullSurface(sample.data(), sampleSize);
+    return surface.vertices.size() > static_cast<std::size_t>(sampleSize / 3);
+}
+
 /// Replaces indices into a selection by the indices that were selected.
 void translate(std::vector<int> &indices, std::vector<int> const &selected)
 {
@@ -149,7 +162,7 @@ HullSurface computeHullSurface(Point3 const *points, int count)
 HullSurface computeHullSurface(Point3 const *points, int count, int threadCount)
 {
     int const partCount = std::min(threadCount, count / minPointsPerPart);
-    if (partCount < 2) {
+    if (partCount < 2 || areMostlyExtreme(points, count)) {
         return computeHullSurface(points, count);
     }
     auto const startOf = [&](int part) {
