@@ -17,7 +17,7 @@
 /// | `Math2DIntersect2LinesWrong`  | segments | cross product is 0   | NoIntersection | class |
 /// | `concav2d::intersectEdgeEdge` | segments | 1e-100 > cross prod. | NoIntersection | class |
 ///
-/// All take two points a line, but for `inter_lin_lin`: a point and a direction. The classes of
+/// All take two points per line, but for `inter_lin_lin`: a point and a direction. The classes of
 /// `intersectEdgeEdge` are those of `concav2d::IntersectionType`.
 ///
 /// The two point-in-polygon tests:
@@ -54,7 +54,9 @@ enum InsidePolyType : int {
 ///
 /// @param tol length.
 /// @return 0 if a lies in the square; otherwise 1 or -1 as a lies above or below it in x, and if
-///         it does neither, in y. NaN gives 0.
+///         it does neither, in y. NaN counts as within the square in its coordinate.
+///
+/// @see concav2d::comparePoints
 ORVELMATH_EXPORT int Math2DComparePoints(Point2D const &a, Point2D const &b, double tol);
 
 /// How the segments p0 to p1 and p2 to p3 meet.
@@ -67,17 +69,25 @@ ORVELMATH_EXPORT int Math2DComparePoints(Point2D const &a, Point2D const &b, dou
 ///            with `NoIntersection`.
 /// @param tol length; squared, it also limits the cross product of the directions from below.
 ///
+/// Segments on one line give `NoIntersection`, unless two ends coincide. With NaN in x the result
+/// follows from y alone where ends are compared, and is `ProperCrossing` with an @p out of NaN
+/// where they do not coincide.
+///
+/// @see concav2d::intersectEdgeEdge, intersect_line_line
+///
 /// @image html segment_crossings.svg
 ORVELMATH_EXPORT IntersectionType Math2DIntersect2Lines(Point2D const &p0, Point2D const &p1,
                                                         Point2D const &p2, Point2D const &p3,
                                                         Point2D &out, double tol);
 
-/// `Math2DIntersect2Lines` without its care, kept because `Math2DInsidePolygon` stands on it.
+/// `Math2DIntersect2Lines` without its care, kept because `Math2DInsidePolygon` is built on it.
 ///
 /// Ends that coincide are not looked at beforehand, and only a cross product of exactly 0 is
 /// refused. So segments that share an end may give `NoIntersection` when rounding puts the
 /// crossing a hair off, and segments that are nearly parallel may give a crossing from a tiny
 /// divisor.
+///
+/// With NaN the result is `ProperCrossing` and @p out is NaN. @see Math2DIntersect2Lines
 ORVELMATH_EXPORT IntersectionType Math2DIntersect2LinesWrong(Point2D const &p0, Point2D const &p1,
                                                              Point2D const &p2, Point2D const &p3,
                                                              Point2D &out, double tol);
@@ -87,6 +97,8 @@ ORVELMATH_EXPORT IntersectionType Math2DIntersect2LinesWrong(Point2D const &p0, 
 ///
 /// @param tol not read.
 /// @return the crossing; the middle of p and q if the cross product of d and e is exactly 0.
+///
+/// NaN gives NaN. @see intersect_line_line, concav2d::intersectLineLine
 ORVELMATH_EXPORT Point2D inter_lin_lin(Point2D const &p, Point2D const &d, Point2D const &q,
                                        Point2D const &e, double tol);
 
@@ -96,6 +108,8 @@ ORVELMATH_EXPORT Point2D inter_lin_lin(Point2D const &p, Point2D const &d, Point
 ///
 /// @return 2 and writes the four outputs; 0 if the line misses the circle, outputs untouched. If
 ///         the two points of the line coincide, either 0 or outputs of infinity and NaN.
+///
+/// NaN gives 2 and outputs of NaN. @see intersect_line_circle
 ORVELMATH_EXPORT int circleLineIntersect(float x1, float y1, float x2, float y2, float cx, float cy,
                                          float r, float &ox1, float &oy1, float &ox2, float &oy2);
 
@@ -120,6 +134,8 @@ ORVELMATH_EXPORT int circleLineIntersect(Point2D a, Point2D b, Point2D c, float 
 ///                       false they may have been moved in part.
 /// @return true if a part of the segment stays. A coordinate that is NaN counts as inside.
 ///
+/// Always returns, mostly after four moves; a guard ends the cases that would go on for ever.
+///
 /// @image html clipping.svg
 ORVELMATH_EXPORT bool clipline(double xmin, double ymin, double xmax, double ymax, double &x1,
                                double &y1, double &x2, double &y2);
@@ -137,6 +153,9 @@ ORVELMATH_EXPORT bool clipline(double xmin, double ymin, double xmax, double yma
 /// @param tol length.
 ///
 /// The nesting rule is even-odd. Cost: linear in @p count (M. Shimrat, 1962, for the ray).
+///
+/// NaN in a coordinate of a vertex counts as in the band (y) or as no extent (x). No input makes it
+/// run longer than a few passes over the vertices. @see concav2d::pointInsidePolygone
 ///
 /// @image html point_location.svg
 ORVELMATH_EXPORT InsidePolyType Math2DInsidePolygon(Point2D *points, int count, Point2D const &p,

@@ -20,7 +20,7 @@ namespace concav2d {
 ///         lies on the sweep; -1 if it does not.
 ///
 /// A sweep through the positive x axis (a above b) counts m as on it when m is beyond a or before
-/// b.
+/// b. NaN in any angle gives -1.
 ORVELMATH_EXPORT int ccw_angle_origin(double a, double m, double b, double tol);
 
 /// Centre of the circle through three points, as the crossing of two perpendicular bisectors.
@@ -28,11 +28,17 @@ ORVELMATH_EXPORT int ccw_angle_origin(double a, double m, double b, double tol);
 /// @param tol not read.
 /// @return 0 and writes @p centre; 1 if the bisectors are exactly parallel, @p centre untouched.
 ///         Points that are nearly collinear give a far centre and 0.
+///
+/// With NaN or infinity the result is 0 and @p centre holds NaN.
+///
+/// @see MatUtil::getCircleCenter, which refuses flat triangles and gives the radius
 ORVELMATH_EXPORT int getArcMiddle(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                   Point2D &centre, double tol);
 
 /// Point of a circle at an angle in degrees.
 /// @return always 0.
+///
+/// NaN and infinity give NaN. One sine and one cosine.
 ORVELMATH_EXPORT int getCirclePoint(Point2D const &centre, double radius, double angle,
                                     Point2D &out);
 
@@ -57,6 +63,9 @@ ORVELMATH_EXPORT double getEllipsePointAngle(Point2D const &p, double semiA, dou
 /// @return 1 at start; 2 at end; 3 if p is on the same side of the pair of ends as @p through;
 ///         otherwise 0.
 ///
+/// With a NaN in p the result is 0, unless the through point is not on the sweep either: then it is
+/// 3.
+///
 /// @image html points_on_curves.svg
 ORVELMATH_EXPORT int pointOnArc(Point2D const &start, Point2D const &through, Point2D const &end,
                                 Point2D const &p, double tolDist, double tolAngle);
@@ -69,6 +78,8 @@ ORVELMATH_EXPORT int pointOnArc(Point2D const &start, Point2D const &through, Po
 /// @param tolDist degrees, in spite of its name: tolerance of the point's direction.
 /// @param tolAngle degrees: tolerance for the sense of the arc.
 /// @return as the form with two angles.
+///
+/// A NaN in p gives 0.
 ORVELMATH_EXPORT int pointOnArc(double a, double m, double b, Point2D const &p, double tolDist,
                                 double tolAngle);
 
@@ -78,6 +89,8 @@ ORVELMATH_EXPORT int pointOnArc(double a, double m, double b, Point2D const &p, 
 /// @param tol degrees.
 /// @return 3 for every point if a and b coincide: a full circle; 1 at a; 2 at b; 3 between;
 ///         otherwise 0.
+///
+/// A NaN in a, b or p gives 0.
 ORVELMATH_EXPORT int pointOnArc(double a, double b, Point2D const &p, double tol);
 
 /// Where the parameter angle of a point, relative to the centre, lies on the counter-clockwise
@@ -88,6 +101,8 @@ ORVELMATH_EXPORT int pointOnArc(double a, double b, Point2D const &p, double tol
 /// @param tol degrees.
 /// @return 1 at a; 2 at b; 3 between; otherwise 0. Unlike `pointOnArc`, equal ends are no full
 ///         ellipse: all other points give 0.
+///
+/// A NaN or an infinity in a, b or p gives 0.
 ///
 /// @image html points_on_curves.svg
 ORVELMATH_EXPORT int pointOnEllipsearc(double a, double b, double rotation, Point2D const &p,
@@ -101,6 +116,8 @@ ORVELMATH_EXPORT int pointOnEllipsearc(double a, double b, double rotation, Poin
 /// @param tol degrees.
 /// @return 0 if more than tol away from both ends and inside the sweep; 1 outside, at an end, or
 ///         if the three points are collinear.
+///
+/// With NaN the result is 0 and @p angle is NaN: no test refuses it.
 ORVELMATH_EXPORT int isPointOnArc(Point2D const &start, Point2D const &through, Point2D const &end,
                                   Point2D const &p, double &angle, double tol);
 
@@ -112,6 +129,8 @@ ORVELMATH_EXPORT int isPointOnArc(Point2D const &start, Point2D const &through, 
 ///              below a.
 /// @param tol degrees.
 /// @return 0 if more than tol away from both ends and inside the sweep, otherwise 1.
+///
+/// With a NaN in p the result is 0 and @p angle is NaN.
 ORVELMATH_EXPORT int isPointOnArc(Point2D const &centre, double radius, double a, double b,
                                   Point2D const &p, double &angle, double tol);
 

@@ -16,6 +16,8 @@
 ///
 /// With NaN among the points the result is 1 and @p out holds NaN. See the table in Math2D.h for
 /// the other crossings of straight lines.
+///
+/// @see concav2d::intersectLineLine, inter_lin_lin, Math2DIntersect2Lines
 ORVELMATH_EXPORT int intersect_line_line(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                          Point2D const &p3, Point2D &out, double const &eps);
 
@@ -37,7 +39,10 @@ enum IntersectionType : int {
 ///         x within tol and q.y - p.y above tol; otherwise 1.
 ///
 /// Points that differ by at most tol in each coordinate, but by more in distance, give 1 in both
-/// orders of the arguments. So do points with NaN. Sort with it only what differs clearly.
+/// orders of the arguments. Sort with it only what differs clearly. With NaN in x the order is that
+/// of y, and with NaN in y as well it is 1.
+///
+/// @see Math2DComparePoints, which asks for a square and not for a circle
 ORVELMATH_EXPORT int comparePoints(Point2D const &p, Point2D const &q, double tol);
 
 /// Whether three points lie on one line, and in which order along it.
@@ -50,6 +55,9 @@ ORVELMATH_EXPORT int comparePoints(Point2D const &p, Point2D const &q, double to
 ///            distance from the line than tol.
 /// @return 0 not collinear; 1 for 0, 1, 2; 2 for 0, 2, 1; 3 for 1, 0, 2; 4 for 1, 2, 0; 5 for 2,
 ///         0, 1; 6 for 2, 1, 0.
+///
+/// NaN and infinity give 0. Constant cost: three roots.
+///
 /// @see orvelExact::orientation2d for the exact side
 ORVELMATH_EXPORT int isColinear(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                 double tol);
@@ -60,6 +68,9 @@ ORVELMATH_EXPORT int isColinear(Point2D const &p0, Point2D const &p1, Point2D co
 /// do directions on either side of the positive x axis, whose angles are nearly 0 and nearly 360.
 ///
 /// @param tol degrees.
+///
+/// False where an angle is NaN. A pair of equal points has the direction 90. Constant cost; the
+/// angles are computed only for directions that may be within the tolerance.
 ORVELMATH_EXPORT bool areLinesParallel(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                        Point2D const &p3, double tol);
 
@@ -71,6 +82,8 @@ ORVELMATH_EXPORT bool areLinesParallel(Point2D const &p0, Point2D const &p1, Poi
 /// @param tol not read.
 /// @return 0 done; 1 if the second line runs along the normal of the first one, or one of the
 ///         pairs of points coincides (cross product below 1e-100).
+///
+/// With NaN the result is 0 and @p dist is NaN.
 ORVELMATH_EXPORT int distanceBetweenParallels(Point2D const &p0, Point2D const &p1,
                                               Point2D const &p2, Point2D const &p3, double &dist,
                                               double tol);
@@ -92,6 +105,8 @@ ORVELMATH_EXPORT int pointOnLine(Point2D const &p0, Point2D const &p1, Point2D c
 /// @return 0 and writes @p out; 1 if the determinant is exactly 0, @p out untouched. Lines that
 ///         are nearly parallel give a far point and 0. With NaN the result is 0 and @p out holds
 ///         NaN.
+///
+/// @see intersect_line_line, inter_lin_lin, intersectEdgeEdge
 ORVELMATH_EXPORT int intersectLineLine(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                        Point2D const &p3, Point2D &out);
 
@@ -101,6 +116,12 @@ ORVELMATH_EXPORT int intersectLineLine(Point2D const &p0, Point2D const &p1, Poi
 ///            off an edge; untouched only if the cross product of the directions is below 1e-100.
 /// @param tol length: radius about the ends, and how far the way over the crossing may exceed the
 ///            edge.
+///
+/// Edges that share an end give `EndToEnd`, with a tolerance that covers the rounding of the
+/// crossing. Edges on one line are parallel and give `NoIntersection`; see doOverlap. With NaN the
+/// result is `Crossing` and @p out holds NaN.
+///
+/// @see Math2DIntersect2Lines
 ORVELMATH_EXPORT concav2d::IntersectionType intersectEdgeEdge(Point2D const &p0, Point2D const &p1,
                                                               Point2D const &p2, Point2D const &p3,
                                                               Point2D &out, double tol);
@@ -113,6 +134,8 @@ ORVELMATH_EXPORT concav2d::IntersectionType intersectEdgeEdge(Point2D const &p0,
 /// @param tol at once a length (shortest segment, comparison of points) and an area (twice the
 ///            triangle that p2 or p3 may span with the first segment).
 /// @return true if sorted[1] and sorted[2] are more than @p tol apart.
+///
+/// A NaN or an infinity gives false.
 ORVELMATH_EXPORT bool doOverlap(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                 Point2D const &p3, Point2D *const sorted, double tol);
 

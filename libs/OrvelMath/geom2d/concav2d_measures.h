@@ -15,6 +15,10 @@ namespace concav2d {
 /// @param tol degrees: tolerance for the sense of the arc. An arc whose sense cannot be told
 ///            counts as counter-clockwise.
 /// @return 0 done; 1 if the three points are exactly collinear.
+///
+/// With NaN the result is 0 and @p angle is NaN.
+///
+/// @see getArcRadius, getArcExtrema
 ORVELMATH_EXPORT int getArcAngle(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                  double &angle, bool start, double tol);
 
@@ -72,6 +76,10 @@ ORVELMATH_EXPORT int getEllipseExtremaAngles(Point2D const &centre, double a, do
 
 /// Box about a three-point arc.
 /// @return 0 done; 1 if the three points are exactly collinear, the outputs then are untouched.
+///
+/// With NaN or infinity the result is 0 and the outputs are NaN.
+///
+/// @see mat_bounding_box_of_arc_m2pnt
 ORVELMATH_EXPORT int getArcExtrema(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                    double &xmin, double &xmax, double &ymin, double &ymax);
 

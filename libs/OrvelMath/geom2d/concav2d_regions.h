@@ -37,6 +37,9 @@ enum LocationType : int {
 /// A polygon that lies within the band as a whole has no inside. The nesting rule is even-odd.
 /// Cost: linear in the number of vertices (M. Shimrat, 1962, for the ray; the band is our own).
 ///
+/// NaN in a coordinate of a vertex counts as in the band (y) or as no extent (x). No input makes it
+/// run longer than a few passes over the vertices. @see Math2DInsidePolygon
+///
 /// @image html point_location.svg
 ORVELMATH_EXPORT concav2d::LocationType
 pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Point2D const &p, double tol);
@@ -47,8 +50,10 @@ pointInsidePolygone(PPtrOrderedVector<Point2D> const &polygon, Point2D const &p,
 /// @param tol not read; the tolerance is 1e-6 degrees.
 /// @return 1 inside or on the outline, 0 outside.
 ///
-/// The sides are told on the circle through two corners and the point; a point within 1e-6 of a
+/// The sides are taken on the circle through two corners and the point; a point within 1e-6 of a
 /// corner is on the outline.
+///
+/// NaN and infinity, in a corner or in a point that is looked at, count as outside.
 ///
 /// @image html point_location.svg
 ORVELMATH_EXPORT int pointInsideRectangle(Point2D &p, Point2D &r0, Point2D &r1, Point2D &r2,
@@ -67,6 +72,8 @@ ORVELMATH_EXPORT int pointInsideRectangle(Point2D &p, Point2D &r0, Point2D &r1, 
 ///                                               left, right, bottom and top.
 /// @return 1 inside, 0 outside.
 ///
+/// NaN and infinity, in a corner or in a point that is looked at, count as outside.
+///
 /// @image html clipping.svg
 ORVELMATH_EXPORT int lineInsideRectangle(Point2D &p0, Point2D &p1, Point2D &r0, Point2D &r1,
                                          Point2D &r2, Point2D &r3, double tol, bool onEdge30,
@@ -80,6 +87,8 @@ ORVELMATH_EXPORT int lineInsideRectangle(Point2D &p0, Point2D &p1, Point2D &r0, 
 /// @param r0, r1, r2, r3 corners in counter-clockwise order; any convex quadrilateral will do.
 /// @param tol not read; the tolerance is 1e-6 degrees.
 /// @return 1 inside, 0 outside.
+///
+/// NaN and infinity, in a corner or in a point that is looked at, count as outside.
 ORVELMATH_EXPORT int arcInsideRectangle(Point2D &p0, Point2D &p1, Point2D &p2, Point2D &r0,
                                         Point2D &r1, Point2D &r2, Point2D &r3, double tol);
 
@@ -94,6 +103,8 @@ ORVELMATH_EXPORT int arcInsideRectangle(Point2D &p0, Point2D &p1, Point2D &p2, P
 /// @param r0, r1, r2, r3 corners in counter-clockwise order; any convex quadrilateral will do.
 /// @param tol not read; the tolerance is 1e-6 degrees.
 /// @return 1 inside, 0 outside.
+///
+/// NaN and infinity, in a corner or in a point that is looked at, count as outside.
 ORVELMATH_EXPORT int ellipsearcInsideRectangle(Point2D &centre, Point2D &axisA, Point2D &axisB,
                                                double rotation, double start, double end,
                                                Point2D &r0, Point2D &r1, Point2D &r2, Point2D &r3,

@@ -22,6 +22,9 @@
 ///
 /// Centres c2 and c3 on a vertical divide by zero: the outputs, or the result, follow from the
 /// infinities. Number the circles such that c2 has an x of its own.
+///
+/// With NaN the result is 1 and the outputs are NaN. Constant cost, no allocation.
+///
 /// @image html apolloniusCCC.svg
 ORVELMATH_EXPORT int apolloniusCCC(Point2D const &c1, double r1, bool s1, Point2D const &c2,
                                    double r2, bool s2, Point2D const &c3, double r3, bool s3,

@@ -15,6 +15,9 @@
 ///               tangent at both ends only when the two agree
 /// @param eps    limit of the raw cross product of the two directions, an area
 /// @return 1 found, 0 for parallel lines
+///
+/// With NaN the result is 1 and the outputs are NaN.
+///
 /// @image html arc_line1end_to_line2anf.svg
 ORVELMATH_EXPORT int arc_line1end_to_line2anf(Point2D const &p0, Point2D const &p1,
                                               Point2D const &p2, Point2D const &p3, Point2D &m,
@@ -39,13 +42,16 @@ ORVELMATH_EXPORT void adjust_arc_m2pnt(Point2D &m, Point2D &a, Point2D &b, doubl
 /// The box, parallel to the axes, around an arc in the form m2pnt.
 ///
 /// @param r      distance of the ends from m: where the arc passes an axis direction, that side of
-///               the box stands at this distance from m. A negative one counts as 0. It is not
+///               the box is at this distance from m. A negative one counts as 0. It is not
 ///               checked against the ends, and a smaller one leaves them outside
 /// @param lo, hi corners; always written
 /// @param tol    not read
 ///
 /// Ends on an axis direction count as passing it. Equal ends mean an arc from their direction up to
 /// 360 degrees, not a full circle, unless that direction is 0. An end on m has the direction 0.
+///
+/// @see concav2d::getArcExtrema
+///
 /// @image html mat_bounding_box_of_arc_m2pnt.svg
 ORVELMATH_EXPORT void mat_bounding_box_of_arc_m2pnt(Point2D const &m, Point2D const &a,
                                                     Point2D const &b, double r, Point2D &lo,

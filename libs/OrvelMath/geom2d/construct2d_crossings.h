@@ -2,7 +2,7 @@
 
 /// @file
 /// Crossings of lines and circles, projections on them, the direction of a vector, the grid of
-/// the tolerance. The crossing of two lines, `intersect_line_line`, stands in concav2d_lines.h.
+/// the tolerance. The crossing of two lines, `intersect_line_line`, is in concav2d_lines.h.
 
 #include <OrvelMath/OrvelMathExport.h>
 #include <OrvelMath/base/Point2D.h>
@@ -11,6 +11,8 @@
 ///
 /// A length counts as zero if it rounds to exactly 0 and as negative if it rounds below 0, so the
 /// threshold in effect is eps / 2. An eps of 0 gives NaN.
+///
+/// NaN gives NaN. An infinite x stays infinite; an infinite eps gives NaN.
 ORVELMATH_EXPORT double mat_round_to_grid(double x, double eps);
 
 /// A crossing of the infinite line through (p0, p1) with a circle.
@@ -25,6 +27,8 @@ ORVELMATH_EXPORT double mat_round_to_grid(double x, double eps);
 ///
 /// The radius is expected to be at least 0.
 ///
+/// @see circleLineIntersect, which is in single precision, and intersect_line_ellipse
+///
 /// @image html circle_crossings.svg
 ORVELMATH_EXPORT int intersect_line_circle(Point2D const &p0, Point2D const &p1, Point2D const &c,
                                            double r, int which, Point2D &out, double eps);
@@ -38,6 +42,8 @@ ORVELMATH_EXPORT int intersect_line_circle(Point2D const &p0, Point2D const &p1,
 ///            other.
 /// @return 1 found; 0 if the centres coincide, or the circles lie apart or one in the other.
 ///
+/// With NaN the result is 1 and @p out is NaN. @see intersect_circle_ellipse
+///
 /// @image html circle_crossings.svg
 ORVELMATH_EXPORT int intersect_circle_circle(Point2D const &c1, double r1, Point2D const &c2,
                                              double r2, int which, Point2D &out, double eps);
@@ -47,6 +53,8 @@ ORVELMATH_EXPORT int intersect_circle_circle(Point2D const &c1, double r1, Point
 /// @param out written only if the result is 1.
 /// @param eps a squared length: that of b - a has to lie above it.
 /// @return 1 done; 0 if a and b coincide.
+///
+/// With NaN in p the result is 1 and @p out holds NaN; with NaN in a or b it is 0.
 ORVELMATH_EXPORT int projektion_punkt_auf_linie(Point2D const &p, Point2D const &a,
                                                 Point2D const &b, Point2D &out, double const &eps);
 
@@ -55,6 +63,8 @@ ORVELMATH_EXPORT int projektion_punkt_auf_linie(Point2D const &p, Point2D const 
 /// @param out written only if the result is 1.
 /// @param eps a squared length: that of p - c has to lie above it.
 /// @return 1 done; 0 if p is the centre.
+///
+/// With NaN in p or c the result is 0.
 ORVELMATH_EXPORT int projektion_punkt_auf_kreis(Point2D const &p, Point2D const &c, double r,
                                                 Point2D &out, double const &eps);
 
@@ -63,4 +73,6 @@ ORVELMATH_EXPORT int projektion_punkt_auf_kreis(Point2D const &p, Point2D const 
 ///
 /// Unlike `WinVec` it gives 0 for the positive x axis, works through the arc cosine (coarse near
 /// the x axis: steps of about 1e-6 degrees) and gives NaN for the zero vector.
+///
+/// NaN gives NaN. @see WinVec
 ORVELMATH_EXPORT double mat_vektor_winkel(Point2D const &v);

@@ -19,6 +19,9 @@
 /// @param eps  limits, strictly above: the squared lengths of both directions; the raw cross
 ///             product of both directions, an area
 /// @return 1 found; 0 for a line without length and for parallel lines
+///
+/// With NaN the result is 1 and the centre is NaN.
+///
 /// @image html fillet_line_line.svg
 ORVELMATH_EXPORT int fillet_line_line(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                       Point2D const &p3, double r, int side1, int side2, Point2D &m,
@@ -36,6 +39,9 @@ ORVELMATH_EXPORT int fillet_line_line(Point2D const &p0, Point2D const &p1, Poin
 ///
 /// An enclosing fillet with r equal to one of the radii divides zero by zero: the result is 1 and
 /// that touching point is NaN.
+///
+/// With NaN the result is 1 and the outputs are NaN.
+///
 /// @image html fillet_kreis_kreis.svg
 ORVELMATH_EXPORT int fillet_kreis_kreis(Point2D const &c1, double r1, Point2D const &c2, double r2,
                                         double r, int side, int inner, Point2D &m, Point2D &t1,
@@ -50,7 +56,7 @@ ORVELMATH_EXPORT int fillet_kreis_kreis(Point2D const &c1, double r1, Point2D co
 ///              on the other side
 /// @param m, t1, t2 the arc in the form m2pnt, the shorter of the two: t1 and t2 are the touching
 ///              points, swapped where needed
-/// @param inner 0: the fillet touches the circle from outside; else from within. It stands after
+/// @param inner 0: the fillet touches the circle from outside; else from within. It comes after
 ///              the outputs. With r above rc the fillet encloses the circle, and its touching point
 ///              is still given as the circle's point nearest to m, which then is not where they
 ///              touch

@@ -19,6 +19,9 @@
 ///             the answer is a point of the centre line, at the distance r² / |p - c| from c
 /// @param eps  least distance of p from the centre, a length
 /// @return 1 found, 0 when eps lies strictly above the distance of p from the centre
+///
+/// With NaN the result is 1 and @p touch is NaN.
+///
 /// @image html tangente_punkt_kreis.svg
 ORVELMATH_EXPORT int tangente_punkt_kreis(Point2D const &p, Point2D const &c, double r, int side,
                                           Point2D &from, Point2D &touch, double const &eps);
@@ -34,13 +37,17 @@ ORVELMATH_EXPORT int tangente_punkt_kreis(Point2D const &p, Point2D const &c, do
 /// @param magnitudes non-zero: the offsets from the centre line are taken by their absolute value,
 ///              so that side means the same whichever circle is the larger
 /// @param eps   grid, a length: centres that coincide, radii that are equal or zero, circles that
-///              touch are told by rounding to it (the threshold is eps / 2); for the outer tangents
-///              of circles one in the other it is compared with a squared length
+///              touch are found by rounding to it (the threshold is eps / 2); for the outer
+///              tangents of circles one in the other it is compared with a squared length
 /// @return 1 found; 0 for coinciding centres; for inner tangents also when the circles touch or
 ///         overlap, or both radii are zero; for outer tangents when one circle lies in the other
 ///
 /// An inner tangent with r1 = 0 and r2 > 0 divides zero by zero: the result is 1 and the points are
 /// NaN.
+///
+/// With NaN the result is 1 and the points are NaN, but for an outer tangent of radii that differ:
+/// that gives 0.
+///
 /// @image html tangente_kreis_kreis.svg
 ORVELMATH_EXPORT int tangente_kreis_kreis(Point2D const &c1, double r1, Point2D const &c2,
                                           double r2, int side, int cross, Point2D &t1, Point2D &t2,

@@ -146,7 +146,7 @@ ORVELMATH_EXPORT Ellipse transformEllipse(Ellipse const &e, TMat const &m);
 /// conics are split into lines, which are cut with e1.
 ///
 /// A crossing that lies within 0.0001 of an earlier one, in x and in y, is dropped: the first of a
-/// close group stands. The order is that of discovery.
+/// close group stays. The order is that of discovery.
 ///
 /// The limits are absolute, for ellipses of about unit size: crossings are found for more than 99
 /// of 100 pairs with axes between 0.05 and 3 and a clear distance from contact, but only for about

@@ -132,6 +132,7 @@ int intersect_line_ellipse(Point2D const &p0, Point2D const &p1, Point2D const &
 
     double const aa = a * a;
     double const bb = b * b;
+    // y before x in the sums; the other order gives other last bits.
     double const B = 2.0 * (e.y() * q0.y() * aa + q0.x() * e.x() * bb);
     double const G = e.y() * e.y() * aa + e.x() * e.x() * bb;
     double D = B * B - (q0.x() * q0.x() * bb + q0.y() * q0.y() * aa - aa * bb) * (4.0 * G);

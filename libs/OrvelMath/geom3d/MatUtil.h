@@ -34,16 +34,22 @@ ORVELMATH_EXPORT Point2D getPerpendicularVector(Point2D const &v);
 /// Three points count as collinear when twice the squared cross product of two sides is below
 /// 1e-6: a fourth power of a length, so a triangle with sides near 0.02 is refused already, at any
 /// angle. The radius is -1.0 then and the result (0, 0).
+///
+/// @see concav2d::getArcMiddle, which refuses exactly collinear points only
 /// @see orvelExact::circleThrough, which takes triangles of any size
 ORVELMATH_EXPORT Point2D getCircleCenter(Point2D const &a, Point2D const &b, Point2D const &c,
                                          double &radius);
 
 /// Returns the foot of the perpendicular from `point` to the line. A zero `direction` gives NaN.
+///
+/// @see ProjectOntoLine
 ORVELMATH_EXPORT vectorC3d<double> projectPointOntoLine(vectorC3d<double> const &point,
                                                         vectorC3d<double> const &linePoint,
                                                         vectorC3d<double> const &direction);
 
 /// Returns the foot of the perpendicular from `point` to the plane. A zero `normal` gives NaN.
+///
+/// @see ProjectOntoPlane
 ORVELMATH_EXPORT vectorC3d<double> projectPointOntoPlane(vectorC3d<double> const &point,
                                                          vectorC3d<double> const &planePoint,
                                                          vectorC3d<double> const &normal);
@@ -65,6 +71,8 @@ ORVELMATH_EXPORT vectorC3d<double> reflectThroughPlane(vectorC3d<double> const &
 /// with 0.0 in the coordinate that found no pivot, which is not the nearest to anything; it is
 /// overwritten on false too: by one solution where the planes coincide, by zeros where there is
 /// none.
+///
+/// @see IntersectPlanePlane
 ORVELMATH_EXPORT bool intersectPlanes(vectorC3d<double> const &point1,
                                       vectorC3d<double> const &normal1,
                                       vectorC3d<double> const &point2,
@@ -77,6 +85,8 @@ ORVELMATH_EXPORT bool intersectPlanes(vectorC3d<double> const &point1,
 /// Lines are skew as soon as the third equation has a residual above 1e-12, in model units: two
 /// lines that meet only to within the rounding of large coordinates may be reported as not
 /// meeting. See IntersectLineLine for the closest points of two lines.
+///
+/// @see IntersectLineLine
 ORVELMATH_EXPORT bool intersectLines(vectorC3d<double> const &point1,
                                      vectorC3d<double> const &direction1,
                                      vectorC3d<double> const &point2,
@@ -85,6 +95,8 @@ ORVELMATH_EXPORT bool intersectLines(vectorC3d<double> const &point1,
 /// Finds the common point of a line and a plane. Returns false, and leaves `point` alone, when the
 /// scalar product of `direction` and `normal` is below 1e-5 in magnitude. That test is absolute,
 /// so both should be of reasonable length: a short direction is refused although it would cross.
+///
+/// @see IntersectLinePlane, CalcXLinePlane
 ORVELMATH_EXPORT bool intersectLinePlane(vectorC3d<double> const &linePoint,
                                          vectorC3d<double> const &direction,
                                          vectorC3d<double> const &planePoint,
@@ -118,6 +130,8 @@ ORVELMATH_EXPORT vectorC3d<double> getSphereCenter(vectorC3d<double> const &a,
 /// behind the origin, so a caller who wants a ray tests its sign. On false `t` is left alone. A
 /// determinant strictly between -1e-6 and 1e-6 (a volume: parallel direction, but also a small
 /// triangle or a short direction) counts as no hit. NaN passes the tests and arrives in `t`.
+///
+/// @see LineInsideTriangle
 ORVELMATH_EXPORT bool rayIntersectsTriangle(vectorC3d<double> const &a, vectorC3d<double> const &b,
                                             vectorC3d<double> const &c,
                                             vectorC3d<double> const &origin,

@@ -43,7 +43,7 @@ ORVELMATH_EXPORT bool triangleIntersectsCuboid(vectorC3d<double> const &a,
 /// One triangle, prepared for tests against the many cuboids of a hierarchy in which each cuboid
 /// is half of its parent.
 ///
-/// The constructor computes what depends on the triangle alone. Each test is told the axis along
+/// The constructor computes what depends on the triangle alone. Each test gets the axis along
 /// which the parent was halved and the parent's result, and leaves out the axes whose answer it
 /// must share with the parent.
 ///
@@ -64,7 +64,8 @@ public:
     /// @param splitAxis   0, 1 or 2: the cuboid is one half of a cuboid split along x, y or z.
     ///                    Any other value: nothing is known of its history, and every axis is
     ///                    tested. A hierarchy's root is tested with such a value.
-    /// @param parentType  what this function told of the parent; read only when @p splitAxis is
+    /// @param parentType  what this function answered for the parent; read only when @p splitAxis
+    /// is
     ///                    0, 1 or 2, and only in whether it is `TriangleCuboidContainsCentroid`.
     ///
     /// With @p splitAxis 0, 1 or 2 the answer is that of the full test only if the cuboid is half

@@ -23,15 +23,18 @@
 /// | IntersectThreePlanes                | determinant equal to                       | 0 exactly |
 /// | IntersectLineCylinder               | length of the cross product equal to       | 0 exactly |
 ///
-/// NaN and infinities run through the arithmetic; what a NaN does to a test is told where it does
-/// not simply pass on into the outputs. Outputs that are not named for a result are left alone; an
-/// output may be the same object as an input. No function keeps state or allocates, and each takes
-/// constant time.
+/// NaN and infinities run through the arithmetic; where a NaN does something else than
+/// pass on into the outputs, the function says so. Outputs that are not named for a result are left
+/// alone; an output may be the same object as an input. No function keeps state or allocates, and
+/// each takes constant time.
 
 /// Crosses the line p0 p1 with the plane A x + B y + C z + D = 0.
 ///
 /// Returns true and writes `out`, or returns false if the plane equation changes by no more than
 /// 1e-200 from p0 to p1: the line runs along the plane, or is a point, or has a NaN.
+///
+/// @see IntersectLinePlane with a position and a normal, CalcXLinePlane,
+/// MatUtil::intersectLinePlane
 ORVELMATH_EXPORT bool IntersectLinePlane(Point3D const &p0, Point3D const &p1, double A, double B,
                                          double C, double D, Point3D &out);
 
@@ -49,16 +52,22 @@ ORVELMATH_EXPORT bool IntersectLinePlane(Point3D const &p0, Point3D const &p1,
 ///
 /// On true writes `out` and, unless `t` is null, the parameter in units of p1 - p0 to `*t`. The
 /// parameter is not limited to the segment.
+///
+/// @see IntersectLinePlane, MatUtil::intersectLinePlane
 ORVELMATH_EXPORT bool CalcXLinePlane(Point3D const &p0, Point3D const &p1,
                                      Point3D const &planePoint, Point3D const &normal, Point3D &out,
                                      double *t);
 
 /// Returns the foot of `q` in the plane, for a unit `normal`. There is no division: another length
 /// overshoots by its square.
+///
+/// @see MatUtil::projectPointOntoPlane, which takes a normal of any length
 ORVELMATH_EXPORT Point3D ProjectOntoPlane(Point3D const &normal, Point3D const &planePoint,
                                           Point3D const &q);
 
 /// Returns the foot of `q` on the line through `linePoint`, for a unit `direction`.
+///
+/// @see MatUtil::projectPointOntoLine, which takes a direction of any length
 ORVELMATH_EXPORT Point3D ProjectOntoLine(Point3D const &direction, Point3D const &linePoint,
                                          Point3D const &q);
 
@@ -83,6 +92,8 @@ ORVELMATH_EXPORT void getPlanarVectors(Point3D const &normal, Point3D &u, Point3
 /// |a|² |b|² - (a b)² is at most 0.0001, a and b being the differences of the pairs. That limit is
 /// absolute and for a fourth power of a length: it catches parallel lines, and refuses short
 /// segments at any angle. Take points far apart on the lines.
+///
+/// @see MatUtil::intersectLines, which asks whether they meet
 ORVELMATH_EXPORT bool IntersectLineLine(Point3D const &p1, Point3D const &p2, Point3D const &p3,
                                         Point3D const &p4, Point3D &pa, Point3D &pb);
 
@@ -95,6 +106,8 @@ ORVELMATH_EXPORT bool IntersectLineLine(Point3D const &p1, Point3D const &p2, Po
 ///
 /// Opposite normals have a zero direction and give false, but true with `linePoint` = p1 if p1
 /// equals p2.
+///
+/// @see MatUtil::intersectPlanes
 ORVELMATH_EXPORT bool IntersectPlanePlane(Point3D const &p1, Point3D const &n1, Point3D const &p2,
                                           Point3D const &n2, Point3D &linePoint,
                                           Point3D &lineDirection);
@@ -153,5 +166,7 @@ ORVELMATH_EXPORT Point2D DropCoord(Point3D const &p, int drop);
 /// The areas are those of the projection along GetDropCoord. `tol` is an area, in squared model
 /// units, and is divided by 100. A degenerate triangle, and a line along its plane, give false; so
 /// does a NaN.
+///
+/// @see MatUtil::rayIntersectsTriangle
 ORVELMATH_EXPORT bool LineInsideTriangle(Point3D const &t0, Point3D const &t1, Point3D const &t2,
                                          Point3D const &p0, Point3D const &p1, double tol);
