@@ -81,6 +81,7 @@ bool areMostlyExtreme(Point3 const *points, int count)
 {
     constexpr int sampleSize = 2000;
     std::vector<Point3> sample;
+    sample.reserve(sampleSize);
     for (int i = 0; i < sampleSize; ++i) {
         sample.push_back(points[static_cast<std::int64_t>(count) * i / sampleSize]);
     }
