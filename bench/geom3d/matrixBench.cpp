@@ -18,11 +18,11 @@ namespace {
 
 void MultiplyOrvel(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(false);
+    std::vector<Matrix4X4C> const m = anyMatrices(false);
     double result[4][4];
     Turn turn;
     for (auto _ : state) {
-        const std::size_t i = turn.next();
+        std::size_t const i = turn.next();
         Math3DMultMatrix(result, m[i].GetConstMatrixRef(), m[0].GetConstMatrixRef());
         benchmark::DoNotOptimize(result);
     }
@@ -31,7 +31,7 @@ BENCHMARK(MultiplyOrvel);
 
 void MultiplyClassOrvel(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(false);
+    std::vector<Matrix4X4C> const m = anyMatrices(false);
     Turn turn;
     for (auto _ : state) {
         Matrix4X4C result = m[turn.next()] * m[0];
@@ -42,7 +42,7 @@ BENCHMARK(MultiplyClassOrvel);
 
 void InvertOrvel(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(false);
+    std::vector<Matrix4X4C> const m = anyMatrices(false);
     Turn turn;
     for (auto _ : state) {
         Matrix4X4C work = m[turn.next()];
@@ -55,7 +55,7 @@ BENCHMARK(InvertOrvel);
 
 void InvertOrthogonalOrvel(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(true);
+    std::vector<Matrix4X4C> const m = anyMatrices(true);
     Turn turn;
     for (auto _ : state) {
         Matrix4X4C work = m[turn.next()];
@@ -67,8 +67,8 @@ BENCHMARK(InvertOrthogonalOrvel);
 
 void TransformOrvel(benchmark::State &state)
 {
-    const std::vector<Point3D> points = anyPoints();
-    const Matrix4X4C m = anyMatrices(false)[0];
+    std::vector<Point3D> const points = anyPoints();
+    Matrix4X4C const m = anyMatrices(false)[0];
     Turn turn;
     for (auto _ : state) {
         Point3D image = m.MultMatrixVector(points[turn.next()]);
@@ -79,8 +79,8 @@ BENCHMARK(TransformOrvel);
 
 void TransformRespectWOrvel(benchmark::State &state)
 {
-    const std::vector<Point3D> points = anyPoints();
-    const Matrix4X4C m = anyMatrices(false)[0];
+    std::vector<Point3D> const points = anyPoints();
+    Matrix4X4C const m = anyMatrices(false)[0];
     Turn turn;
     for (auto _ : state) {
         Point3D image = m.MultMatrixVectorRespectW(points[turn.next()]);
@@ -93,11 +93,11 @@ BENCHMARK(TransformRespectWOrvel);
 
 void MultiplyEigen(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(false);
+    std::vector<Matrix4X4C> const m = anyMatrices(false);
     double result[4][4];
     Turn turn;
     for (auto _ : state) {
-        const std::size_t i = turn.next();
+        std::size_t const i = turn.next();
         eigenPeer::multiply(result, m[i].GetConstMatrixRef(), m[0].GetConstMatrixRef());
         benchmark::DoNotOptimize(result);
     }
@@ -110,7 +110,7 @@ void MultiplyEigenInlined(benchmark::State &state)
     using Matrix = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;
     std::vector<Matrix, Eigen::aligned_allocator<Matrix>> m;
     for (Matrix4X4C const &source : anyMatrices(false)) {
-        m.push_back(Eigen::Map<const Matrix>(source.GetConstMatrixRef()[0]));
+        m.push_back(Eigen::Map<Matrix const>(source.GetConstMatrixRef()[0]));
     }
     Turn turn;
     for (auto _ : state) {
@@ -122,7 +122,7 @@ BENCHMARK(MultiplyEigenInlined);
 
 void InvertEigen(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(false);
+    std::vector<Matrix4X4C> const m = anyMatrices(false);
     Turn turn;
     for (auto _ : state) {
         Matrix4X4C work = m[turn.next()];
@@ -134,7 +134,7 @@ BENCHMARK(InvertEigen);
 
 void InvertOrthogonalEigen(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(true);
+    std::vector<Matrix4X4C> const m = anyMatrices(true);
     Turn turn;
     for (auto _ : state) {
         Matrix4X4C work = m[turn.next()];
@@ -146,8 +146,8 @@ BENCHMARK(InvertOrthogonalEigen);
 
 void TransformEigen(benchmark::State &state)
 {
-    const std::vector<Point3D> points = anyPoints();
-    const Matrix4X4C m = anyMatrices(false)[0];
+    std::vector<Point3D> const points = anyPoints();
+    Matrix4X4C const m = anyMatrices(false)[0];
     Turn turn;
     for (auto _ : state) {
         double image[3];
@@ -160,8 +160,8 @@ BENCHMARK(TransformEigen);
 
 void TransformRespectWEigen(benchmark::State &state)
 {
-    const std::vector<Point3D> points = anyPoints();
-    const Matrix4X4C m = anyMatrices(false)[0];
+    std::vector<Point3D> const points = anyPoints();
+    Matrix4X4C const m = anyMatrices(false)[0];
     Turn turn;
     for (auto _ : state) {
         double image[3];
@@ -194,7 +194,7 @@ std::vector<QMatrix4x4> anyQtMatrices()
 
 void MultiplyQtFloat(benchmark::State &state)
 {
-    const std::vector<QMatrix4x4> m = anyQtMatrices();
+    std::vector<QMatrix4x4> const m = anyQtMatrices();
     QMatrix4x4 result;
     Turn turn;
     for (auto _ : state) {
@@ -206,7 +206,7 @@ BENCHMARK(MultiplyQtFloat);
 
 void InvertQtFloat(benchmark::State &state)
 {
-    const std::vector<QMatrix4x4> m = anyQtMatrices();
+    std::vector<QMatrix4x4> const m = anyQtMatrices();
     Turn turn;
     for (auto _ : state) {
         QMatrix4x4 work = m[turn.next()];
@@ -223,7 +223,7 @@ void TransformQtFloat(benchmark::State &state)
         points.emplace_back(static_cast<float>(p.x()), static_cast<float>(p.y()),
                             static_cast<float>(p.z()));
     }
-    const QMatrix4x4 m = anyQtMatrices()[0];
+    QMatrix4x4 const m = anyQtMatrices()[0];
     QVector3D image;
     Turn turn;
     for (auto _ : state) {

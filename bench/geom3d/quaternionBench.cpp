@@ -12,7 +12,7 @@ namespace {
 
 void QuaternionToMatrixOrvel(benchmark::State &state)
 {
-    const std::vector<Quaternion4D> q = anyQuaternions();
+    std::vector<Quaternion4D> const q = anyQuaternions();
     Turn turn;
     for (auto _ : state) {
         Matrix4X4C m = q[turn.next()].GetMatrix();
@@ -23,7 +23,7 @@ BENCHMARK(QuaternionToMatrixOrvel);
 
 void MatrixToQuaternionOrvel(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(true);
+    std::vector<Matrix4X4C> const m = anyMatrices(true);
     Quaternion4D q;
     Turn turn;
     for (auto _ : state) {
@@ -35,7 +35,7 @@ BENCHMARK(MatrixToQuaternionOrvel);
 
 void SlerpOrvel(benchmark::State &state)
 {
-    const std::vector<Quaternion4D> q = anyQuaternions();
+    std::vector<Quaternion4D> const q = anyQuaternions();
     Turn turn;
     for (auto _ : state) {
         Quaternion4D between = q[turn.next()].Slerp(q[0], 0.3);
@@ -61,7 +61,7 @@ std::vector<Components> anyComponents()
 
 void QuaternionToMatrixEigen(benchmark::State &state)
 {
-    const std::vector<Components> q = anyComponents();
+    std::vector<Components> const q = anyComponents();
     Turn turn;
     for (auto _ : state) {
         double m[4][4];
@@ -73,7 +73,7 @@ BENCHMARK(QuaternionToMatrixEigen);
 
 void MatrixToQuaternionEigen(benchmark::State &state)
 {
-    const std::vector<Matrix4X4C> m = anyMatrices(true);
+    std::vector<Matrix4X4C> const m = anyMatrices(true);
     Turn turn;
     for (auto _ : state) {
         Components q;
@@ -85,7 +85,7 @@ BENCHMARK(MatrixToQuaternionEigen);
 
 void SlerpEigen(benchmark::State &state)
 {
-    const std::vector<Components> q = anyComponents();
+    std::vector<Components> const q = anyComponents();
     Turn turn;
     for (auto _ : state) {
         Components between;

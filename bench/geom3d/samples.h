@@ -27,12 +27,12 @@ inline std::vector<Matrix4X4C> anyMatrices(bool orthonormal)
     std::mt19937_64 random(20240229);
     std::vector<Matrix4X4C> matrices(sampleCount);
     for (Matrix4X4C &m : matrices) {
-        const Point3D angles = anyPoint(random, 180.0);
+        Point3D const angles = anyPoint(random, 180.0);
         m.Rotate(angles.x(), angles.y(), angles.z());
         if (!orthonormal) {
             m.Scale(1.5, 0.75, 2.0);
         }
-        const Point3D shift = anyPoint(random);
+        Point3D const shift = anyPoint(random);
         m.Translate(shift.x(), shift.y(), shift.z());
     }
     return matrices;

@@ -47,7 +47,7 @@ std::vector<Sample<R, C>> anySystems()
 template <int R, int C>
 void SolveOrvel(benchmark::State &state)
 {
-    const std::vector<Sample<R, C>> samples = anySystems<R, C>();
+    std::vector<Sample<R, C>> const samples = anySystems<R, C>();
     Turn turn;
     for (auto _ : state) {
         Sample<R, C> const &sample = samples[turn.next()];
@@ -73,13 +73,13 @@ void SolveFullPivLu(benchmark::State &state)
 {
     using Matrix = Eigen::Matrix<double, R, C>;
     using Rhs = Eigen::Matrix<double, R, 1>;
-    const std::vector<Sample<R, C>> samples = anySystems<R, C>();
+    std::vector<Sample<R, C>> const samples = anySystems<R, C>();
     Turn turn;
     for (auto _ : state) {
         Sample<R, C> const &sample = samples[turn.next()];
-        const Eigen::Map<const Matrix> matrix(sample.matrix.data());
-        const Eigen::FullPivLU<Matrix> lu(matrix);
-        Eigen::Matrix<double, C, 1> solution = lu.solve(Eigen::Map<const Rhs>(sample.rhs.data()));
+        Eigen::Map<Matrix const> const matrix(sample.matrix.data());
+        Eigen::FullPivLU<Matrix> const lu(matrix);
+        Eigen::Matrix<double, C, 1> solution = lu.solve(Eigen::Map<Rhs const>(sample.rhs.data()));
         benchmark::DoNotOptimize(solution);
     }
 }

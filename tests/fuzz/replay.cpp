@@ -31,9 +31,9 @@ std::size_t replay(Bytes const &input)
         LLVMFuzzerTestOneInput(input.data(), size);
     }
     Bytes changed = input;
-    const std::size_t bits = std::min(input.size() * 8, flippedBitsPerFile);
+    std::size_t const bits = std::min(input.size() * 8, flippedBitsPerFile);
     for (std::size_t i = 0; i < bits; ++i, ++runs) {
-        const std::uint8_t mask = static_cast<std::uint8_t>(1U << i % 8);
+        std::uint8_t const mask = static_cast<std::uint8_t>(1U << i % 8);
         changed[i / 8] ^= mask;
         LLVMFuzzerTestOneInput(changed.data(), changed.size());
         changed[i / 8] ^= mask;

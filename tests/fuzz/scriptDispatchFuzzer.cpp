@@ -115,14 +115,14 @@ public:
 
     void step()
     {
-        const std::size_t slot = m_input.below(m_objects.size());
+        std::size_t const slot = m_input.below(m_objects.size());
         if (m_input.below(16) == 0) {
             connectRemotely(m_objects[slot]);
             return;
         }
-        const Object receiver = m_objects[slot];
-        const QByteArray made = m_input.below(8) == 0 ? m_input.text() : QByteArray();
-        const mzComStringC name =
+        Object const receiver = m_objects[slot];
+        QByteArray const made = m_input.below(8) == 0 ? m_input.text() : QByteArray();
+        mzComStringC const name =
             made.isEmpty() ? mzComStringC(names[m_input.below(nameCount)]) : mzComStringC(made);
         unsigned int const flags =
             unsigned(m_input.below(8)) | (m_input.below(2) == 0 ? 0u : proxyInvokeLenient);
@@ -164,7 +164,7 @@ private:
         require(ok != bool(exception));
         require(ok || result.isEmpty());
         require(ok || !exception->message().isEmpty());
-        if (const Object object = result.toObject()) {
+        if (Object const object = result.toObject()) {
             keep(object);
         }
     }

@@ -58,14 +58,14 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size
         return 0;
     }
     // An exact copy on the heap lets the sanitizer see a read beyond the end.
-    const std::size_t byteCount = size - 1;
-    const std::unique_ptr<unsigned char[]> bytes(new unsigned char[byteCount]);
+    std::size_t const byteCount = size - 1;
+    std::unique_ptr<unsigned char[]> const bytes(new unsigned char[byteCount]);
     for (std::size_t i = 0; i < byteCount; ++i) {
         bytes[i] = data[i + 1];
     }
-    const quint64 leftOut = byteCount > 0 ? data[0] % 8 : 0;
-    const quint64 bitCount = byteCount * 8 - leftOut;
-    const BitView view{bytes.get()};
+    quint64 const leftOut = byteCount > 0 ? data[0] % 8 : 0;
+    quint64 const bitCount = byteCount * 8 - leftOut;
+    BitView const view{bytes.get()};
 
     quint64 leaves = 12345;
     bool const whole = isWholeTree(view, bitCount, &leaves);
@@ -78,14 +78,14 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size
     }
     require(leaves == reader.leaves && bitCount == 3 * leaves - 1);
 
-    const std::pair<vectorC3d<double>, vectorC3d<double>> box(vectorC3d<double>(0, 0, 0),
+    std::pair<vectorC3d<double>, vectorC3d<double>> const box(vectorC3d<double>(0, 0, 0),
                                                               vectorC3d<double>(1, 1, 1));
     BinTreeBuilder builder(box, 0.5, box);
     builder.importBitView(view);
     if (leaves == 1) {
         return 0; // the constructor's children stay, so the export differs
     }
-    const SimpleBitVector again = builder.exportBitVector();
+    SimpleBitVector const again = builder.exportBitVector();
     require(again.bitCount == bitCount);
     for (quint64 i = 0; i < bitCount; ++i) {
         require(((again.bytes[i / 8] ^ bytes[i / 8]) >> (i % 8) & 1) == 0);

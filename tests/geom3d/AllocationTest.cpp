@@ -53,7 +53,7 @@ TEST_F(Allocation, NoneIsMadeByTransformations)
     m.Invert();
     m.InvertOrthogonal();
     m.MultMatrixVectorRespectW((m * m).MultMatrixVector(Point3D(1.0, 2.0, 3.0)));
-    const Quaternion4D q(m);
+    Quaternion4D const q(m);
     q.Slerp(Quaternion4D(q.GetMatrix()).Normal(), 0.5);
     TMatrix t(30.0);
     t *= ~t;

@@ -30,7 +30,7 @@ TEST(CutPlane, TypesHaveTheirNumbers)
 
 TEST(CutPlane, DefaultIsNoPlane)
 {
-    const CutPlane plane;
+    CutPlane const plane;
     EXPECT_EQ(plane.type, CutPlane::CutPlaneNone);
     EXPECT_EQ(plane.direction, 0);
     EXPECT_EQ(plane.distance, 0.0);
@@ -45,23 +45,23 @@ TEST(CutPlane, DefaultIsNoPlane)
 
 TEST(CutPlane, AxisPlanesMultiplyDirectionAndDistance)
 {
-    const CutPlane x(CutPlane::CutPlaneX, -1, 2.5);
+    CutPlane const x(CutPlane::CutPlaneX, -1, 2.5);
     EXPECT_EQ(x.getPosition(), Point3D(-2.5, 0.0, 0.0));
     EXPECT_EQ(x.getNormal(), Point3D(-1.0, 0.0, 0.0));
-    const CutPlane y(CutPlane::CutPlaneY, 2, 2.5);
+    CutPlane const y(CutPlane::CutPlaneY, 2, 2.5);
     EXPECT_EQ(y.getPosition(), Point3D(0.0, 5.0, 0.0));
     EXPECT_EQ(y.getNormal(), Point3D(0.0, 2.0, 0.0));
-    const CutPlane z(CutPlane::CutPlaneZ, 1, -2.5);
+    CutPlane const z(CutPlane::CutPlaneZ, 1, -2.5);
     EXPECT_EQ(z.getPosition(), Point3D(0.0, 0.0, -2.5));
     EXPECT_EQ(z.getNormal(), Point3D(0.0, 0.0, 1.0));
 }
 
 TEST(CutPlane, FreePlaneReadsTheFrame)
 {
-    const CutPlane plane = freePlane();
+    CutPlane const plane = freePlane();
     EXPECT_EQ(plane.getPosition(), Point3D(4.0, 8.0, 12.0));
     EXPECT_EQ(plane.getNormal(), Point3D(2.0, 6.0, 10.0));
-    const CutPlane identity(CutPlane::CutPlaneFree, 0, 0.0);
+    CutPlane const identity(CutPlane::CutPlaneFree, 0, 0.0);
     EXPECT_EQ(identity.getPosition(), Point3D());
     EXPECT_EQ(identity.getNormal(), Point3D(0.0, 1.0, 0.0));
 }
@@ -72,14 +72,14 @@ TEST(CutPlane, NoPlaneStaysAtTheOriginWhateverIsSet)
     none.setFrame(exampleFrame);
     EXPECT_EQ(none.getPosition(), Point3D());
     EXPECT_EQ(none.getNormal(), Point3D());
-    const CutPlane unknown(static_cast<CutPlane::CutPlaneType>(7), 2, 3.0);
+    CutPlane const unknown(static_cast<CutPlane::CutPlaneType>(7), 2, 3.0);
     EXPECT_EQ(unknown.getPosition(), Point3D());
     EXPECT_EQ(unknown.getNormal(), Point3D());
 }
 
 TEST(CutPlane, EqualityComparesEveryField)
 {
-    const CutPlane plane(CutPlane::CutPlaneX, 1, 2.0);
+    CutPlane const plane(CutPlane::CutPlaneX, 1, 2.0);
     EXPECT_TRUE(plane == CutPlane(CutPlane::CutPlaneX, 1, 2.0));
     EXPECT_FALSE(plane == CutPlane(CutPlane::CutPlaneY, 1, 2.0));
     EXPECT_FALSE(plane == CutPlane(CutPlane::CutPlaneX, -1, 2.0));
@@ -88,7 +88,7 @@ TEST(CutPlane, EqualityComparesEveryField)
 
 TEST(CutPlane, EqualityComparesFramesWithATolerance)
 {
-    const CutPlane plane(CutPlane::CutPlaneX, 1, 2.0);
+    CutPlane const plane(CutPlane::CutPlaneX, 1, 2.0);
     for (int cell = 0; cell < 16; ++cell) {
         CutPlane other(plane);
         double &element = other.frame[cell / 4][cell % 4];
@@ -105,7 +105,7 @@ TEST(CutPlane, EqualityComparesFramesWithATolerance)
 
 TEST(CutPlane, NanEqualsNothing)
 {
-    const CutPlane distant(CutPlane::CutPlaneX, 1, notANumber);
+    CutPlane const distant(CutPlane::CutPlaneX, 1, notANumber);
     EXPECT_FALSE(distant == distant);
     CutPlane framed;
     framed.frame[3][3] = notANumber;
@@ -115,7 +115,7 @@ TEST(CutPlane, NanEqualsNothing)
 
 TEST(CutPlane, CopiesAndMovesMemberwise)
 {
-    const CutPlane plane = freePlane();
+    CutPlane const plane = freePlane();
     CutPlane copy(plane);
     EXPECT_TRUE(copy == plane);
     CutPlane moved(std::move(copy));

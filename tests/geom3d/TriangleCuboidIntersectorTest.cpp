@@ -282,7 +282,7 @@ TEST(TriangleCuboid, ReversedCornersGiveWrongAnswers)
 
 TEST(TriangleCuboid, NaNInAVertexSeparates)
 {
-    const std::array<Vector, 3> good{Vector(0.2, 0.2, 0.3), Vector(0.6, 0.3, 0.4),
+    std::array<Vector, 3> const good{Vector(0.2, 0.2, 0.3), Vector(0.6, 0.3, 0.4),
                                      Vector(0.4, 0.7, 0.5)};
     for (std::size_t vertex = 0; vertex < 3; ++vertex) {
         for (int q = 0; q < 3; ++q) {

@@ -57,10 +57,10 @@ struct WideRoots
 
     WideRoots(WidePoint const &direction, WidePoint const &from, Wide const &radius)
     {
-        const Wide a = dot(direction, direction);
-        const Wide b = dot(from, direction);
-        const Wide c = dot(from, from) - radius * radius;
-        const Wide discriminant = b * b - a * c;
+        Wide const a = dot(direction, direction);
+        Wide const b = dot(from, direction);
+        Wide const c = dot(from, from) - radius * radius;
+        Wide const discriminant = b * b - a * c;
         exist = discriminant > 0;
         wellApart = abs(discriminant) > 1e-6 * (b * b + abs(a * c));
         if (exist) {
@@ -198,23 +198,23 @@ TEST(IntersectLineSphere, OutputsMayBeInputs)
 
 TEST(IntersectLineCylinder, LineAlongTheAxisWritesNothing)
 {
-    const CylinderHit along = hitExample(Point3D(0.0, 1.0, 0.0), Point3D(5.0, 1.0, 0.0));
+    CylinderHit const along = hitExample(Point3D(0.0, 1.0, 0.0), Point3D(5.0, 1.0, 0.0));
     EXPECT_EQ(along.count, 0);
     EXPECT_TRUE(along.isUntouched());
-    const CylinderHit noAxis(Point3D(0.0, 0.0, 5.0), Point3D(), axisStart, axisStart, 2.0);
+    CylinderHit const noAxis(Point3D(0.0, 0.0, 5.0), Point3D(), axisStart, axisStart, 2.0);
     EXPECT_EQ(noAxis.count, 0);
     EXPECT_TRUE(noAxis.isUntouched());
 }
 
 TEST(IntersectLineCylinder, TangentAndMissWriteNothing)
 {
-    const CylinderHit tangent = hitExample(Point3D(5.0, 2.0, -5.0), Point3D(5.0, 2.0, 5.0));
+    CylinderHit const tangent = hitExample(Point3D(5.0, 2.0, -5.0), Point3D(5.0, 2.0, 5.0));
     EXPECT_EQ(tangent.count, 0);
     EXPECT_TRUE(tangent.isUntouched());
-    const CylinderHit miss = hitExample(Point3D(5.0, 3.0, -5.0), Point3D(5.0, 3.0, 5.0));
+    CylinderHit const miss = hitExample(Point3D(5.0, 3.0, -5.0), Point3D(5.0, 3.0, 5.0));
     EXPECT_EQ(miss.count, 0);
     EXPECT_TRUE(miss.isUntouched());
-    const CylinderHit negative(Point3D(5.0, 0.0, -5.0), Point3D(5.0, 0.0, 5.0), axisStart, axisEnd,
+    CylinderHit const negative(Point3D(5.0, 0.0, -5.0), Point3D(5.0, 0.0, 5.0), axisStart, axisEnd,
                                -2.0);
     EXPECT_EQ(negative.count, 0);
     EXPECT_TRUE(negative.isUntouched());
@@ -222,7 +222,7 @@ TEST(IntersectLineCylinder, TangentAndMissWriteNothing)
 
 TEST(IntersectLineCylinder, TwoPointsThroughTheMiddle)
 {
-    const CylinderHit hit = hitExample(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0));
+    CylinderHit const hit = hitExample(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0));
     EXPECT_EQ(hit.count, 2);
     EXPECT_EQ(std::min(hit.t1, hit.t2), 2.0);
     EXPECT_EQ(std::max(hit.t1, hit.t2), 6.0);
@@ -233,14 +233,14 @@ TEST(IntersectLineCylinder, TwoPointsThroughTheMiddle)
 TEST(IntersectLineCylinder, HalfChordKeepsTheSignOfItsQuotient)
 {
     // The divisor is ((D x A) x A) D, over lengths: never positive, so t1 exceeds t2.
-    const CylinderHit there = hitExample(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0));
+    CylinderHit const there = hitExample(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0));
     EXPECT_EQ(there.t1, 6.0);
     EXPECT_EQ(there.t2, 2.0);
 }
 
 TEST(IntersectLineCylinder, BeyondTheEndCountsNothingButWritesAll)
 {
-    const CylinderHit beyond = hitExample(Point3D(12.0, 0.0, -4.0), Point3D(12.0, 0.0, -3.0));
+    CylinderHit const beyond = hitExample(Point3D(12.0, 0.0, -4.0), Point3D(12.0, 0.0, -3.0));
     EXPECT_EQ(beyond.count, 0);
     EXPECT_EQ(beyond.t1 + beyond.t2, 8.0);
     EXPECT_EQ(beyond.o1, Point3D(12.0, 0.0, -4.0 + beyond.t1));
@@ -264,7 +264,7 @@ TEST(IntersectLineCylinder, LeavingThroughTheOpenEndCountsTheInnerPoint)
         if (reversed) {
             std::swap(p0, p1);
         }
-        const CylinderHit hit = hitExample(p0, p1);
+        CylinderHit const hit = hitExample(p0, p1);
         EXPECT_EQ(hit.count, 1);
         expectNear(hit.o1, Point3D(8.0, 0.0, -2.0), 1e-15);
         EXPECT_NEAR(hit.t1, reversed ? 1.0 : 0.0, 1e-15);
@@ -273,10 +273,10 @@ TEST(IntersectLineCylinder, LeavingThroughTheOpenEndCountsTheInnerPoint)
 
 TEST(IntersectLineCylinder, OnlyTheSecondPointIsCopiedToTheFirst)
 {
-    const CylinderHit copied = hitExample(Point3D(8.0, 0.0, -2.0), Point3D(12.0, 0.0, 2.0));
+    CylinderHit const copied = hitExample(Point3D(8.0, 0.0, -2.0), Point3D(12.0, 0.0, 2.0));
     EXPECT_EQ(copied.o1, copied.o2);
     EXPECT_EQ(copied.t1, copied.t2);
-    const CylinderHit kept = hitExample(Point3D(12.0, 0.0, -2.0), Point3D(8.0, 0.0, 2.0));
+    CylinderHit const kept = hitExample(Point3D(12.0, 0.0, -2.0), Point3D(8.0, 0.0, 2.0));
     EXPECT_EQ(kept.count, 1);
     expectNear(kept.o1, Point3D(8.0, 0.0, 2.0), 1e-15);
     expectNear(kept.o2, Point3D(12.0, 0.0, -2.0), 1e-15);
@@ -286,7 +286,7 @@ TEST(IntersectLineCylinder, NanCountsNothing)
 {
     EXPECT_TRUE(hitExample(Point3D(notANumber, 0.0, -4.0), Point3D(5.0, 0.0, -3.0)).isUntouched());
     EXPECT_TRUE(hitExample(Point3D(5.0, 0.0, notANumber), Point3D(5.0, 0.0, -3.0)).isUntouched());
-    const CylinderHit noRadius(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0), axisStart, axisEnd,
+    CylinderHit const noRadius(Point3D(5.0, 0.0, -4.0), Point3D(5.0, 0.0, -3.0), axisStart, axisEnd,
                                notANumber);
     EXPECT_EQ(noRadius.count, 0);
     EXPECT_TRUE(noRadius.isUntouched());
@@ -310,7 +310,7 @@ RC_GTEST_PROP(SphereTruth, RootsAgreeWithAWideSolve, ())
     Point3D const p1 = p0 + anyDirection();
     Point3D const centre = anyPoint();
     double const radius = std::fabs(anyCoordinate()) + 0.01;
-    const WideRoots truth(difference(WidePoint(p1), WidePoint(p0)),
+    WideRoots const truth(difference(WidePoint(p1), WidePoint(p0)),
                           difference(WidePoint(p0), WidePoint(centre)), radius);
     RC_PRE(truth.wellApart);
     RC_CLASSIFY(truth.exist);
@@ -343,12 +343,12 @@ RC_GTEST_PROP(CylinderTruth, RootsAgreeWithAWideSolve, ())
     RC_PRE(Math3DVektorprodukt(d.Normalize(), axis.Normalize()).Length() > 0.05);
 
     // Crossing with the axis vector projects along it, and scales by its length.
-    const WidePoint wideAxis = difference(WidePoint(a1), WidePoint(a0));
-    const WideRoots truth(cross(difference(WidePoint(p1), WidePoint(p0)), wideAxis),
+    WidePoint const wideAxis = difference(WidePoint(a1), WidePoint(a0));
+    WideRoots const truth(cross(difference(WidePoint(p1), WidePoint(p0)), wideAxis),
                           cross(difference(WidePoint(p0), WidePoint(a0)), wideAxis),
                           radius * sqrt(dot(wideAxis, wideAxis)));
     RC_PRE(truth.wellApart);
-    const CylinderHit hit(p0, p1, a0, a1, radius);
+    CylinderHit const hit(p0, p1, a0, a1, radius);
     if (!truth.exist) {
         RC_ASSERT(hit.count == 0);
         RC_ASSERT(hit.isUntouched());

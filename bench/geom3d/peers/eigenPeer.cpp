@@ -7,11 +7,11 @@ namespace {
 
 using Matrix = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;
 using MatrixMap = Eigen::Map<Matrix>;
-using ConstMatrixMap = Eigen::Map<const Matrix>;
+using ConstMatrixMap = Eigen::Map<Matrix const>;
 using VectorMap = Eigen::Map<Eigen::Vector3d>;
-using ConstVectorMap = Eigen::Map<const Eigen::Vector3d>;
+using ConstVectorMap = Eigen::Map<Eigen::Vector3d const>;
 using QuaternionMap = Eigen::Map<Eigen::Quaterniond>;
-using ConstQuaternionMap = Eigen::Map<const Eigen::Quaterniond>;
+using ConstQuaternionMap = Eigen::Map<Eigen::Quaterniond const>;
 
 } // namespace
 
@@ -30,15 +30,15 @@ void eigenPeer::invert(double (*m)[4])
 void eigenPeer::invertOrthogonal(double (*m)[4])
 {
     MatrixMap map(*m);
-    const Eigen::Matrix3d turned = map.topLeftCorner<3, 3>().transpose();
-    const Eigen::Vector3d moved = -(turned * map.topRightCorner<3, 1>());
+    Eigen::Matrix3d const turned = map.topLeftCorner<3, 3>().transpose();
+    Eigen::Vector3d const moved = -(turned * map.topRightCorner<3, 1>());
     map.topLeftCorner<3, 3>() = turned;
     map.topRightCorner<3, 1>() = moved;
 }
 
 void eigenPeer::transform(double const (*m)[4], double const *point, double *image)
 {
-    const ConstMatrixMap map(*m);
+    ConstMatrixMap const map(*m);
     VectorMap mapped(image);
     mapped.noalias() =
         map.topLeftCorner<3, 3>() * ConstVectorMap(point) + map.topRightCorner<3, 1>();
@@ -46,8 +46,8 @@ void eigenPeer::transform(double const (*m)[4], double const *point, double *ima
 
 void eigenPeer::transformRespectW(double const (*m)[4], double const *point, double *image)
 {
-    const ConstMatrixMap map(*m);
-    const Eigen::Vector4d full = map * ConstVectorMap(point).homogeneous();
+    ConstMatrixMap const map(*m);
+    Eigen::Vector4d const full = map * ConstVectorMap(point).homogeneous();
     VectorMap mapped(image);
     mapped = full.hnormalized();
 }
@@ -61,7 +61,7 @@ void eigenPeer::matrixOf(double const *quaternion, double (*m)[4])
 
 void eigenPeer::quaternionOf(double const (*m)[4], double *quaternion)
 {
-    const ConstMatrixMap map(*m);
+    ConstMatrixMap const map(*m);
     QuaternionMap result(quaternion);
     result = Eigen::Matrix3d(map.topLeftCorner<3, 3>().transpose());
 }

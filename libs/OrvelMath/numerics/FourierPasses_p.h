@@ -184,7 +184,7 @@ private:
     }
 
     template <int... I>
-    static ORVEL_INLINE void storeTransposed(double *to, const Vector (&rows)[R],
+    static ORVEL_INLINE void storeTransposed(double *to, Vector const (&rows)[R],
                                              std::integer_sequence<int, I...>)
     {
         Vector v[R];
