@@ -160,16 +160,16 @@ bool triangleIntersectsCuboid(Vector const &a, Vector const &b, Vector const &c,
 
 TriangleCuboidIntersector::TriangleCuboidIntersector(Vector const &a, Vector const &b,
                                                      Vector const &c)
-    : p0(a)
-    , p1(b)
-    , p2(c)
-    , e0(c - b)
-    , e1(a - c)
-    , e2(b - a)
-    , normal(e0.cross(e1))
-    , minimum(componentMinimum(a, b, c))
-    , maximum(componentMaximum(a, b, c))
-    , centroid((a + b + c) / 3.0)
+    : m_p0(a)
+    , m_p1(b)
+    , m_p2(c)
+    , m_e0(c - b)
+    , m_e1(a - c)
+    , m_e2(b - a)
+    , m_normal(m_e0.cross(m_e1))
+    , m_minimum(componentMinimum(a, b, c))
+    , m_maximum(componentMaximum(a, b, c))
+    , m_centroid((a + b + c) / 3.0)
 {
 }
 

@@ -65,8 +65,7 @@ public:
     ///                    Any other value: nothing is known of its history, and every axis is
     ///                    tested. A hierarchy's root is tested with such a value.
     /// @param parentType  what this function answered for the parent; read only when @p splitAxis
-    /// is
-    ///                    0, 1 or 2, and only in whether it is `TriangleCuboidContainsCentroid`.
+    ///                    is 0, 1 or 2, and only in whether it is `TriangleCuboidContainsCentroid`.
     ///
     /// With @p splitAxis 0, 1 or 2 the answer is that of the full test only if the cuboid is half
     /// of its parent along that axis and the parent was not disjoint; otherwise it is wrong, and
@@ -81,16 +80,16 @@ public:
 private:
     friend struct TriangleCuboidView;
 
-    vectorC3d<double> p0;
-    vectorC3d<double> p1;
-    vectorC3d<double> p2;
-    vectorC3d<double> e0;      ///< p2 - p1
-    vectorC3d<double> e1;      ///< p0 - p2
-    vectorC3d<double> e2;      ///< p1 - p0
-    vectorC3d<double> normal;  ///< e0 x e1, not normalised
-    vectorC3d<double> minimum; ///< componentwise over the vertices
-    vectorC3d<double> maximum;
-    vectorC3d<double> centroid;
+    vectorC3d<double> m_p0;
+    vectorC3d<double> m_p1;
+    vectorC3d<double> m_p2;
+    vectorC3d<double> m_e0;      ///< p2 - p1
+    vectorC3d<double> m_e1;      ///< p0 - p2
+    vectorC3d<double> m_e2;      ///< p1 - p0
+    vectorC3d<double> m_normal;  ///< e0 x e1, not normalised
+    vectorC3d<double> m_minimum; ///< componentwise over the vertices
+    vectorC3d<double> m_maximum;
+    vectorC3d<double> m_centroid;
 };
 
 } // namespace MatUtil

@@ -14,16 +14,16 @@ using Vector = vectorC3d<double>;
 struct TriangleCuboidView
 {
     explicit TriangleCuboidView(TriangleCuboidIntersector const &t)
-        : p0(t.p0)
-        , p1(t.p1)
-        , p2(t.p2)
-        , e0(t.e0)
-        , e1(t.e1)
-        , e2(t.e2)
-        , normal(t.normal)
-        , minimum(t.minimum)
-        , maximum(t.maximum)
-        , centroid(t.centroid)
+        : p0(t.m_p0)
+        , p1(t.m_p1)
+        , p2(t.m_p2)
+        , e0(t.m_e0)
+        , e1(t.m_e1)
+        , e2(t.m_e2)
+        , normal(t.m_normal)
+        , minimum(t.m_minimum)
+        , maximum(t.m_maximum)
+        , centroid(t.m_centroid)
     {
     }
 

@@ -82,7 +82,8 @@ public:
     /// |                                        | the same in each call                        |
     /// | NaN or infinity among the coordinates  | some list of valid indices, or an empty one  |
     ///
-    /// Cost: n log n steps at most.
+    /// Cost: about n log n steps. Points that fall back to the plain sort, as different points of
+    /// one angle and distance make them, can take up to n^2.
     static QList<int> computeConvexHullIndices2D(QVector<vectorC2d<double>> const &points);
 
     /// The points at `computeConvexHullIndices2D`, in its order. The empty vector gives the one

@@ -38,8 +38,7 @@ public:
     /// moves onto the diagonal.
     ///
     /// @return true, without rotating, when the magnitudes of the strict upper triangle sum up to
-    /// at
-    ///         most 1e-8
+    ///         at most 1e-8
     bool iterate() override;
 
     /// The sum of magnitudes of the strict upper triangle at the start of the latest sweep; 0.0

@@ -8,12 +8,10 @@
 /// proved, with k the tolerance in radians plus 1e-9:
 ///
 /// - The sine of the angle between u and v is above k where (u x v)² > k² u² v². The directions,
-/// and
-///   the opposite ones, then differ by more than the tolerance, and by far more than the 1e-12
+///   and the opposite ones, then differ by more than the tolerance, and by far more than the 1e-12
 ///   degrees by which `WinVec` and the differences of its angles may be off.
 /// - The sign of such a cross product is sure: its error is below 3 units of rounding of the
-/// product
-///   of the lengths.
+///   product of the lengths.
 /// - Between 1e-140 and 1e140 no square of a length overflows or underflows, nor does a product of
 ///   two of them; NaN fails the comparisons and so proves nothing.
 
