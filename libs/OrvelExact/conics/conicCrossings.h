@@ -74,7 +74,8 @@ struct LineCrossings
 
 /// All crossings of two ellipses; see the head of this file for what is found and how right.
 /// @param tolerance up to which gap the curves touch, model units
-/// @see mathPoly::FindIntersections, which works with absolute limits
+/// @see mathPoly::FindIntersections, mathPoly::FindIntersections2, intersect_ellipse_ellipse,
+///     intersect_circle_ellipse, intersect_circle_circle, which work with absolute limits
 ORVELEXACT_EXPORT ConicCrossings ellipseCrossings(Ellipse const &first, Ellipse const &second,
                                                   double tolerance);
 
@@ -92,7 +93,7 @@ ORVELEXACT_EXPORT ConicCrossings arcCrossings(EllipseArc const &first, EllipseAr
 /// A tolerance of the size of the ellipse can make the whole of it one contact; then the nearest
 /// approach to the line on either side is given.
 /// @param tolerance up to which gap the line touches, model units
-/// @see intersect_line_ellipse
+/// @see intersect_line_ellipse, intersect_line_circle, circleLineIntersect
 ORVELEXACT_EXPORT LineCrossings lineCrossings(Ellipse const &ellipse, Point2 const &p0,
                                               Point2 const &p1, double tolerance);
 

@@ -29,7 +29,8 @@ struct ConvexPolygon
 /// Cost: that of sorting the points that don't lie deep inside (Andrew's scan, 1979, after a filter
 /// by a quadrangle of extreme points, Akl and Toussaint, 1978).
 ///
-/// @see ConvexHullBuilderC::computeConvexHullIndices2D, which has a tolerance of 1e-8.
+/// @see ConvexHullBuilderC::computeConvexHullIndices2D, ConvexHullBuilderC::computeConvexHull2D,
+/// which have a tolerance of 1e-8.
 ORVELEXACT_EXPORT ConvexPolygon convexHull2d(QVector<Point2> const &points);
 
 } // namespace orvelExact

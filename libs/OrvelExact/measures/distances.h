@@ -54,6 +54,7 @@ struct NearestPair3
 };
 
 /// The nearest point of the segment from a to b.
+/// @see MatUtil::projectPointOntoLine for the foot on an infinite line
 ORVELEXACT_EXPORT Nearest2 nearestOnSegment(Point2 const &p, Point2 const &a, Point2 const &b);
 ORVELEXACT_EXPORT Nearest3 nearestOnSegment(Point3 const &p, Point3 const &a, Point3 const &b);
 

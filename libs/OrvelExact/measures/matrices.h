@@ -71,6 +71,7 @@ struct NearestRotation
 /// 4x4 (Davenport 1968). Each element is within one unit in its last place plus 2^-90 `condition`.
 /// @return `NotFinite` for NaN or infinity, `Degenerate` where several rotations are equally near,
 ///     as to the zero matrix or to a mirror with equal stretches
+/// @see Math3DRefresh, Matrix4X4C::AlignAxis, which keep the first axis
 ORVELEXACT_EXPORT NearestRotation nearestRotation(matrixC3x3<double> const &m);
 
 /// The eigenvalues and eigenvectors of a symmetric matrix.
@@ -92,7 +93,7 @@ struct Eigen3
 /// |M v - value v| is below 4 units in the last place of the norm, which is the size of the
 /// largest value.
 /// @return `NotFinite` for NaN or infinity, `OutOfRange` for an element above 1e300
-/// @see EigenVectorComputationC, JacobiMethod
+/// @see EigenVectorComputationC, MatUtil::getEigenVector3d, JacobiMethod
 ORVELEXACT_EXPORT Eigen3 symmetricEigen(matrixC3x3<double> const &m);
 
 } // namespace orvelExact

@@ -26,6 +26,8 @@ ORVELEXACT_EXPORT Sign unfilteredOrientation3d(Point3 const &a, Point3 const &b,
 /// the line from a to b; `Negative` to the right; `Zero` on one line, equal points included.
 ///
 /// Exact for all finite points. `NotFinite` if a component is NaN or infinite.
+///
+/// @see concav2d::isColinear, which compares lengths and tells the order of the points
 inline Sign orientation2d(Point2 const &a, Point2 const &b, Point2 const &c)
 {
     constexpr double maxRelativeError = 3.3306690738754716e-16; // (3 + 16 e) e with e = 2^-53
@@ -45,6 +47,8 @@ inline Sign orientation2d(Point2 const &a, Point2 const &b, Point2 const &c)
 /// when a, b and c have no plane of their own.
 ///
 /// Exact for all finite points. `NotFinite` if a component is NaN or infinite.
+///
+/// @see LineInsideTriangle, MatUtil::rayIntersectsTriangle, which have tolerances
 inline Sign orientation3d(Point3 const &a, Point3 const &b, Point3 const &c, Point3 const &d)
 {
     // (7 + 56 e) e with e = 2^-53, times 6 products of the largest sizes, rounded up

@@ -26,6 +26,8 @@ struct SegmentCrossing
 
 /// What the segments a0 a1 and b0 b1 have in common, exactly, for all finite ends. A segment may be
 /// a point: on the other segment it is `AtEnd`.
+///
+/// @see Math2DIntersect2Lines and concav2d::intersectEdgeEdge, which have tolerances.
 ORVELEXACT_EXPORT CrossingKind classifyCrossing(Point2 const &a0, Point2 const &a1,
                                                 Point2 const &b0, Point2 const &b1);
 
@@ -33,7 +35,8 @@ ORVELEXACT_EXPORT CrossingKind classifyCrossing(Point2 const &a0, Point2 const &
 /// crossing is off by at most half a unit in the last place and 2^-20 of it: it is the nearest
 /// double but where two are nearly equally near. A denormal component is within one unit.
 ///
-/// @see concav2d::intersectLineLine and Math2DIntersect2Lines, which have tolerances.
+/// @see Math2DIntersect2Lines and concav2d::intersectEdgeEdge, which have tolerances;
+/// concav2d::intersectLineLine for infinite lines.
 ORVELEXACT_EXPORT SegmentCrossing crossSegments(Point2 const &a0, Point2 const &a1,
                                                 Point2 const &b0, Point2 const &b1);
 

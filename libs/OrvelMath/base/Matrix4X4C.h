@@ -177,6 +177,7 @@ public:
     void CalcRotateAxisMatrix(Point3D const &point, Point3D const &direction, double angle);
 
     /// See Math3DInvertMatrix; false leaves the object half reduced.
+    /// @see orvelExact::inverseOf
     bool Invert();
     /// Inverse of a rotation with translation: transposes the 3x3 part and turns the translation
     /// back. The fourth row is left alone, and nothing checks that the axes are orthonormal.
@@ -186,6 +187,7 @@ public:
     /// See Math3DCorrectMatrixOne.
     void CorrectOne();
     /// See Math3DRefresh.
+    /// @see orvelExact::nearestRotation
     void AlignAxis();
     /// See Math3DTransponateMatrix.
     void Transponate();

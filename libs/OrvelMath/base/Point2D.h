@@ -290,6 +290,7 @@ ORVELMATH_EXPORT Point2D VecWin(double angle);
 /// @param x, y model units, of any length
 /// @return degrees, above 0 and at most 360
 /// @see VecWin, the other way
+/// @see orvelExact::turnBetween, orvelExact::angleBetween, of two vectors; radians
 ORVELMATH_EXPORT double WinVec(double x, double y);
 /// The same of a point.
 ORVELMATH_EXPORT double WinVec(Point2D const &v);

@@ -74,6 +74,7 @@ ORVELMATH_EXPORT int Math2DComparePoints(Point2D const &a, Point2D const &b, dou
 /// where they do not coincide.
 ///
 /// @see concav2d::intersectEdgeEdge, intersect_line_line
+/// @see orvelExact::crossSegments, orvelExact::classifyCrossing, which are exact and know overlaps
 ///
 /// @image html segment_crossings.svg
 ORVELMATH_EXPORT IntersectionType Math2DIntersect2Lines(Point2D const &p0, Point2D const &p1,
@@ -110,6 +111,7 @@ ORVELMATH_EXPORT Point2D inter_lin_lin(Point2D const &p, Point2D const &d, Point
 ///         the two points of the line coincide, either 0 or outputs of infinity and NaN.
 ///
 /// NaN gives 2 and outputs of NaN. @see intersect_line_circle
+/// @see orvelExact::lineCrossings, which gives both crossings in double precision
 ORVELMATH_EXPORT int circleLineIntersect(float x1, float y1, float x2, float y2, float cx, float cy,
                                          float r, float &ox1, float &oy1, float &ox2, float &oy2);
 
@@ -156,6 +158,7 @@ ORVELMATH_EXPORT bool clipline(double xmin, double ymin, double xmax, double yma
 ///
 /// NaN in a coordinate of a vertex counts as in the band (y) or as no extent (x). No input makes it
 /// run longer than a few passes over the vertices. @see concav2d::pointInsidePolygone
+/// @see orvelExact::locateInPolygon, which says exactly on which edge or corner the point is
 ///
 /// @image html point_location.svg
 ORVELMATH_EXPORT InsidePolyType Math2DInsidePolygon(Point2D *points, int count, Point2D const &p,

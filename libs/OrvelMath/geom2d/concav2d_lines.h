@@ -107,6 +107,7 @@ ORVELMATH_EXPORT int pointOnLine(Point2D const &p0, Point2D const &p1, Point2D c
 ///         NaN.
 ///
 /// @see intersect_line_line, inter_lin_lin, intersectEdgeEdge
+/// @see orvelExact::crossSegments, for segments
 ORVELMATH_EXPORT int intersectLineLine(Point2D const &p0, Point2D const &p1, Point2D const &p2,
                                        Point2D const &p3, Point2D &out);
 
@@ -122,6 +123,7 @@ ORVELMATH_EXPORT int intersectLineLine(Point2D const &p0, Point2D const &p1, Poi
 /// result is `Crossing` and @p out holds NaN.
 ///
 /// @see Math2DIntersect2Lines
+/// @see orvelExact::crossSegments, orvelExact::classifyCrossing, which are exact and know overlaps
 ORVELMATH_EXPORT concav2d::IntersectionType intersectEdgeEdge(Point2D const &p0, Point2D const &p1,
                                                               Point2D const &p2, Point2D const &p3,
                                                               Point2D &out, double tol);

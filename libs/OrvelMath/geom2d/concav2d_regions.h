@@ -39,6 +39,7 @@ enum LocationType : int {
 ///
 /// NaN in a coordinate of a vertex counts as in the band (y) or as no extent (x). No input makes it
 /// run longer than a few passes over the vertices. @see Math2DInsidePolygon
+/// @see orvelExact::locateInPolygon, which says exactly on which edge or corner the point is
 ///
 /// @image html point_location.svg
 ORVELMATH_EXPORT concav2d::LocationType

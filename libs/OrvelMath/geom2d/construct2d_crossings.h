@@ -28,6 +28,7 @@ ORVELMATH_EXPORT double mat_round_to_grid(double x, double eps);
 /// The radius is expected to be at least 0.
 ///
 /// @see circleLineIntersect, which is in single precision, and intersect_line_ellipse
+/// @see orvelExact::lineCrossings, which gives both crossings at any size
 ///
 /// @image html circle_crossings.svg
 ORVELMATH_EXPORT int intersect_line_circle(Point2D const &p0, Point2D const &p1, Point2D const &c,
@@ -43,6 +44,7 @@ ORVELMATH_EXPORT int intersect_line_circle(Point2D const &p0, Point2D const &p1,
 /// @return 1 found; 0 if the centres coincide, or the circles lie apart or one in the other.
 ///
 /// With NaN the result is 1 and @p out is NaN. @see intersect_circle_ellipse
+/// @see orvelExact::ellipseCrossings, which gives both crossings at any size
 ///
 /// @image html circle_crossings.svg
 ORVELMATH_EXPORT int intersect_circle_circle(Point2D const &c1, double r1, Point2D const &c2,
@@ -75,4 +77,5 @@ ORVELMATH_EXPORT int projektion_punkt_auf_kreis(Point2D const &p, Point2D const 
 /// the x axis: steps of about 1e-6 degrees) and gives NaN for the zero vector.
 ///
 /// NaN gives NaN. @see WinVec
+/// @see orvelExact::turnBetween, which is right near the x axis too; radians
 ORVELMATH_EXPORT double mat_vektor_winkel(Point2D const &v);

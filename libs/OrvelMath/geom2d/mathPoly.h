@@ -45,6 +45,7 @@ struct ORVELMATH_EXPORT Circle
 };
 
 /// An ellipse with the semi-axes a along its own x axis and b across it.
+/// @see orvelExact::Ellipse, which needs no angle
 struct ORVELMATH_EXPORT Ellipse
 {
     double cx;
@@ -179,6 +180,7 @@ ORVELMATH_EXPORT void FindIntersections(Ellipse &e1, Ellipse &e2, int &count,
 ///
 /// @return true when `point` was written; for "none" it is left alone
 /// @image html FindIntersections2.svg
+/// @see orvelExact::ellipseCrossings
 ORVELMATH_EXPORT bool FindIntersections2(Ellipse &e1, Ellipse &e2, bool last, bool inner,
                                          Point2D &point);
 

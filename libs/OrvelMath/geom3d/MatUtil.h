@@ -43,6 +43,7 @@ ORVELMATH_EXPORT Point2D getCircleCenter(Point2D const &a, Point2D const &b, Poi
 /// Returns the foot of the perpendicular from `point` to the line. A zero `direction` gives NaN.
 ///
 /// @see ProjectOntoLine
+/// @see orvelExact::nearestOnSegment, where the ends count
 ORVELMATH_EXPORT vectorC3d<double> projectPointOntoLine(vectorC3d<double> const &point,
                                                         vectorC3d<double> const &linePoint,
                                                         vectorC3d<double> const &direction);
@@ -132,6 +133,7 @@ ORVELMATH_EXPORT vectorC3d<double> getSphereCenter(vectorC3d<double> const &a,
 /// triangle or a short direction) counts as no hit. NaN passes the tests and arrives in `t`.
 ///
 /// @see LineInsideTriangle
+/// @see orvelExact::orientation3d for the exact side of a plane
 ORVELMATH_EXPORT bool rayIntersectsTriangle(vectorC3d<double> const &a, vectorC3d<double> const &b,
                                             vectorC3d<double> const &c,
                                             vectorC3d<double> const &origin,

@@ -168,5 +168,6 @@ ORVELMATH_EXPORT Point2D DropCoord(Point3D const &p, int drop);
 /// does a NaN.
 ///
 /// @see MatUtil::rayIntersectsTriangle
+/// @see orvelExact::orientation3d for the exact side of a plane
 ORVELMATH_EXPORT bool LineInsideTriangle(Point3D const &t0, Point3D const &t1, Point3D const &t2,
                                          Point3D const &p0, Point3D const &p1, double tol);

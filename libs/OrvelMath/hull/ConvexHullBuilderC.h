@@ -84,10 +84,13 @@ public:
     ///
     /// Cost: about n log n steps. Points that fall back to the plain sort, as different points of
     /// one angle and distance make them, can take up to n^2.
+    ///
+    /// @see orvelExact::convexHull2d, which has no tolerance
     static QList<int> computeConvexHullIndices2D(QVector<vectorC2d<double>> const &points);
 
     /// The points at `computeConvexHullIndices2D`, in its order. The empty vector gives the one
     /// point (0, 0), since the index that is reported for it has no point.
+    /// @see orvelExact::convexHull2d, which has no tolerance
     static QVector<vectorC2d<double>> computeConvexHull2D(QVector<vectorC2d<double>> const &points);
 
     /// Discards points and results and takes over `points`; the list is shared, not copied.

@@ -40,6 +40,7 @@ enum EigenVectorAlgoE : int {
 ///         a shifted matrix not singular within the absolute pivot limit 0.0001, which wants
 ///         entries of moderate size. The outputs may hold parts of a result then.
 /// @see EigenVectorComputationC, which tries all three
+/// @see orvelExact::symmetricEigen, whose order and signs are fixed
 ORVELMATH_EXPORT bool getEigenVector3d(matrixC3x3<double> const &matrix, double *first,
                                        double *second, double *values, EigenVectorAlgoE algorithm);
 
@@ -57,6 +58,7 @@ ORVELMATH_EXPORT bool getEigenVector3d(matrixC3x3<double> const &matrix, double 
 /// and the record that the target held before is lost.
 ///
 /// @see JacobiMethod, for any size; runPCA, for the axes of a cloud of points
+/// @see orvelExact::symmetricEigen, whose order and signs are fixed
 class ORVELMATH_EXPORT EigenVectorComputationC
 {
 public:

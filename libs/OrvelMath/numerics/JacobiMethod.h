@@ -22,6 +22,7 @@
 ///     }
 ///
 /// @see PowerMethod, for one pair of any matrix; EigenVectorComputationC, for 3x3
+/// @see orvelExact::symmetricEigen, for 3x3, whose order and signs are fixed
 class ORVELMATH_EXPORT JacobiMethod : public AlgorithmIF
 {
 public:
