@@ -1,6 +1,6 @@
 #include "workload.h"
 
-#include <OrvelMath/engine/vectorWidth_p.h>
+#include <OrvelMath/engine/Lanes_p.h>
 #include <OrvelMath/numerics/Transforms.h>
 
 #include <benchmark/benchmark.h>
@@ -78,10 +78,10 @@ void legendrePlainLoop(benchmark::State &state)
 template <int W>
 ORVEL_INLINE double sumAll(double const *values, std::size_t count)
 {
-    typename Lanes<W>::Vector sums[32 / W] = {}, v;
+    typename engine::Lanes<double, W>::Vector sums[32 / W] = {}, v;
     for (std::size_t i = 0; i < count; i += 32) {
         for (int k = 0; k < 32 / W; ++k) {
-            Lanes<W>::load(v, values + i + k * W);
+            engine::Lanes<double, W>::load(v, values + i + k * W);
             sums[k] += v;
         }
     }

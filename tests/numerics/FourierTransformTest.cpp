@@ -1,8 +1,8 @@
 #include "guardedArray.h"
 #include "support/Bits.h"
 
-#include <OrvelMath/numerics/FourierPasses_p.h>
 #include <OrvelMath/numerics/Transforms.h>
+#include <OrvelMath/numerics/quick/FourierPasses_p.h>
 
 #include <fftw3.h>
 #include <gtest/gtest.h>

@@ -1,12 +1,53 @@
-#include <OrvelMath/engine/vectorWidth_p.h>
-#include <OrvelMath/numerics/FourierPasses_p.h>
 #include <OrvelMath/numerics/Transforms.h>
 
+#include <OrvelMath/engine/vectorWidth_p.h>
+#include <OrvelMath/numerics/FourierButterfly_p.h>
+#include <OrvelMath/numerics/quick/FourierPasses_p.h>
+
 #include <cmath>
+#include <cstring>
 
 using namespace Fourier;
 
 namespace {
+
+/// The definition: log2(n) stages of single butterflies in `scratch`, then the values in the order
+/// of their places' reversed bits to `out`. Of an n that is no power of two, floor(log2(n)) stages
+/// are run. A stage halves each of its groups:
+///
+///     upper  a ---+--- a + b               group of 2 * half values, j < half;
+///                 |                        upper = 2 * half * group + j, lower = upper + half
+///     lower  b ---+--- (a - b) * root      root number j * groups
+///
+/// It serves all that the passes don't: sizes too small for vectors, those that are no power of
+/// two, and outputs that take the place of the roots.
+template <bool Inverse>
+void plainTransform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
+{
+    std::memmove(scratch.re, in.re, std::size_t(n) * sizeof(double));
+    std::memmove(scratch.im, in.im, std::size_t(n) * sizeof(double));
+    int const stages = log2Of(n);
+    int half = n / 2;
+    int groups = 1;
+    for (int stage = 0; stage < stages; ++stage) {
+        for (int group = 0; group < groups; ++group) {
+            for (int j = 0; j < half; ++j) {
+                int const upper = 2 * half * group + j;
+                int const lower = upper + half;
+                int const root = j * groups;
+                butterfly<Inverse>(scratch.re[upper], scratch.im[upper], scratch.re[lower],
+                                   scratch.im[lower], roots.re[root], roots.im[root]);
+            }
+        }
+        groups *= 2;
+        half /= 2;
+    }
+    for (int i = 0; i < n; ++i) {
+        int const target = reverseBits(i, stages);
+        out.re[target] = Inverse ? scratch.re[i] / n : scratch.re[i];
+        out.im[target] = Inverse ? scratch.im[i] / n : scratch.im[i];
+    }
+}
 
 #if defined(__x86_64__)
 template <bool Inverse>
@@ -28,36 +69,6 @@ template <bool Inverse>
 void transform2(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
 {
     transform<2, Inverse>(in, out, scratch, n, roots);
-}
-
-/// Butterfly by butterfly in `scratch`, then bit-reversed to `out`: for sizes too small for
-/// vectors, for those that are no power of two, of which floor(log2(n)) stages are run, and for
-/// outputs that take the place of the roots.
-template <bool Inverse>
-void plainTransform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn roots)
-{
-    std::memmove(scratch.re, in.re, std::size_t(n) * sizeof(double));
-    std::memmove(scratch.im, in.im, std::size_t(n) * sizeof(double));
-    int const stages = log2Of(n);
-    int half = n / 2;
-    int groups = 1;
-    for (int stage = 0; stage < stages; ++stage) {
-        for (int g = 0; g < groups; ++g) {
-            for (int j = 0; j < half; ++j) {
-                int const a = 2 * half * g + j;
-                int const b = a + half;
-                butterfly<Inverse>(scratch.re[a], scratch.im[a], scratch.re[b], scratch.im[b],
-                                   roots.re[j * groups], roots.im[j * groups]);
-            }
-        }
-        groups *= 2;
-        half /= 2;
-    }
-    for (int i = 0; i < n; ++i) {
-        int const target = reverseBits(i, stages);
-        out.re[target] = Inverse ? scratch.re[i] / n : scratch.re[i];
-        out.im[target] = Inverse ? scratch.im[i] / n : scratch.im[i];
-    }
 }
 
 template <bool Inverse>
@@ -86,7 +97,8 @@ void run(ComplexIn in, ComplexOut out, ComplexOut scratch, int n, ComplexIn root
 
 void generateRoots(double *re, double *im, int n)
 {
-    double const step = -6.283185307179586 / n;
+    double const step =
+        -6.283185307179586 / n; // -2 pi / n, so that the imaginary part below is +sin(2 pi k / n)
     for (int k = 0; k < n; ++k) {
         double const x = k * step;
         re[k] = std::cos(x);
