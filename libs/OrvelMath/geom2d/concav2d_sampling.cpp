@@ -62,7 +62,7 @@ void append(QLinkedList<Point2D *> &points, Point2D const &point)
 {
     auto owned = std::make_unique<Point2D>(point);
     points.append(owned.get());
-    owned.release();
+    static_cast<void>(owned.release()); // it is the list's now
 }
 
 } // namespace

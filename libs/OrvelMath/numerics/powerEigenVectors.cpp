@@ -2,7 +2,6 @@
 #include <OrvelMath/numerics/EigenVectorAlgorithms_p.h>
 
 #include <cmath>
-#include <cstring>
 
 namespace {
 
@@ -26,9 +25,11 @@ bool invert(matrixC3x3<double> const &matrix, matrixC3x3<double> &inverse)
     return true;
 }
 
+/// Equal with the signs of zeros; a NaN is equal to nothing.
 bool hasSameBits(vectorC3d<double> const &a, vectorC3d<double> const &b)
 {
-    return std::memcmp(a.data(), b.data(), 3 * sizeof(double)) == 0;
+    return a == b && std::signbit(a.x()) == std::signbit(b.x()) &&
+           std::signbit(a.y()) == std::signbit(b.y()) && std::signbit(a.z()) == std::signbit(b.z());
 }
 
 vectorC3d<double> iteratePowers(matrixC3x3<double> const &matrix)

@@ -60,9 +60,11 @@ inline int orderOf(Point2D const &u, Point2D const &v, Point2D const &w, double 
     bool const areClear = (uv * uv > limit * (uu * vv)) & (vw * vw > limit * (vv * ww)) &
                           (wu * wu > limit * (ww * uu));
     double const apart = 1.01e-12; // the square of 1e-6, with room for rounding
-    bool const areApart =
-        ((u - v).Length2() > apart) & ((v - w).Length2() > apart) & ((w - u).Length2() > apart);
-    bool const areOrdinary = isOrdinary(uu) & isOrdinary(vv) & isOrdinary(ww);
+    double const fromUToV = (u - v).Length2();
+    double const fromVToW = (v - w).Length2();
+    double const fromWToU = (w - u).Length2();
+    bool const areApart = (fromUToV > apart) & (fromVToW > apart) & (fromWToU > apart);
+    bool const areOrdinary = isOrdinary(uu) && isOrdinary(vv) && isOrdinary(ww);
     if (!(areClear & areApart & areOrdinary & (tol >= 0))) {
         return 0;
     }
@@ -79,7 +81,7 @@ inline bool areApart(Point2D const &u, Point2D const &v, double tol)
     double const cross = crossProduct(u, v);
     bool const isClear = cross * cross > squareOfClearSine(tol) * (uu * vv);
     // A tolerance above some 57 degrees makes k more than 1, and nothing clear.
-    return isClear & isOrdinary(uu) & isOrdinary(vv) & (tol >= 0);
+    return isClear && isOrdinary(uu) && isOrdinary(vv) && tol >= 0;
 }
 
 } // namespace directions
