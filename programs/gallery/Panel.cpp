@@ -186,12 +186,19 @@ void Panel::arrow(Vec2 from, Vec2 to, Role role)
                 polyPath({tip, back + 3.5 * n, back - 3.5 * n}, true) + "\"/>\n";
 }
 
-void Panel::polyline(std::vector<Vec2> const &points, Role role)
+std::vector<Vec2> Panel::toView(std::vector<Vec2> const &points) const
 {
     std::vector<Vec2> view;
+    view.reserve(points.size());
     for (Vec2 const &p : points) {
         view.push_back(toView(p));
     }
+    return view;
+}
+
+void Panel::polyline(std::vector<Vec2> const &points, Role role)
+{
+    std::vector<Vec2> const view = toView(points);
     for (std::size_t i = 1; i < view.size(); ++i) {
         inkLine(view[i - 1], view[i]);
     }
@@ -200,10 +207,7 @@ void Panel::polyline(std::vector<Vec2> const &points, Role role)
 
 void Panel::polygon(std::vector<Vec2> const &points, Role role)
 {
-    std::vector<Vec2> view;
-    for (Vec2 const &p : points) {
-        view.push_back(toView(p));
-    }
+    std::vector<Vec2> const view = toView(points);
     for (std::size_t i = 0; i < view.size(); ++i) {
         inkLine(view[i], view[(i + 1) % view.size()]);
     }
@@ -212,10 +216,7 @@ void Panel::polygon(std::vector<Vec2> const &points, Role role)
 
 void Panel::area(std::vector<Vec2> const &points, Role role, double opacity)
 {
-    std::vector<Vec2> view;
-    for (Vec2 const &p : points) {
-        view.push_back(toView(p));
-    }
+    std::vector<Vec2> const view = toView(points);
     m_shapes += std::string("<path class=\"fill ") + roleClass(role) + "\" d=\"" +
                 polyPath(view, true) + '"' + attribute("opacity", opacity) + "/>\n";
 }

@@ -140,6 +140,7 @@ private:
 
     Panel(Frame frame, std::string caption, Bounds bounds, Scaling scaling, int index);
     Vec2 toView(Vec2 world) const;
+    std::vector<Vec2> toView(std::vector<Vec2> const &points) const;
     void beginSolution();
     void endSolution();
     void path(std::string const &data, Role role);

@@ -93,6 +93,7 @@ std::vector<Vec2> allCrossings()
         {{wide.cx, wide.cy}, {wide.a, 0.0}, {0.0, wide.b}},
         {{grazing.cx, grazing.cy}, {grazing.a, 0.0}, {0.0, grazing.b}}, 0.0);
     std::vector<Vec2> points;
+    points.reserve(std::size_t(found.count));
     for (int i = 0; i < found.count; ++i) {
         points.emplace_back(found.crossings[i].point);
     }
