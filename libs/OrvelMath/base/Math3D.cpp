@@ -71,6 +71,12 @@ void setColumn(double (*const m)[4], int i, Point3D const &v)
 
 } // namespace
 
+Point3D Math3DVektorprodukt(Point3D const &a, Point3D const &b)
+{
+    return {b.z() * a.y() - b.y() * a.z(), b.x() * a.z() - a.x() * b.z(),
+            a.x() * b.y() - b.x() * a.y()};
+}
+
 void Math3DMultMatrix(double (*const result)[4], double const (*const a)[4],
                       double const (*const b)[4])
 {

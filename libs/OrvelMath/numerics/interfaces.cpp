@@ -1,4 +1,13 @@
+// The bodies that the interfaces bring. They lie in a source so that each table of virtual functions
+// is in the library once.
+
+#include <OrvelMath/numerics/AlgorithmIF.h>
 #include <OrvelMath/numerics/MatrixIF.h>
+
+AlgorithmIF::AlgorithmIF() = default;
+AlgorithmIF::AlgorithmIF(AlgorithmIF const &) = default;
+AlgorithmIF &AlgorithmIF::operator=(AlgorithmIF const &) = default;
+AlgorithmIF::~AlgorithmIF() = default;
 
 MatrixIF::MatrixIF() = default;
 MatrixIF::MatrixIF(MatrixIF const &) = default;

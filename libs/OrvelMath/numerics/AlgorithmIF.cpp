@@ -1,6 +1,0 @@
-#include <OrvelMath/numerics/AlgorithmIF.h>
-
-AlgorithmIF::AlgorithmIF() = default;
-AlgorithmIF::AlgorithmIF(AlgorithmIF const &) = default;
-AlgorithmIF &AlgorithmIF::operator=(AlgorithmIF const &) = default;
-AlgorithmIF::~AlgorithmIF() = default;
