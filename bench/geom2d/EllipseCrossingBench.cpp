@@ -102,7 +102,7 @@ void overPairs(benchmark::State &state, Cut cut)
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(pairs.size()));
 }
 
-void EllipseCrossing(benchmark::State &state)
+void ellipseCrossing(benchmark::State &state)
 {
     overPairs(state, [](Ellipse &e1, Ellipse &e2) {
         Point2D points[12];
@@ -111,27 +111,27 @@ void EllipseCrossing(benchmark::State &state)
         return count;
     });
 }
-BENCHMARK(EllipseCrossing);
+BENCHMARK(ellipseCrossing)->Name("ellipseCrossing/anyPairs/1024/orvel");
 
-void EllipseCrossingTwin(benchmark::State &state)
+void ellipseCrossingTwin(benchmark::State &state)
 {
     overPairs(state, [](Ellipse const &e1, Ellipse const &e2) {
         Point2D points[4];
         return crossingsByQuartic(e1, e2, points);
     });
 }
-BENCHMARK(EllipseCrossingTwin);
+BENCHMARK(ellipseCrossingTwin)->Name("ellipseCrossing/anyPairs/1024/quartic");
 
-void EllipseCrossingChosen(benchmark::State &state)
+void ellipseCrossingChosen(benchmark::State &state)
 {
     overPairs(state, [](Ellipse &e1, Ellipse &e2) {
         Point2D point;
         return mathPoly::FindIntersections2(e1, e2, true, false, point);
     });
 }
-BENCHMARK(EllipseCrossingChosen);
+BENCHMARK(ellipseCrossingChosen)->Name("ellipseCrossing/chosen/1024/orvel");
 
-void LineEllipseCrossing(benchmark::State &state)
+void lineEllipseCrossing(benchmark::State &state)
 {
     overPairs(state, [](Ellipse const &e1, Ellipse const &e2) {
         Point2D out;
@@ -139,6 +139,6 @@ void LineEllipseCrossing(benchmark::State &state)
                                       Point2D(e1.cx, e1.cy), 30.0, e1.a, e1.b, false, out, 1e-9);
     });
 }
-BENCHMARK(LineEllipseCrossing);
+BENCHMARK(lineEllipseCrossing)->Name("lineEllipseCrossing/anyPairs/1024/orvel");
 
 } // namespace

@@ -1,6 +1,6 @@
-#include "samples.h"
+#include "../base/samples.h"
 
-#include <OrvelMath/numerics/LinearSystemT_p.h>
+#include <OrvelMath/engine/LinearSystemT_p.h>
 
 #include <benchmark/benchmark.h>
 
@@ -45,7 +45,7 @@ std::vector<Sample<R, C>> anySystems()
 }
 
 template <int R, int C>
-void SolveOrvel(benchmark::State &state)
+void solveOrvel(benchmark::State &state)
 {
     std::vector<Sample<R, C>> const samples = anySystems<R, C>();
     Turn turn;
@@ -60,16 +60,16 @@ void SolveOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(nullSpace);
     }
 }
-BENCHMARK_TEMPLATE(SolveOrvel, 2, 2);
-BENCHMARK_TEMPLATE(SolveOrvel, 2, 3);
-BENCHMARK_TEMPLATE(SolveOrvel, 3, 2);
-BENCHMARK_TEMPLATE(SolveOrvel, 3, 3);
+BENCHMARK_TEMPLATE(solveOrvel, 2, 2)->Name("smallSystem/2x2/64/orvel");
+BENCHMARK_TEMPLATE(solveOrvel, 2, 3)->Name("smallSystem/2x3/64/orvel");
+BENCHMARK_TEMPLATE(solveOrvel, 3, 2)->Name("smallSystem/3x2/64/orvel");
+BENCHMARK_TEMPLATE(solveOrvel, 3, 3)->Name("smallSystem/3x3/64/orvel");
 
 #ifdef ORVEL_HAVE_EIGEN
 
 /// Solution alone: the null space of a square system of full rank is not asked for.
 template <int R, int C>
-void SolveFullPivLu(benchmark::State &state)
+void solveFullPivLu(benchmark::State &state)
 {
     using Matrix = Eigen::Matrix<double, R, C>;
     using Rhs = Eigen::Matrix<double, R, 1>;
@@ -83,10 +83,10 @@ void SolveFullPivLu(benchmark::State &state)
         benchmark::DoNotOptimize(solution);
     }
 }
-BENCHMARK_TEMPLATE(SolveFullPivLu, 2, 2);
-BENCHMARK_TEMPLATE(SolveFullPivLu, 2, 3);
-BENCHMARK_TEMPLATE(SolveFullPivLu, 3, 2);
-BENCHMARK_TEMPLATE(SolveFullPivLu, 3, 3);
+BENCHMARK_TEMPLATE(solveFullPivLu, 2, 2)->Name("smallSystem/2x2/64/eigen.fullPivLu");
+BENCHMARK_TEMPLATE(solveFullPivLu, 2, 3)->Name("smallSystem/2x3/64/eigen.fullPivLu");
+BENCHMARK_TEMPLATE(solveFullPivLu, 3, 2)->Name("smallSystem/3x2/64/eigen.fullPivLu");
+BENCHMARK_TEMPLATE(solveFullPivLu, 3, 3)->Name("smallSystem/3x3/64/eigen.fullPivLu");
 
 #endif
 

@@ -1,3 +1,5 @@
+#include "../support/rows.h"
+
 #include <OrvelMath/numerics/EigenVectorComputationC.h>
 #include <OrvelMath/numerics/JacobiMethod.h>
 #include <OrvelMath/numerics/LinearDiophantineEquationC.h>
@@ -10,6 +12,8 @@
 #include <Eigen/Eigenvalues>
 #endif
 
+#include <cmath>
+#include <cstdint>
 #include <random>
 #include <vector>
 
@@ -29,9 +33,9 @@ std::vector<double> randomSymmetric(unsigned int n)
     return a;
 }
 
-void jacobiOurs(benchmark::State &state)
+void jacobiOrvel(benchmark::State &state, std::int64_t size)
 {
-    unsigned int const n = unsigned(state.range(0));
+    unsigned int const n = unsigned(size);
     std::vector<double> const a = randomSymmetric(n);
     SymmetricMatrixNXN matrix(n);
     for (auto _ : state) {
@@ -44,6 +48,82 @@ void jacobiOurs(benchmark::State &state)
         while (!method.iterate()) {
         }
         benchmark::DoNotOptimize(method.getEigenvalue(0));
+    }
+}
+
+/// The textbook's method: each element above the diagonal is rotated to zero in its turn, in dense
+/// arrays and without thresholds, until the elements above the diagonal sum up to 1e-8 as ours.
+class PlainJacobi
+{
+public:
+    PlainJacobi(std::vector<double> const &matrix, std::size_t n)
+        : m_n(n)
+        , m_a(matrix)
+        , m_v(n * n, 0.0)
+    {
+        for (std::size_t i = 0; i < n; ++i) {
+            m_v[i * n + i] = 1.0;
+        }
+        while (sumAboveDiagonal() > 1e-8) {
+            for (std::size_t p = 0; p < n; ++p) {
+                for (std::size_t q = p + 1; q < n; ++q) {
+                    rotate(p, q);
+                }
+            }
+        }
+    }
+
+    double eigenvalue(std::size_t i) const { return m_a[i * m_n + i]; }
+
+private:
+    double sumAboveDiagonal() const
+    {
+        double sum = 0.0;
+        for (std::size_t p = 0; p < m_n; ++p) {
+            for (std::size_t q = p + 1; q < m_n; ++q) {
+                sum += std::fabs(m_a[p * m_n + q]);
+            }
+        }
+        return sum;
+    }
+
+    void rotate(std::size_t p, std::size_t q)
+    {
+        double const apq = m_a[p * m_n + q];
+        if (apq == 0.0) {
+            return;
+        }
+        double const theta = (m_a[q * m_n + q] - m_a[p * m_n + p]) / (2.0 * apq);
+        double const t = std::copysign(1.0, theta) / (std::fabs(theta) + std::hypot(theta, 1.0));
+        double const c = 1.0 / std::sqrt(t * t + 1.0), s = t * c;
+        for (std::size_t i = 0; i < m_n; ++i) { // columns p and q
+            turn(m_a[i * m_n + p], m_a[i * m_n + q], c, s);
+            turn(m_v[i * m_n + p], m_v[i * m_n + q], c, s);
+        }
+        for (std::size_t i = 0; i < m_n; ++i) { // rows p and q
+            turn(m_a[p * m_n + i], m_a[q * m_n + i], c, s);
+        }
+        m_a[p * m_n + q] = m_a[q * m_n + p] = 0.0;
+    }
+
+    static void turn(double &x, double &y, double c, double s)
+    {
+        double const oldX = x;
+        x = c * oldX - s * y;
+        y = s * oldX + c * y;
+    }
+
+    std::size_t m_n;
+    std::vector<double> m_a; ///< the matrix, row by row
+    std::vector<double> m_v; ///< the eigenvectors as columns
+};
+
+void jacobiPlain(benchmark::State &state, std::int64_t size)
+{
+    std::vector<double> const a = randomSymmetric(unsigned(size));
+    for (auto _ : state) {
+        PlainJacobi const method(a, std::size_t(size));
+        benchmark::DoNotOptimize(method.eigenvalue(0));
     }
 }
 
@@ -63,7 +143,7 @@ std::vector<matrixC3x3<double>> smallMatrices()
     return matrices;
 }
 
-void eigen3x3OursBestOfThree(benchmark::State &state)
+void eigen3x3OrvelBestOfThree(benchmark::State &state)
 {
     auto const matrices = smallMatrices();
     std::size_t i = 0;
@@ -73,10 +153,9 @@ void eigen3x3OursBestOfThree(benchmark::State &state)
     }
 }
 
-void eigen3x3Ours(benchmark::State &state)
+void eigen3x3Orvel(benchmark::State &state, MatUtil::EigenVectorAlgoE algorithm)
 {
     auto const matrices = smallMatrices();
-    auto const algorithm = MatUtil::EigenVectorAlgoE(state.range(0));
     std::size_t i = 0;
     double first[3], second[3], values[3];
     for (auto _ : state) {
@@ -101,7 +180,7 @@ std::vector<double> cloudCoordinates()
     return coordinates;
 }
 
-void pcaOurs(benchmark::State &state)
+void pcaOrvel(benchmark::State &state)
 {
     std::vector<double> const c = cloudCoordinates();
     PValOrderedVector<Point3D> points;
@@ -150,9 +229,9 @@ void diophantineRange(benchmark::State &state)
 }
 
 #ifdef ORVEL_HAVE_EIGEN
-void jacobiEigen(benchmark::State &state)
+void jacobiEigen(benchmark::State &state, std::int64_t size)
 {
-    int const n = int(state.range(0));
+    int const n = int(size);
     std::vector<double> const a = randomSymmetric(unsigned(n));
     Eigen::MatrixXd const matrix = Eigen::Map<Eigen::MatrixXd const>(a.data(), n, n);
     for (auto _ : state) {
@@ -161,8 +240,8 @@ void jacobiEigen(benchmark::State &state)
     }
 }
 
-/// Argument 0: iterative; 1: closed form.
-void eigen3x3Eigen(benchmark::State &state)
+/// Iterative, or in closed form.
+void eigen3x3Eigen(benchmark::State &state, bool direct)
 {
     std::vector<Eigen::Matrix3d> matrices;
     for (auto const &m : smallMatrices()) {
@@ -172,7 +251,7 @@ void eigen3x3Eigen(benchmark::State &state)
     std::size_t i = 0;
     for (auto _ : state) {
         Eigen::Matrix3d const &matrix = matrices[i++ % matrices.size()];
-        state.range(0) == 0 ? solver.compute(matrix) : solver.computeDirect(matrix);
+        direct ? solver.computeDirect(matrix) : solver.compute(matrix);
         benchmark::DoNotOptimize(solver.eigenvectors()(0, 0));
     }
 }
@@ -190,17 +269,32 @@ void pcaEigen(benchmark::State &state)
     }
 }
 
-BENCHMARK(jacobiEigen)->Arg(3)->Arg(10)->Arg(30)->Arg(60);
-BENCHMARK(eigen3x3Eigen)->Arg(0)->Arg(1);
-BENCHMARK(pcaEigen);
 #endif
 
-BENCHMARK(jacobiOurs)->Arg(3)->Arg(10)->Arg(30)->Arg(60);
-BENCHMARK(eigen3x3Ours)->Arg(0)->Arg(1)->Arg(2);
-BENCHMARK(eigen3x3OursBestOfThree);
-BENCHMARK(pcaOurs);
-BENCHMARK(diophantineConstruct);
-BENCHMARK(diophantineSolve);
-BENCHMARK(diophantineRange);
+BENCHMARK_CAPTURE(eigen3x3Orvel, power, MatUtil::EigenVectorPower)
+    ->Name("eigen3x3/any/1000/orvel.power");
+BENCHMARK_CAPTURE(eigen3x3Orvel, qr, MatUtil::EigenVectorQR)->Name("eigen3x3/any/1000/orvel.qr");
+BENCHMARK_CAPTURE(eigen3x3Orvel, analytic, MatUtil::EigenVectorAnalytic)
+    ->Name("eigen3x3/any/1000/orvel.analytic");
+BENCHMARK(eigen3x3OrvelBestOfThree)->Name("eigen3x3/any/1000/orvel.bestOfThree");
+BENCHMARK(pcaOrvel)->Name("pca/cloud/1000000/orvel");
+BENCHMARK(diophantineConstruct)->Name("diophantine/construct/1/orvel");
+BENCHMARK(diophantineSolve)->Name("diophantine/solve/1/orvel");
+BENCHMARK(diophantineRange)->Name("diophantine/range/1/orvel");
+#ifdef ORVEL_HAVE_EIGEN
+BENCHMARK_CAPTURE(eigen3x3Eigen, compute, false)->Name("eigen3x3/any/1000/eigen.compute");
+BENCHMARK_CAPTURE(eigen3x3Eigen, direct, true)->Name("eigen3x3/any/1000/eigen.computeDirect");
+BENCHMARK(pcaEigen)->Name("pca/cloud/1000000/eigen");
+#endif
+
+[[maybe_unused]] bool const areRegistered = [] {
+    std::vector<std::int64_t> const sizes{3, 10, 30, 60};
+    rows::add("jacobi/any", sizes, "orvel", jacobiOrvel);
+    rows::add("jacobi/any", sizes, "plainJacobi", jacobiPlain);
+#ifdef ORVEL_HAVE_EIGEN
+    rows::add("jacobi/any", sizes, "eigen", jacobiEigen);
+#endif
+    return true;
+}();
 
 } // namespace

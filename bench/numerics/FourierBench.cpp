@@ -1,3 +1,4 @@
+#include "../support/rows.h"
 #include "workload.h"
 
 #include <OrvelMath/numerics/Transforms.h>
@@ -16,8 +17,8 @@
 #include <cstdint>
 #include <vector>
 
-// Forward transforms of one random signal, in split arrays where the library takes them. The
-// argument is the size. Rates are n * log2(n) * 5 / time, the usual count of operations.
+// Forward transforms of one random signal, in split arrays where the library takes them. Rates are
+// n * log2(n) * 5 / time, the usual count of operations.
 
 namespace {
 
@@ -33,22 +34,22 @@ struct Signal
     AlignedArray re, im;
 };
 
-void report(benchmark::State &state)
+void report(benchmark::State &state, std::int64_t size)
 {
     double log2 = 0;
-    for (std::int64_t n = state.range(0); n > 1; n /= 2) {
+    for (std::int64_t n = size; n > 1; n /= 2) {
         ++log2;
     }
-    state.counters["FLOPS"] = benchmark::Counter(5.0 * double(state.range(0)) * log2,
+    state.counters["FLOPS"] = benchmark::Counter(5.0 * double(size) * log2,
                                                  benchmark::Counter::kIsIterationInvariantRate);
 }
 
 using Transform = void (*)(double *, double *, double *, double *, int, double *, double *,
                            double *);
 
-void runOurs(benchmark::State &state, Transform transform)
+void runOrvel(benchmark::State &state, std::int64_t size, Transform transform)
 {
-    int const n = int(state.range(0));
+    int const n = int(size);
     Signal in(n), out(n), roots(n);
     AlignedArray scratch(2 * std::size_t(n));
     generateRoots(roots.re.data(), roots.im.data(), n);
@@ -57,17 +58,17 @@ void runOurs(benchmark::State &state, Transform transform)
                   roots.im.data(), scratch.data());
         benchmark::ClobberMemory();
     }
-    report(state);
+    report(state, size);
 }
 
-void fftOurs(benchmark::State &state)
+void fftOrvel(benchmark::State &state, std::int64_t size)
 {
-    runOurs(state, computeFFT);
+    runOrvel(state, size, computeFFT);
 }
 
-void fftOursInverse(benchmark::State &state)
+void fftOrvelInverse(benchmark::State &state, std::int64_t size)
 {
-    runOurs(state, computeInverseFFT);
+    runOrvel(state, size, computeInverseFFT);
 }
 
 /// Single butterflies and a bit-reversed scatter: what the fast path must agree with.
@@ -101,20 +102,20 @@ void plainTransform(double *inRe, double *inIm, double *outRe, double *outIm, in
     }
 }
 
-void fftPlainLoop(benchmark::State &state)
+void fftPlainLoop(benchmark::State &state, std::int64_t size)
 {
-    runOurs(state, plainTransform);
+    runOrvel(state, size, plainTransform);
 }
 
 #ifdef ORVEL_HAVE_FFTW
-void runFFTW(benchmark::State &state, unsigned int rigour)
+void runFFTW(benchmark::State &state, std::int64_t size, unsigned int rigour)
 {
-    int const n = int(state.range(0));
+    int const n = int(size);
     Signal in(n), out(n);
-    fftw_iodim const size{n, 1, 1};
-    fftw_plan plan =
-        fftw_plan_guru_split_dft(1, &size, 0, nullptr, in.im.data(), in.re.data(), out.im.data(),
-                                 out.re.data(), rigour); // exchanged parts: positive exponent
+    fftw_iodim const dimension{n, 1, 1};
+    fftw_plan plan = fftw_plan_guru_split_dft(1, &dimension, 0, nullptr, in.im.data(), in.re.data(),
+                                              out.im.data(), out.re.data(),
+                                              rigour); // exchanged parts: positive exponent
     in.re.fillRandomly(1);
     in.im.fillRandomly(2);
     for (auto _ : state) {
@@ -122,24 +123,24 @@ void runFFTW(benchmark::State &state, unsigned int rigour)
         benchmark::ClobberMemory();
     }
     fftw_destroy_plan(plan);
-    report(state);
+    report(state, size);
 }
 
-void fftFFTWEstimate(benchmark::State &state)
+void fftFFTWEstimate(benchmark::State &state, std::int64_t size)
 {
-    runFFTW(state, FFTW_ESTIMATE);
+    runFFTW(state, size, FFTW_ESTIMATE);
 }
 
-void fftFFTWMeasure(benchmark::State &state)
+void fftFFTWMeasure(benchmark::State &state, std::int64_t size)
 {
-    runFFTW(state, FFTW_MEASURE);
+    runFFTW(state, size, FFTW_MEASURE);
 }
 #endif
 
 #ifdef ORVEL_HAVE_KISSFFT
-void fftKissFFT(benchmark::State &state)
+void fftKissFFT(benchmark::State &state, std::int64_t size)
 {
-    std::size_t const n = std::size_t(state.range(0));
+    std::size_t const n = std::size_t(size);
     kissfft<double> transform(n, true);
     std::vector<std::complex<double>> in(n), out(n);
     AlignedArray values(2 * n);
@@ -151,24 +152,23 @@ void fftKissFFT(benchmark::State &state)
         transform.transform(in.data(), out.data());
         benchmark::ClobberMemory();
     }
-    report(state);
+    report(state, size);
 }
 #endif
 
-void sizes(benchmark::internal::Benchmark *bench)
-{
-    bench->RangeMultiplier(2)->Range(1 << 6, 1 << 22);
-}
-
-BENCHMARK(fftOurs)->Apply(sizes);
-BENCHMARK(fftOursInverse)->Apply(sizes);
-BENCHMARK(fftPlainLoop)->RangeMultiplier(8)->Range(1 << 6, 1 << 21);
+[[maybe_unused]] bool const areRegistered = [] {
+    std::vector<std::int64_t> const sizes = rows::sizes(1 << 6, 1 << 22, 2);
+    rows::add("fft/forward", sizes, "orvel", fftOrvel);
+    rows::add("fft/inverse", sizes, "orvel", fftOrvelInverse);
+    rows::add("fft/forward", rows::sizes(1 << 6, 1 << 21, 8), "plainLoop", fftPlainLoop);
 #ifdef ORVEL_HAVE_FFTW
-BENCHMARK(fftFFTWEstimate)->Apply(sizes);
-BENCHMARK(fftFFTWMeasure)->Apply(sizes);
+    rows::add("fft/forward", sizes, "fftw.estimate", fftFFTWEstimate);
+    rows::add("fft/forward", sizes, "fftw.measure", fftFFTWMeasure);
 #endif
 #ifdef ORVEL_HAVE_KISSFFT
-BENCHMARK(fftKissFFT)->Apply(sizes);
+    rows::add("fft/forward", sizes, "kissfft", fftKissFFT);
 #endif
+    return true;
+}();
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "../support/rows.h"
 #include "workload.h"
 
 #include <OrvelMath/engine/Lanes_p.h>
@@ -16,7 +17,7 @@
 #include <cstdint>
 #include <vector>
 
-// Order 0: a table of n/2 rows of n doubles times a vector. The argument is n; with n = 256 the
+// Order 0: a table of n/2 rows of n doubles times a vector. The size is n; with n = 256 the
 // table stays in the second cache, with 16384 it takes 1 GiB. Rates are bytes of the table.
 
 namespace {
@@ -40,27 +41,26 @@ struct Step
     AlignedArray data, weights, scratch, result, table;
 };
 
-void report(benchmark::State &state)
+void report(benchmark::State &state, std::int64_t size)
 {
-    state.SetBytesProcessed(state.iterations() * state.range(0) * state.range(0) / 2 *
-                            std::int64_t(sizeof(double)));
+    state.SetBytesProcessed(state.iterations() * size * size / 2 * std::int64_t(sizeof(double)));
 }
 
-void legendreOurs(benchmark::State &state)
+void legendreOrvel(benchmark::State &state, std::int64_t size)
 {
-    Step step(state.range(0));
+    Step step(size);
     for (auto _ : state) {
-        legendreTrafo(step.data.data(), step.result.data(), int(state.range(0)), 0,
-                      step.weights.data(), step.table.data(), step.scratch.data());
+        legendreTrafo(step.data.data(), step.result.data(), int(size), 0, step.weights.data(),
+                      step.table.data(), step.scratch.data());
         benchmark::ClobberMemory();
     }
-    report(state);
+    report(state, size);
 }
 
-void legendrePlainLoop(benchmark::State &state)
+void legendrePlainLoop(benchmark::State &state, std::int64_t size)
 {
-    Step step(state.range(0));
-    std::size_t const n = std::size_t(state.range(0));
+    Step step(size);
+    std::size_t const n = std::size_t(size);
     for (auto _ : state) {
         for (std::size_t l = 0; l < n / 2; ++l) {
             double sum = 0.0;
@@ -71,7 +71,7 @@ void legendrePlainLoop(benchmark::State &state)
         }
         benchmark::ClobberMemory();
     }
-    report(state);
+    report(state, size);
 }
 
 /// The sum of all elements in 32 independent lanes: nothing but reading. What the memory gives.
@@ -107,9 +107,9 @@ double sumNarrow(double const *values, std::size_t count)
     return sumAll<2>(values, count);
 }
 
-void legendreReadOnly(benchmark::State &state)
+void legendreReadOnly(benchmark::State &state, std::int64_t size)
 {
-    Step step(state.range(0));
+    Step step(size);
     auto sum = sumNarrow;
 #if defined(__x86_64__)
     if (__builtin_cpu_supports("avx512f")) {
@@ -119,14 +119,14 @@ void legendreReadOnly(benchmark::State &state)
     for (auto _ : state) {
         benchmark::DoNotOptimize(sum(step.table.data(), step.table.size()));
     }
-    report(state);
+    report(state, size);
 }
 
 #ifdef ORVEL_HAVE_EIGEN
-void legendreEigen(benchmark::State &state)
+void legendreEigen(benchmark::State &state, std::int64_t size)
 {
-    Step step(state.range(0));
-    Eigen::Index const n = state.range(0);
+    Step step(size);
+    Eigen::Index const n = size;
     using RowMajor = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
     Eigen::Map<RowMajor const> const table(step.table.data(), n / 2, n);
     Eigen::Map<Eigen::VectorXd const> const x(step.scratch.data(), n);
@@ -135,28 +135,28 @@ void legendreEigen(benchmark::State &state)
         result.noalias() = table * x;
         benchmark::ClobberMemory();
     }
-    report(state);
+    report(state, size);
 }
 #endif
 
 #ifdef ORVEL_HAVE_OPENBLAS
-void legendreOpenBLAS(benchmark::State &state)
+void legendreOpenBLAS(benchmark::State &state, std::int64_t size)
 {
     openblas_set_num_threads(1);
-    Step step(state.range(0));
-    int const n = int(state.range(0));
+    Step step(size);
+    int const n = int(size);
     for (auto _ : state) {
         cblas_dgemv(CblasRowMajor, CblasNoTrans, n / 2, n, 1.0, step.table.data(), n,
                     step.scratch.data(), 1, 0.0, step.result.data(), 1);
         benchmark::ClobberMemory();
     }
-    report(state);
+    report(state, size);
 }
 #endif
 
-void sphericalOurs(benchmark::State &state)
+void sphericalOrvel(benchmark::State &state, std::int64_t size)
 {
-    int const b = int(state.range(0));
+    int const b = int(size);
     std::size_t const n = 2 * std::size_t(b);
     AlignedArray re(n * n), im(n * n), coefficientsRe(n * n / 4), coefficientsIm(n * n / 4);
     AlignedArray workspace(2 * n * n + 5 * n), weights(n), table(n * n / 4 * (std::size_t(b) + 1));
@@ -174,20 +174,19 @@ void sphericalOurs(benchmark::State &state)
     }
 }
 
-void sizes(benchmark::internal::Benchmark *bench)
-{
-    bench->Arg(256)->Arg(1024)->Arg(4096)->Arg(16384);
-}
-
-BENCHMARK(legendreOurs)->Apply(sizes);
-BENCHMARK(legendreReadOnly)->Apply(sizes);
+[[maybe_unused]] bool const areRegistered = [] {
+    std::vector<std::int64_t> const sizes = rows::sizes(256, 16384, 4);
+    rows::add("legendre/order0", sizes, "orvel", legendreOrvel);
+    rows::add("legendre/order0", sizes, "readOnly", legendreReadOnly);
 #ifdef ORVEL_HAVE_EIGEN
-BENCHMARK(legendreEigen)->Apply(sizes);
+    rows::add("legendre/order0", sizes, "eigen", legendreEigen);
 #endif
 #ifdef ORVEL_HAVE_OPENBLAS
-BENCHMARK(legendreOpenBLAS)->Apply(sizes);
+    rows::add("legendre/order0", sizes, "openblas", legendreOpenBLAS);
 #endif
-BENCHMARK(legendrePlainLoop)->Apply(sizes);
-BENCHMARK(sphericalOurs)->Arg(16)->Arg(64)->Arg(256);
+    rows::add("legendre/order0", sizes, "plainLoop", legendrePlainLoop);
+    rows::add("spherical/slow", {16, 64, 256}, "orvel", sphericalOrvel);
+    return true;
+}();
 
 } // namespace

@@ -14,6 +14,7 @@
 #endif
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace {
@@ -45,13 +46,20 @@ void record(std::vector<Call> &calls, MatUtil::TriangleCuboidIntersector const &
     }
 }
 
-// The calls for a torus of 4 segments^2 triangles in a tree of the depth given. Triangles from all
+// The torus has 4 segments^2 triangles.
+struct Size
+{
+    std::size_t segments;
+    int depth;
+};
+
+// The calls for a torus in a tree of the depth given. Triangles from all
 // over the torus are taken until the calls fill the cache: it is the tests that are measured, and
 // not the way of the recorded calls from memory.
 struct Descent
 {
-    Descent(std::size_t segments, int depth)
-        : mesh(meshes::torus(Vector(0.5, 0.5, 0.5), 0.3, 0.12, segments))
+    explicit Descent(Size size)
+        : mesh(meshes::torus(Vector(0.5, 0.5, 0.5), 0.3, 0.12, size.segments))
     {
         std::size_t const count = mesh.triangles.size();
         for (std::size_t i = 0; i < count && calls.size() < 16000; ++i) {
@@ -60,7 +68,7 @@ struct Descent
                 mesh.corner(t, 0), mesh.corner(t, 1), mesh.corner(t, 2));
             record(calls, intersector,
                    Call{t, Vector(0, 0, 0), Vector(1, 1, 1), 3, MatUtil::TriangleCuboidDisjoint}, 0,
-                   depth);
+                   size.depth);
         }
     }
 
@@ -75,9 +83,9 @@ void finish(benchmark::State &state, Descent const &descent)
 }
 
 // As the tree asks: the triangle prepared once, the axes reduced.
-void intersectorInDescent(benchmark::State &state)
+void intersectorInDescent(benchmark::State &state, Size size)
 {
-    Descent const descent(std::size_t(state.range(0)), int(state.range(1)));
+    Descent const descent(size);
     for (auto _ : state) {
         int sum = 0;
         std::size_t current = descent.mesh.triangles.size();
@@ -96,9 +104,9 @@ void intersectorInDescent(benchmark::State &state)
     finish(state, descent);
 }
 
-void intersectorFullTest(benchmark::State &state)
+void intersectorFullTest(benchmark::State &state, Size size)
 {
-    Descent const descent(std::size_t(state.range(0)), int(state.range(1)));
+    Descent const descent(size);
     for (auto _ : state) {
         int sum = 0;
         std::size_t current = descent.mesh.triangles.size();
@@ -117,9 +125,9 @@ void intersectorFullTest(benchmark::State &state)
     finish(state, descent);
 }
 
-void singleQuestion(benchmark::State &state)
+void singleQuestion(benchmark::State &state, Size size)
 {
-    Descent const descent(std::size_t(state.range(0)), int(state.range(1)));
+    Descent const descent(size);
     for (auto _ : state) {
         int sum = 0;
         for (Call const &c : descent.calls) {
@@ -132,28 +140,12 @@ void singleQuestion(benchmark::State &state)
     finish(state, descent);
 }
 
-void sizes(benchmark::internal::Benchmark *b)
-{
-    // Segments of the torus (4 segments^2 triangles) and depth of the tree.
-    b->ArgNames({"segments", "depth"});
-    for (int segments : {16, 50, 160}) {
-        for (int depth : {12, 18, 24}) {
-            b->Args({segments, depth});
-        }
-    }
-    b->Unit(benchmark::kMicrosecond);
-}
-
-BENCHMARK(intersectorInDescent)->Apply(sizes);
-BENCHMARK(intersectorFullTest)->Apply(sizes);
-BENCHMARK(singleQuestion)->Apply(sizes);
-
 #ifdef ORVEL_HAVE_CGAL
 
-void cgalBoxTriangle(benchmark::State &state)
+void cgalBoxTriangle(benchmark::State &state, Size size)
 {
     using Kernel = CGAL::Simple_cartesian<double>;
-    Descent const descent(std::size_t(state.range(0)), int(state.range(1)));
+    Descent const descent(size);
     std::vector<Kernel::Triangle_3> triangles;
     for (std::size_t t = 0; t < descent.mesh.triangles.size(); ++t) {
         auto const point = [&](std::size_t i) {
@@ -176,8 +168,31 @@ void cgalBoxTriangle(benchmark::State &state)
     finish(state, descent);
 }
 
-BENCHMARK(cgalBoxTriangle)->Apply(sizes);
-
 #endif
+
+// Rows named cellTest/case of some depth/triangles/who.
+template <typename Run>
+void add(std::string const &name, std::string const &who, Run run)
+{
+    for (std::size_t segments : {16, 50, 160}) {
+        for (int depth : {12, 18, 24}) {
+            std::string const title = "cellTest/" + name + ".depth" + std::to_string(depth) + '/' +
+                                      std::to_string(4 * segments * segments) + '/' + who;
+            benchmark::RegisterBenchmark(title.c_str(), [=](benchmark::State &state) {
+                run(state, Size{segments, depth});
+            })->Unit(benchmark::kMicrosecond);
+        }
+    }
+}
+
+[[maybe_unused]] bool const areRegistered = [] {
+    add("descent", "orvel", intersectorInDescent);
+    add("descent", "orvel.fullTest", intersectorFullTest);
+    add("descent", "orvel.singleQuestion", singleQuestion);
+#ifdef ORVEL_HAVE_CGAL
+    add("descent", "cgal", cgalBoxTriangle);
+#endif
+    return true;
+}();
 
 } // namespace

@@ -15,6 +15,7 @@
 #endif
 
 #include <cstdint>
+#include <string>
 
 namespace {
 
@@ -26,15 +27,22 @@ meshes::Box const unitBox(Vector(0, 0, 0), Vector(1, 1, 1));
 // No half holds it, so that triangles descend from the root.
 meshes::Box const content(Vector(0.25, 0.25, 0.25), Vector(0.75, 0.75, 0.75));
 
-Mesh torusOf(benchmark::State const &state)
+// The torus has 4 segments^2 triangles.
+struct Size
 {
-    return meshes::torus(Vector(0.5, 0.5, 0.5), 0.3, 0.12, std::size_t(state.range(0)));
+    std::size_t segments;
+    int depth;
+};
+
+Mesh torusOf(Size size)
+{
+    return meshes::torus(Vector(0.5, 0.5, 0.5), 0.3, 0.12, size.segments);
 }
 
 // Depth d, a multiple of 3, cuts every axis into 2^(d/3) cells.
-double cellSize(benchmark::State const &state)
+double cellSize(Size size)
 {
-    return 1.0 / double(1U << (state.range(1) / 3));
+    return 1.0 / double(1U << (size.depth / 3));
 }
 
 std::size_t surfaceCells(BinTreeBuilder const &builder)
@@ -64,47 +72,47 @@ void finish(benchmark::State &state, Mesh const &mesh, std::size_t cells)
         benchmark::Counter(double(cells) * runs, benchmark::Counter::kIsRate);
 }
 
-void surfaceOnly(benchmark::State &state)
+void surfaceOnly(benchmark::State &state, Size size)
 {
-    Mesh const mesh = torusOf(state);
-    double const size = cellSize(state);
+    Mesh const mesh = torusOf(size);
+    double const cell = cellSize(size);
     for (auto _ : state) {
-        BinTreeBuilder builder(unitBox, size, content);
+        BinTreeBuilder builder(unitBox, cell, content);
         meshes::addTo(builder, mesh);
         benchmark::DoNotOptimize(builder.root);
     }
-    finish(state, mesh, surfaceCells(mesh, size));
+    finish(state, mesh, surfaceCells(mesh, cell));
 }
 
-void wholeBuild(benchmark::State &state)
+void wholeBuild(benchmark::State &state, Size size)
 {
-    Mesh const mesh = torusOf(state);
-    double const size = cellSize(state);
+    Mesh const mesh = torusOf(size);
+    double const cell = cellSize(size);
     for (auto _ : state) {
-        BinTreeBuilder builder(unitBox, size, content);
+        BinTreeBuilder builder(unitBox, cell, content);
         meshes::addTo(builder, mesh);
         builder.findOuterArea();
         builder.condense();
         benchmark::DoNotOptimize(builder.root);
     }
-    finish(state, mesh, surfaceCells(mesh, size));
-    BinTreeBuilder builder(unitBox, size, content);
+    finish(state, mesh, surfaceCells(mesh, cell));
+    BinTreeBuilder builder(unitBox, cell, content);
     meshes::addTo(builder, mesh);
     state.counters["bytes/node"] =
         double(builder.arena.bytesReserved()) / double(inspection::nodeCount(builder));
 }
 
-void exportAndImport(benchmark::State &state)
+void exportAndImport(benchmark::State &state, Size size)
 {
-    Mesh const mesh = torusOf(state);
-    BinTreeBuilder builder(unitBox, cellSize(state), content);
+    Mesh const mesh = torusOf(size);
+    BinTreeBuilder builder(unitBox, cellSize(size), content);
     meshes::addTo(builder, mesh);
     builder.findOuterArea();
     builder.condense();
     quint64 bits = 0;
     for (auto _ : state) {
         VolumeComparison::SimpleBitVector const stored = builder.exportBitVector();
-        BinTreeBuilder reader(unitBox, cellSize(state), content);
+        BinTreeBuilder reader(unitBox, cellSize(size), content);
         reader.importBitVector(stored);
         bits = stored.bitCount;
         benchmark::DoNotOptimize(reader.root);
@@ -113,22 +121,6 @@ void exportAndImport(benchmark::State &state)
     state.counters["leaves/s"] = benchmark::Counter(
         double(bits + 1) / 3.0 * double(state.iterations()), benchmark::Counter::kIsRate);
 }
-
-void sizes(benchmark::internal::Benchmark *b)
-{
-    // Segments of the torus (4 segments^2 triangles) and depth of the tree.
-    b->ArgNames({"segments", "depth"});
-    for (int segments : {16, 50, 158, 500}) {
-        for (int depth : {12, 18, 24}) {
-            b->Args({segments, depth});
-        }
-    }
-    b->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
-}
-
-BENCHMARK(surfaceOnly)->Apply(sizes);
-BENCHMARK(wholeBuild)->Apply(sizes);
-BENCHMARK(exportAndImport)->Apply(sizes);
 
 #ifdef ORVEL_HAVE_OPENVDB
 
@@ -149,13 +141,13 @@ struct MeshAdapter
 };
 
 // The narrowest band that the conversion offers. Signed: with the search for the outside.
-void openvdbConversion(benchmark::State &state, int flags)
+void openvdbConversion(benchmark::State &state, Size size, int flags)
 {
     tbb::global_control const oneThread(tbb::global_control::max_allowed_parallelism, 1);
-    Mesh const mesh = torusOf(state);
-    double const size = cellSize(state);
-    MeshAdapter const adapter{mesh, 1.0 / size};
-    auto const transform = openvdb::math::Transform::createLinearTransform(size);
+    Mesh const mesh = torusOf(size);
+    double const cell = cellSize(size);
+    MeshAdapter const adapter{mesh, 1.0 / cell};
+    auto const transform = openvdb::math::Transform::createLinearTransform(cell);
     openvdb::Index64 voxels = 0;
     for (auto _ : state) {
         auto const grid = openvdb::tools::meshToVolume<openvdb::FloatGrid>(adapter, *transform,
@@ -163,14 +155,42 @@ void openvdbConversion(benchmark::State &state, int flags)
         voxels = grid->activeVoxelCount();
         benchmark::DoNotOptimize(voxels);
     }
-    finish(state, mesh, surfaceCells(mesh, size));
+    finish(state, mesh, surfaceCells(mesh, cell));
     state.counters["active voxels"] = double(voxels);
 }
 
-BENCHMARK_CAPTURE(openvdbConversion, signed, 0)->Apply(sizes);
-BENCHMARK_CAPTURE(openvdbConversion, unsigned, openvdb::tools::UNSIGNED_DISTANCE_FIELD)
-    ->Apply(sizes);
-
 #endif
+
+// Rows named treeBuild/case of some depth/triangles/who.
+template <typename Run>
+void add(std::string const &name, std::string const &who, Run run)
+{
+    for (std::size_t segments : {16, 50, 158, 500}) {
+        for (int depth : {12, 18, 24}) {
+            std::string const title = "treeBuild/" + name + ".depth" + std::to_string(depth) + '/' +
+                                      std::to_string(4 * segments * segments) + '/' + who;
+            benchmark::RegisterBenchmark(title.c_str(),
+                                         [=](benchmark::State &state) {
+                                             run(state, Size{segments, depth});
+                                         })
+                ->Unit(benchmark::kMillisecond)
+                ->MeasureProcessCPUTime();
+        }
+    }
+}
+
+[[maybe_unused]] bool const areRegistered = [] {
+    add("surface", "orvel", surfaceOnly);
+    add("whole", "orvel", wholeBuild);
+    add("exportImport", "orvel", exportAndImport);
+#ifdef ORVEL_HAVE_OPENVDB
+    add("whole", "openvdb.signed",
+        [](benchmark::State &state, Size size) { openvdbConversion(state, size, 0); });
+    add("surface", "openvdb.unsigned", [](benchmark::State &state, Size size) {
+        openvdbConversion(state, size, openvdb::tools::UNSIGNED_DISTANCE_FIELD);
+    });
+#endif
+    return true;
+}();
 
 } // namespace

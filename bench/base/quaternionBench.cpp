@@ -10,7 +10,7 @@
 
 namespace {
 
-void QuaternionToMatrixOrvel(benchmark::State &state)
+void quaternionToMatrixOrvel(benchmark::State &state)
 {
     std::vector<Quaternion4D> const q = anyQuaternions();
     Turn turn;
@@ -19,9 +19,9 @@ void QuaternionToMatrixOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(m);
     }
 }
-BENCHMARK(QuaternionToMatrixOrvel);
+BENCHMARK(quaternionToMatrixOrvel)->Name("quaternion/toMatrix/64/orvel");
 
-void MatrixToQuaternionOrvel(benchmark::State &state)
+void matrixToQuaternionOrvel(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(true);
     Quaternion4D q;
@@ -31,9 +31,9 @@ void MatrixToQuaternionOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(q);
     }
 }
-BENCHMARK(MatrixToQuaternionOrvel);
+BENCHMARK(matrixToQuaternionOrvel)->Name("quaternion/fromMatrix/64/orvel");
 
-void SlerpOrvel(benchmark::State &state)
+void slerpOrvel(benchmark::State &state)
 {
     std::vector<Quaternion4D> const q = anyQuaternions();
     Turn turn;
@@ -42,7 +42,7 @@ void SlerpOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(between);
     }
 }
-BENCHMARK(SlerpOrvel);
+BENCHMARK(slerpOrvel)->Name("quaternion/slerp/64/orvel");
 
 #ifdef ORVEL_HAVE_EIGEN
 
@@ -59,7 +59,7 @@ std::vector<Components> anyComponents()
     return result;
 }
 
-void QuaternionToMatrixEigen(benchmark::State &state)
+void quaternionToMatrixEigen(benchmark::State &state)
 {
     std::vector<Components> const q = anyComponents();
     Turn turn;
@@ -69,9 +69,9 @@ void QuaternionToMatrixEigen(benchmark::State &state)
         benchmark::DoNotOptimize(m);
     }
 }
-BENCHMARK(QuaternionToMatrixEigen);
+BENCHMARK(quaternionToMatrixEigen)->Name("quaternion/toMatrix/64/eigen");
 
-void MatrixToQuaternionEigen(benchmark::State &state)
+void matrixToQuaternionEigen(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(true);
     Turn turn;
@@ -81,9 +81,9 @@ void MatrixToQuaternionEigen(benchmark::State &state)
         benchmark::DoNotOptimize(q);
     }
 }
-BENCHMARK(MatrixToQuaternionEigen);
+BENCHMARK(matrixToQuaternionEigen)->Name("quaternion/fromMatrix/64/eigen");
 
-void SlerpEigen(benchmark::State &state)
+void slerpEigen(benchmark::State &state)
 {
     std::vector<Components> const q = anyComponents();
     Turn turn;
@@ -93,7 +93,7 @@ void SlerpEigen(benchmark::State &state)
         benchmark::DoNotOptimize(between);
     }
 }
-BENCHMARK(SlerpEigen);
+BENCHMARK(slerpEigen)->Name("quaternion/slerp/64/eigen");
 
 #endif
 

@@ -1,12 +1,14 @@
 #pragma once
 
+/// @file
+/// Inputs of the benchmarks: a fixed seed, and a number of samples that stays in the first cache.
+
 #include <OrvelMath/base/Matrix4X4C.h>
 #include <OrvelMath/base/Quaternion4D.h>
 
 #include <random>
 #include <vector>
 
-/// Inputs for the benchmarks: a fixed seed, and a number of samples that stays in the first cache.
 constexpr std::size_t sampleCount = 64;
 
 inline double anyNumber(std::mt19937_64 &random, double limit)
@@ -38,6 +40,22 @@ inline std::vector<Matrix4X4C> anyMatrices(bool orthonormal)
     return matrices;
 }
 
+/// 4096 matrices of random elements: their pivots come in any order, and they stay in the second
+/// cache.
+inline std::vector<Matrix4X4C> manyMatrices()
+{
+    std::mt19937_64 random(20240304);
+    std::vector<Matrix4X4C> matrices(4096);
+    for (Matrix4X4C &m : matrices) {
+        for (int row = 0; row < 4; ++row) {
+            for (int column = 0; column < 4; ++column) {
+                m.GetMatrixRef()[row][column] = anyNumber(random, 10.0);
+            }
+        }
+    }
+    return matrices;
+}
+
 inline std::vector<Point3D> anyPoints()
 {
     std::mt19937_64 random(20240301);
@@ -62,8 +80,19 @@ inline std::vector<Quaternion4D> anyQuaternions()
 class Turn
 {
 public:
-    std::size_t next() { return mIndex = (mIndex + 1) % sampleCount; }
+    explicit Turn(std::size_t count = sampleCount)
+        : m_count(count)
+    {
+    }
+
+    std::size_t next()
+    {
+        ++m_index;
+        m_index = m_index == m_count ? 0 : m_index;
+        return m_index;
+    }
 
 private:
-    std::size_t mIndex = 0;
+    std::size_t m_count;
+    std::size_t m_index = 0;
 };

@@ -16,7 +16,7 @@
 
 namespace {
 
-void MultiplyOrvel(benchmark::State &state)
+void multiplyOrvel(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(false);
     double result[4][4];
@@ -27,9 +27,9 @@ void MultiplyOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(result);
     }
 }
-BENCHMARK(MultiplyOrvel);
+BENCHMARK(multiplyOrvel)->Name("matrix/multiply/64/orvel");
 
-void MultiplyClassOrvel(benchmark::State &state)
+void multiplyClassOrvel(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(false);
     Turn turn;
@@ -38,9 +38,9 @@ void MultiplyClassOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(result);
     }
 }
-BENCHMARK(MultiplyClassOrvel);
+BENCHMARK(multiplyClassOrvel)->Name("matrix/multiply/64/orvel.class");
 
-void InvertOrvel(benchmark::State &state)
+void invertOrvel(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(false);
     Turn turn;
@@ -51,9 +51,23 @@ void InvertOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(work);
     }
 }
-BENCHMARK(InvertOrvel);
+BENCHMARK(invertOrvel)->Name("matrix/inverse/64/orvel");
 
-void InvertOrthogonalOrvel(benchmark::State &state)
+/// Many different matrices, so that no order of pivots can be learnt.
+void invertManyOrvel(benchmark::State &state)
+{
+    std::vector<Matrix4X4C> const m = manyMatrices();
+    Turn turn(m.size());
+    for (auto _ : state) {
+        Matrix4X4C work = m[turn.next()];
+        bool done = work.Invert();
+        benchmark::DoNotOptimize(done);
+        benchmark::DoNotOptimize(work);
+    }
+}
+BENCHMARK(invertManyOrvel)->Name("matrix/inverse/4096/orvel");
+
+void invertOrthogonalOrvel(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(true);
     Turn turn;
@@ -63,9 +77,9 @@ void InvertOrthogonalOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(work);
     }
 }
-BENCHMARK(InvertOrthogonalOrvel);
+BENCHMARK(invertOrthogonalOrvel)->Name("matrix/orthogonalInverse/64/orvel");
 
-void TransformOrvel(benchmark::State &state)
+void transformOrvel(benchmark::State &state)
 {
     std::vector<Point3D> const points = anyPoints();
     Matrix4X4C const m = anyMatrices(false)[0];
@@ -75,9 +89,9 @@ void TransformOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(image);
     }
 }
-BENCHMARK(TransformOrvel);
+BENCHMARK(transformOrvel)->Name("matrix/transform/64/orvel");
 
-void TransformRespectWOrvel(benchmark::State &state)
+void transformRespectWOrvel(benchmark::State &state)
 {
     std::vector<Point3D> const points = anyPoints();
     Matrix4X4C const m = anyMatrices(false)[0];
@@ -87,11 +101,11 @@ void TransformRespectWOrvel(benchmark::State &state)
         benchmark::DoNotOptimize(image);
     }
 }
-BENCHMARK(TransformRespectWOrvel);
+BENCHMARK(transformRespectWOrvel)->Name("matrix/transformRespectW/64/orvel");
 
 #ifdef ORVEL_HAVE_EIGEN
 
-void MultiplyEigen(benchmark::State &state)
+void multiplyEigen(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(false);
     double result[4][4];
@@ -102,10 +116,10 @@ void MultiplyEigen(benchmark::State &state)
         benchmark::DoNotOptimize(result);
     }
 }
-BENCHMARK(MultiplyEigen);
+BENCHMARK(multiplyEigen)->Name("matrix/multiply/64/eigen");
 
 /// Not across a boundary: the aligned type of Eigen's own, inlined into the loop.
-void MultiplyEigenInlined(benchmark::State &state)
+void multiplyEigenInlined(benchmark::State &state)
 {
     using Matrix = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;
     std::vector<Matrix, Eigen::aligned_allocator<Matrix>> m;
@@ -118,9 +132,9 @@ void MultiplyEigenInlined(benchmark::State &state)
         benchmark::DoNotOptimize(result);
     }
 }
-BENCHMARK(MultiplyEigenInlined);
+BENCHMARK(multiplyEigenInlined)->Name("matrix/multiply/64/eigen.inlined");
 
-void InvertEigen(benchmark::State &state)
+void invertEigen(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(false);
     Turn turn;
@@ -130,9 +144,21 @@ void InvertEigen(benchmark::State &state)
         benchmark::DoNotOptimize(work);
     }
 }
-BENCHMARK(InvertEigen);
+BENCHMARK(invertEigen)->Name("matrix/inverse/64/eigen");
 
-void InvertOrthogonalEigen(benchmark::State &state)
+void invertManyEigen(benchmark::State &state)
+{
+    std::vector<Matrix4X4C> const m = manyMatrices();
+    Turn turn(m.size());
+    for (auto _ : state) {
+        Matrix4X4C work = m[turn.next()];
+        eigenPeer::invert(work.GetMatrixRef());
+        benchmark::DoNotOptimize(work);
+    }
+}
+BENCHMARK(invertManyEigen)->Name("matrix/inverse/4096/eigen");
+
+void invertOrthogonalEigen(benchmark::State &state)
 {
     std::vector<Matrix4X4C> const m = anyMatrices(true);
     Turn turn;
@@ -142,9 +168,9 @@ void InvertOrthogonalEigen(benchmark::State &state)
         benchmark::DoNotOptimize(work);
     }
 }
-BENCHMARK(InvertOrthogonalEigen);
+BENCHMARK(invertOrthogonalEigen)->Name("matrix/orthogonalInverse/64/eigen");
 
-void TransformEigen(benchmark::State &state)
+void transformEigen(benchmark::State &state)
 {
     std::vector<Point3D> const points = anyPoints();
     Matrix4X4C const m = anyMatrices(false)[0];
@@ -156,9 +182,9 @@ void TransformEigen(benchmark::State &state)
         benchmark::DoNotOptimize(image);
     }
 }
-BENCHMARK(TransformEigen);
+BENCHMARK(transformEigen)->Name("matrix/transform/64/eigen");
 
-void TransformRespectWEigen(benchmark::State &state)
+void transformRespectWEigen(benchmark::State &state)
 {
     std::vector<Point3D> const points = anyPoints();
     Matrix4X4C const m = anyMatrices(false)[0];
@@ -171,7 +197,7 @@ void TransformRespectWEigen(benchmark::State &state)
         benchmark::DoNotOptimize(image);
     }
 }
-BENCHMARK(TransformRespectWEigen);
+BENCHMARK(transformRespectWEigen)->Name("matrix/transformRespectW/64/eigen");
 
 #endif
 
@@ -192,7 +218,7 @@ std::vector<QMatrix4x4> anyQtMatrices()
     return matrices;
 }
 
-void MultiplyQtFloat(benchmark::State &state)
+void multiplyQtFloat(benchmark::State &state)
 {
     std::vector<QMatrix4x4> const m = anyQtMatrices();
     QMatrix4x4 result;
@@ -202,9 +228,9 @@ void MultiplyQtFloat(benchmark::State &state)
         benchmark::DoNotOptimize(result);
     }
 }
-BENCHMARK(MultiplyQtFloat);
+BENCHMARK(multiplyQtFloat)->Name("matrix/multiply/64/qt.float");
 
-void InvertQtFloat(benchmark::State &state)
+void invertQtFloat(benchmark::State &state)
 {
     std::vector<QMatrix4x4> const m = anyQtMatrices();
     Turn turn;
@@ -214,9 +240,9 @@ void InvertQtFloat(benchmark::State &state)
         benchmark::DoNotOptimize(work);
     }
 }
-BENCHMARK(InvertQtFloat);
+BENCHMARK(invertQtFloat)->Name("matrix/inverse/64/qt.float");
 
-void TransformQtFloat(benchmark::State &state)
+void transformQtFloat(benchmark::State &state)
 {
     std::vector<QVector3D> points;
     for (Point3D const &p : anyPoints()) {
@@ -231,7 +257,7 @@ void TransformQtFloat(benchmark::State &state)
         benchmark::DoNotOptimize(image);
     }
 }
-BENCHMARK(TransformQtFloat);
+BENCHMARK(transformQtFloat)->Name("matrix/transform/64/qt.float");
 
 #endif
 
