@@ -4,7 +4,6 @@
 #include <OrvelExact/base/points.h>
 #include <OrvelExact/predicates/Sign.h>
 
-#include <algorithm>
 #include <cmath>
 
 /// @file
@@ -51,19 +50,35 @@ inline Sign orientation2d(Point2 const &a, Point2 const &b, Point2 const &c)
 /// @see LineInsideTriangle, MatUtil::rayIntersectsTriangle, which have tolerances
 inline Sign orientation3d(Point3 const &a, Point3 const &b, Point3 const &c, Point3 const &d)
 {
-    // (7 + 56 e) e with e = 2^-53, times 6 products of the largest sizes, rounded up
-    constexpr double maxRelativeError = 4.7e-15;
-    constexpr double underflow = 1e-290; // as above, times the third factor
-    double const ax = a.x() - d.x(), ay = a.y() - d.y(), az = a.z() - d.z();
-    double const bx = b.x() - d.x(), by = b.y() - d.y(), bz = b.z() - d.z();
-    double const cx = c.x() - d.x(), cy = c.y() - d.y(), cz = c.z() - d.z();
-    double const determinant =
-        (by * cx - bx * cy) * az + (cy * ax - cx * ay) * bz + (ay * bx - ax * by) * cz;
-    double const sizeX = std::max(std::max(std::fabs(ax), std::fabs(bx)), std::fabs(cx));
-    double const sizeY = std::max(std::max(std::fabs(ay), std::fabs(by)), std::fabs(cy));
-    double const sizeZ = std::max(std::max(std::fabs(az), std::fabs(bz)), std::fabs(cz));
-    double const error = maxRelativeError * ((sizeX * sizeY + underflow) * sizeZ) + underflow;
-    if (std::fabs(determinant) > error) {
+    // Each of the six products of three passes at most 8 roundings, e = 2^-53 each, in the
+    // determinant, and as many in the sum of the sizes: the error is at most (8 + 160 e) e of that
+    // sum, and 8 e = 8.882e-16.
+    //
+    // Products that underflow are kept away by the scale. Each product of two loses at most 2^-1075
+    // of the scaled one, so that the six of three lose at most 6 * 2^-1075 * 2^1024 = 2.7e-15 and
+    // 6 * 2^-1075 more, whatever the third factors are.
+    constexpr double maxRelativeError = 8.9e-16;
+    constexpr double underflow = 1e-14;
+    constexpr double scale = 0x1p400; // signs are found here for determinants of 1e-134 to 1e187
+    using Lanes = double __attribute__((vector_size(16))); // x and y at once
+    using Bits = long long __attribute__((vector_size(16)));
+    auto const sizes = [](Lanes lanes) {
+        constexpr long long allButSign = 0x7fffffffffffffff;
+        return reinterpret_cast<Lanes>(reinterpret_cast<Bits>(lanes) & allButSign);
+    };
+    Lanes const origin{d.x(), d.y()};
+    Lanes const u = Lanes{a.x(), a.y()} - origin;
+    Lanes const v = Lanes{b.x(), b.y()} - origin;
+    Lanes const w = Lanes{c.x(), c.y()} - origin;
+    Lanes const vSwapped = Lanes{v[1], v[0]} * scale;
+    Lanes const wSwapped = Lanes{w[1], w[0]} * scale;
+    Lanes const vw = v * wSwapped * (a.z() - d.z());
+    Lanes const uw = u * wSwapped * (b.z() - d.z());
+    Lanes const uv = u * vSwapped * (c.z() - d.z());
+    Lanes const halves = vw - uw + uv;
+    Lanes const sums = sizes(vw) + sizes(uw) + sizes(uv);
+    double const determinant = halves[1] - halves[0];
+    if (std::fabs(determinant) > maxRelativeError * (sums[0] + sums[1]) + underflow) {
         return determinant > 0.0 ? Sign::Positive : Sign::Negative;
     }
     return unfilteredOrientation3d(a, b, c, d);
