@@ -1,8 +1,8 @@
 #include <OrvelExact/predicates/inSphere.h>
 
+#include <OrvelExact/predicates/FixedInteger_p.h>
 #include <OrvelExact/predicates/exactRows_p.h>
 
-#include <algorithm>
 #include <cmath>
 
 namespace orvelExact {
@@ -12,18 +12,6 @@ namespace {
 /// Added where a product may have lost digits below the smallest double: far above that loss, and
 /// multiplied by the same factors.
 constexpr double underflow = 1e-280;
-
-/// The largest size of the differences, between which limits the bound of the error may be computed
-/// from it alone: no product of five overflows, and what underflow takes away is far below it.
-bool isOrdinary(double size)
-{
-    return size > 1e-50 && size < 1e60;
-}
-
-double largestSize(double a, double b, double c)
-{
-    return std::max(std::max(std::fabs(a), std::fabs(b)), std::fabs(c));
-}
 
 /// Two products whose difference is a minor of the determinant.
 struct Minor
@@ -38,10 +26,15 @@ struct Minor
     double size; ///< of the products, for the bound of the error
 };
 
-Sign unfilteredInCircle(Point2 const &a, Point2 const &b, Point2 const &c, Point2 const &d)
+/// Without rounding, for finite points.
+Sign exactInCircle(Point2 const &a, Point2 const &b, Point2 const &c, Point2 const &d)
 {
-    if (!isFinite(a) || !isFinite(b) || !isFinite(c) || !isFinite(d)) {
-        return Sign::NotFinite;
+    GridRows<Point2, 2, 4> const grid({a, b, c, d});
+    if (grid.isValid()) {
+        auto const row = [&grid](int i) {
+            return Row2<FixedInteger<1>>{grid.difference(i, 0), grid.difference(i, 1)};
+        };
+        return signOf(liftedDeterminant(row(0), row(1), row(2)));
     }
     ExponentRange const range(a, b, c, d);
     if (range.servesExpansions(4)) {
@@ -67,11 +60,17 @@ bool takeExactDifferences(Point3 const &p, Point3 const &origin, Row3<Expansion<
     return true;
 }
 
-Sign unfilteredInSphere(Point3 const &a, Point3 const &b, Point3 const &c, Point3 const &d,
-                        Point3 const &e)
+/// Without rounding, for finite points.
+Sign exactInSphere(Point3 const &a, Point3 const &b, Point3 const &c, Point3 const &d,
+                   Point3 const &e)
 {
-    if (!isFinite(a) || !isFinite(b) || !isFinite(c) || !isFinite(d) || !isFinite(e)) {
-        return Sign::NotFinite;
+    GridRows<Point3, 3, 5> const grid({a, b, c, d, e});
+    if (grid.isValid()) {
+        auto const row = [&grid](int i) {
+            return Row3<FixedInteger<1>>{grid.difference(i, 0), grid.difference(i, 1),
+                                         grid.difference(i, 2)};
+        };
+        return signOf(liftedDeterminant(row(0), row(1), row(2), row(3)));
     }
     ExponentRange const range(a, b, c, d, e);
     Row3<Expansion<1>> rows[4];
@@ -85,7 +84,8 @@ Sign unfilteredInSphere(Point3 const &a, Point3 const &b, Point3 const &c, Point
                                     wholeRow(c, e, unit), wholeRow(d, e, unit)));
 }
 
-/// The second filter: the bound of the error from the sizes of the products themselves.
+/// The second filter: the bound of the error from the sizes of the products themselves. `Zero` if
+/// it leaves the sign open.
 Sign inCircleBySizes(Point2 const &a, Point2 const &b, Point2 const &c, Point2 const &d)
 {
     constexpr double maxRelativeError = 1.1102230246251577e-15; // (10 + 96 e) e with e = 2^-53
@@ -102,7 +102,7 @@ Sign inCircleBySizes(Point2 const &a, Point2 const &b, Point2 const &c, Point2 c
     if (std::fabs(determinant) > maxRelativeError * permanent + underflow) {
         return determinant > 0.0 ? Sign::Positive : Sign::Negative;
     }
-    return unfilteredInCircle(a, b, c, d);
+    return Sign::Zero;
 }
 
 /// The same for a sphere.
@@ -138,55 +138,28 @@ Sign inSphereBySizes(Point3 const &a, Point3 const &b, Point3 const &c, Point3 c
     if (std::fabs(determinant) > maxRelativeError * permanent + underflow) {
         return determinant > 0.0 ? Sign::Positive : Sign::Negative;
     }
-    return unfilteredInSphere(a, b, c, d, e);
+    return Sign::Zero;
 }
 
 } // namespace
 
-Sign inCircle(Point2 const &a, Point2 const &b, Point2 const &c, Point2 const &d)
+Sign unfilteredInCircle(Point2 const &a, Point2 const &b, Point2 const &c, Point2 const &d)
 {
-    // (10 + 96 e) e with e = 2^-53, times 3 summands of 4 products of the largest size, rounded up
-    constexpr double maxRelativeError = 1.4e-14;
-    double const ax = a.x() - d.x(), ay = a.y() - d.y();
-    double const bx = b.x() - d.x(), by = b.y() - d.y();
-    double const cx = c.x() - d.x(), cy = c.y() - d.y();
-    double const size = std::max(largestSize(ax, bx, cx), largestSize(ay, by, cy));
-    double const determinant = (ax * ax + ay * ay) * (bx * cy - by * cx) +
-                               (bx * bx + by * by) * (cx * ay - cy * ax) +
-                               (cx * cx + cy * cy) * (ax * by - ay * bx);
-    double const squaredSize = size * size;
-    if (std::fabs(determinant) > maxRelativeError * squaredSize * squaredSize && isOrdinary(size)) {
-        return determinant > 0.0 ? Sign::Positive : Sign::Negative;
+    if (!isFinite(a) || !isFinite(b) || !isFinite(c) || !isFinite(d)) {
+        return Sign::NotFinite;
     }
-    return inCircleBySizes(a, b, c, d);
+    Sign const filtered = inCircleBySizes(a, b, c, d);
+    return filtered != Sign::Zero ? filtered : exactInCircle(a, b, c, d);
 }
 
-Sign inSphere(Point3 const &a, Point3 const &b, Point3 const &c, Point3 const &d, Point3 const &e)
+Sign unfilteredInSphere(Point3 const &a, Point3 const &b, Point3 const &c, Point3 const &d,
+                        Point3 const &e)
 {
-    // (16 + 224 e) e with e = 2^-53, times 4 summands of 18 products of the largest size, rounded
-    // up
-    constexpr double maxRelativeError = 1.3e-13;
-    double const ax = a.x() - e.x(), ay = a.y() - e.y(), az = a.z() - e.z();
-    double const bx = b.x() - e.x(), by = b.y() - e.y(), bz = b.z() - e.z();
-    double const cx = c.x() - e.x(), cy = c.y() - e.y(), cz = c.z() - e.z();
-    double const dx = d.x() - e.x(), dy = d.y() - e.y(), dz = d.z() - e.z();
-    double const size = std::max(std::max(largestSize(ax, ay, az), largestSize(bx, by, bz)),
-                                 std::max(largestSize(cx, cy, cz), largestSize(dx, dy, dz)));
-    double const ab = ax * by - ay * bx, bc = bx * cy - by * cx, cd = cx * dy - cy * dx;
-    double const da = dx * ay - dy * ax, ac = ax * cy - ay * cx, bd = bx * dy - by * dx;
-    double const abc = az * bc - bz * ac + cz * ab;
-    double const bcd = bz * cd - cz * bd + dz * bc;
-    double const cda = cz * da + dz * ac + az * cd;
-    double const dab = dz * ab + az * bd + bz * da;
-    double const determinant =
-        ((cx * cx + cy * cy + cz * cz) * dab - (dx * dx + dy * dy + dz * dz) * abc) +
-        ((ax * ax + ay * ay + az * az) * bcd - (bx * bx + by * by + bz * bz) * cda);
-    double const squaredSize = size * size;
-    if (std::fabs(determinant) > maxRelativeError * squaredSize * squaredSize * size &&
-        isOrdinary(size)) {
-        return determinant > 0.0 ? Sign::Positive : Sign::Negative;
+    if (!isFinite(a) || !isFinite(b) || !isFinite(c) || !isFinite(d) || !isFinite(e)) {
+        return Sign::NotFinite;
     }
-    return inSphereBySizes(a, b, c, d, e);
+    Sign const filtered = inSphereBySizes(a, b, c, d, e);
+    return filtered != Sign::Zero ? filtered : exactInSphere(a, b, c, d, e);
 }
 
 } // namespace orvelExact
