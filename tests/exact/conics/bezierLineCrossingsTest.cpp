@@ -107,7 +107,7 @@ Point2 latticePoint(AnyEllipse &any)
 TEST(BezierLineCrossings, RandomCurves)
 {
     AnyEllipse any(41);
-    for (int i = 0; i < cases(30000) && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < cases(100000) && !HasFatalFailure(); ++i) {
         CubicBezier const curve{{anyPoint(any), anyPoint(any), anyPoint(any), anyPoint(any)}};
         Point2 const p0 = anyPoint(any);
         SCOPED_TRACE(i);
@@ -119,7 +119,7 @@ TEST(BezierLineCrossings, LatticeCurvesMeetAtEndsAndContacts)
 {
     AnyEllipse any(42);
     int touches = 0;
-    for (int i = 0; i < cases(30000) && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < cases(100000) && !HasFatalFailure(); ++i) {
         CubicBezier const curve{
             {latticePoint(any), latticePoint(any), latticePoint(any), latticePoint(any)}};
         Point2 const p0 = latticePoint(any);
@@ -142,6 +142,7 @@ TEST(BezierLineCrossings, LatticeCurvesMeetAtEndsAndContacts)
 TEST(BezierLineCrossings, NearContacts)
 {
     AnyEllipse any(43);
+    // not 10^5, which takes about 7 s
     for (int i = 0; i < cases(30000) && !HasFatalFailure(); ++i) {
         CubicBezier const curve{{anyPoint(any), anyPoint(any), anyPoint(any), anyPoint(any)}};
         double const t = any.number(0.1, 0.9), h = 1e-4;

@@ -26,6 +26,7 @@ void expectTruth(Ellipse const &e1, Ellipse const &e2, double bound = 1e-12)
 TEST(EllipseCrossings, RandomPairsAreAllRight)
 {
     AnyEllipse any(1);
+    // not 10^5, which takes about 12 s
     for (int i = 0; i < cases(30000) && !HasFatalFailure(); ++i) {
         Ellipse const e1 = any(1.5, 0.3, 3);
         SCOPED_TRACE(i);
@@ -48,6 +49,7 @@ TEST(EllipseCrossings, LatticePairsTouchAndOsculateExactly)
 {
     AnyEllipse any(3);
     int touches = 0;
+    // not 10^5, which takes about 7 s
     for (int i = 0; i < cases(30000) && !HasFatalFailure(); ++i) {
         Ellipse const e1 = any.onLattice(3);
         Ellipse const e2 = any.onLattice(3);
@@ -85,6 +87,7 @@ TEST(EllipseCrossings, NearContactsAreParted)
 {
     AnyEllipse any(4);
     int closePairs = 0;
+    // not 10^5, which takes about 12 s
     for (int i = 0; i < cases(30000) && !HasFatalFailure(); ++i) {
         NearContact const near = anyNearContact(any);
         SCOPED_TRACE(i);
@@ -101,6 +104,7 @@ TEST(EllipseCrossings, NearContactsAreParted)
 TEST(EllipseCrossings, FlatEllipses)
 {
     AnyEllipse any(5);
+    // not 10^5, which takes about 14 s
     for (int i = 0; i < cases(10000) && !HasFatalFailure(); ++i) {
         auto const flat = [&any] {
             Ellipse e = any(0.5, 0.3, 3);
@@ -117,6 +121,7 @@ TEST(EllipseCrossings, SmallOnesOnTheBoundaryOfLargeOnes)
 {
     AnyEllipse any(6);
     int crossing = 0;
+    // not 10^5, which takes about 13 s
     for (int i = 0; i < cases(10000) && !HasFatalFailure(); ++i) {
         Ellipse const large = any(1.5, 0.3, 3);
         double const size = any.power(-6, -1);
@@ -138,6 +143,7 @@ TEST(EllipseCrossings, SmallOnesOnTheBoundaryOfLargeOnes)
 TEST(EllipseCrossings, FarFromTheOrigin)
 {
     AnyEllipse any(7);
+    // not 10^5, which takes about 9 s
     for (int i = 0; i < cases(10000) && !HasFatalFailure(); ++i) {
         Point2 const away(any.power(0, 9), -any.power(0, 9));
         Ellipse e1 = any(1.5, 0.3, 3);

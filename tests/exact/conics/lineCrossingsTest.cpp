@@ -80,7 +80,7 @@ TEST(LineCrossings, LatticeLinesTouchExactly)
 {
     AnyEllipse any(22);
     int touches = 0;
-    for (int i = 0; i < cases(50000) && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < cases(100000) && !HasFatalFailure(); ++i) {
         Ellipse const e = any.onLattice(3);
         Point2 const p0(any.whole(-4, 4), any.whole(-4, 4));
         Point2 const p1(p0.x() + any.whole(-3, 3), p0.y() + any.whole(1, 4));
@@ -94,7 +94,7 @@ TEST(LineCrossings, LatticeLinesTouchExactly)
 TEST(LineCrossings, NearTangents)
 {
     AnyEllipse any(23);
-    for (int i = 0; i < cases(50000) && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < cases(100000) && !HasFatalFailure(); ++i) {
         Ellipse const e = any(1.5, 0.3, 3);
         double const angle = any.number(0, 6.28);
         double const c = std::cos(angle), s = std::sin(angle);
