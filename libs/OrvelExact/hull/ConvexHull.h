@@ -90,7 +90,9 @@ public:
     double area() const;
     /// Centre of mass of the solid, the polygon, the segment or the point; the origin for dimension
     /// -1. The error is below 1e-14 times the diagonal times the ratio of its cube to the volume,
-    /// of its square to the area for a polygon.
+    /// of its square to the area for a polygon, plus a unit in the last place of the coordinate.
+    /// The first part must be below half the diagonal: of flatter solids and thinner polygons no
+    /// digit counts, and the result may be NaN or infinite.
     Point3 centroid() const;
 
     /// Where a point lies, exactly. On a flat hull there is no inside: its points are `Boundary`.

@@ -51,8 +51,9 @@ ORVELEXACT_EXPORT PolygonLocation locateInPolygon(QVector<Point2> const &polygon
                                                   FillRule rule = FillRule::EvenOdd);
 
 /// The nearest point of the border. The error of its coordinates and of the distance is below
-/// 2^-48 times the largest distance between two of the point and the corners, and coordinates of
-/// the order of 1e154 or more may overflow to an infinite distance. Cost: linear.
+/// 2^-48 times the largest distance between two of the point and the corners plus a unit in the
+/// last place of the largest coordinate. Coordinates of the order of 1e154 or more may overflow to
+/// an infinite distance. Cost: linear.
 ORVELEXACT_EXPORT NearestOnPolygon nearestOnPolygon(QVector<Point2> const &polygon,
                                                     Point2 const &point);
 

@@ -23,7 +23,7 @@ struct PolygonArea
 
 struct PolygonCentroid
 {
-    Status status = Status::Ok; ///< as of the area; `Degenerate` for an area of 0
+    Status status = Status::Ok; ///< as of the area; `Degenerate` where that is 0
     Point2 point;
 };
 
@@ -49,7 +49,10 @@ ORVELEXACT_EXPORT PolygonArea polygonArea(QVector<Point2> const &polygon);
 ORVELEXACT_EXPORT Sign polygonSense(QVector<Point2> const &polygon);
 
 /// The centre of the area. The error is below n * 2^-48 * D^3 / |A|, with n corners, the diagonal D
-/// of the box and the area A.
+/// of the box and the area A, plus a unit in the last place of the coordinate. The first part must
+/// be below D / 2: of thinner polygons the result has no digit that counts. Where the polygon
+/// crosses itself and |A| is below D^2, it is D^2 / |A| times as large, since the centre may lie
+/// far outside.
 ORVELEXACT_EXPORT PolygonCentroid polygonCentroid(QVector<Point2> const &polygon);
 
 /// The smallest axis-parallel box, exact.
