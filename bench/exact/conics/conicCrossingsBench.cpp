@@ -68,7 +68,7 @@ void FindIntersections(benchmark::State &state)
 {
     overPairs(state, 1.0, byPencil);
 }
-BENCHMARK(FindIntersections);
+BENCHMARK(FindIntersections)->Name("ellipses/moderate/16384/OrvelMath");
 
 void EllipseCrossings(benchmark::State &state)
 {
@@ -76,7 +76,7 @@ void EllipseCrossings(benchmark::State &state)
         return orvelExact::ellipseCrossings(pair.exactFirst, pair.exactSecond, 0.0).count;
     });
 }
-BENCHMARK(EllipseCrossings);
+BENCHMARK(EllipseCrossings)->Name("ellipses/moderate/16384/orvel");
 
 void EllipseCrossingsWithinTolerance(benchmark::State &state)
 {
@@ -84,13 +84,13 @@ void EllipseCrossingsWithinTolerance(benchmark::State &state)
         return orvelExact::ellipseCrossings(pair.exactFirst, pair.exactSecond, 1e-6).count;
     });
 }
-BENCHMARK(EllipseCrossingsWithinTolerance);
+BENCHMARK(EllipseCrossingsWithinTolerance)->Name("ellipses/tolerance/16384/orvel");
 
 void FindIntersectionsOfLarge(benchmark::State &state)
 {
     overPairs(state, 100.0, byPencil);
 }
-BENCHMARK(FindIntersectionsOfLarge);
+BENCHMARK(FindIntersectionsOfLarge)->Name("ellipses/large/16384/OrvelMath");
 
 void EllipseCrossingsOfLarge(benchmark::State &state)
 {
@@ -98,7 +98,7 @@ void EllipseCrossingsOfLarge(benchmark::State &state)
         return orvelExact::ellipseCrossings(pair.exactFirst, pair.exactSecond, 0.0).count;
     });
 }
-BENCHMARK(EllipseCrossingsOfLarge);
+BENCHMARK(EllipseCrossingsOfLarge)->Name("ellipses/large/16384/orvel");
 
 void EllipseCrossingsInContact(benchmark::State &state)
 {
@@ -108,7 +108,7 @@ void EllipseCrossingsInContact(benchmark::State &state)
         return orvelExact::ellipseCrossings(e, orvelExact::circle({1.5, 0.0}, 0.5), 0.0).count;
     });
 }
-BENCHMARK(EllipseCrossingsInContact);
+BENCHMARK(EllipseCrossingsInContact)->Name("ellipses/contact/16384/orvel");
 
 void LineCrossings(benchmark::State &state)
 {
@@ -118,6 +118,6 @@ void LineCrossings(benchmark::State &state)
             .count;
     });
 }
-BENCHMARK(LineCrossings);
+BENCHMARK(LineCrossings)->Name("ellipseLine/moderate/16384/orvel");
 
 } // namespace
