@@ -116,6 +116,7 @@ int Compare(double a, double b, double tolerance)
 
 int CSCompareFloats(double a, double b)
 {
+    // A hundred-thousandth of a, at most 0.001; beside 0, which has no size, 1e-8.
     double const relative = a == 0.0 ? 1e-8 : std::fabs(a * 1e-5);
     return CSCompareFloats(a, b, std::min(0.001, relative));
 }

@@ -75,6 +75,8 @@ void Quaternion4D::SetEuler(Point3D const &angles)
 void Quaternion4D::GetEuler(double &aboutY, double &aboutZ, double &aboutX)
 {
     double const halfSine = m_x * m_y + m_z * m_w; // half the sine of the angle about z
+    // Less than 3.7 degrees from a pole, the other two angles turn about nearly the same axis: one
+    // of them takes all.
     if (halfSine > 0.499) {
         aboutY = 2.0 * std::atan2(m_x, m_w);
         aboutZ = halfPi;
@@ -204,7 +206,9 @@ Quaternion4D Quaternion4D::Slerp(Quaternion4D const &to, double t) const
 
     double weightThis = 1.0 - t;
     double weightTo = t;
-    if (0.99999 > cosine) { // cosine of half the angle between the rotations
+    // The cosine of half the angle between the rotations. Nearer ones are mixed linearly, before
+    // sin(angle) comes to 0.
+    if (0.99999 > cosine) {
         double const angle = std::acos(std::max(-1.0, cosine));
         weightThis = std::sin((1.0 - t) * angle) / std::sin(angle);
         weightTo = std::sin(angle * t) / std::sin(angle);

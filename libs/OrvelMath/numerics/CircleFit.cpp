@@ -30,7 +30,7 @@ double findRoot(double a2, double a1, double a0)
 {
     double x = 0.0;
     double y = a0;
-    for (int step = 0; step < 99; ++step) {
+    for (int step = 0; step < 99; ++step) { // so that it returns for every input
         double const slope = 16.0 * (x * x * x) + 2.0 * a2 * x + a1;
         if (1e-16 > slope) { // P'; signed, so a falling curve stops as well
             break;

@@ -70,7 +70,7 @@ bool PowerMethod::iterate()
         unsigned int size;
         m_matrix->getSize(size);
         for (unsigned int i = 0; i < size; ++i) {
-            m_vector[i] = std::rand() * 3.0517578125e-5; // 1/32768
+            m_vector[i] = std::rand() * 3.0517578125e-5; // 1/32768; made a unit vector below
         }
         normalize(m_vector, size);
     }

@@ -30,6 +30,7 @@ Vector findEigenvalues(Matrix const &matrix)
     }
     double const p = sum / 6.0;
 
+    // Not p * sqrt(p), and not phi / 3: they differ in the last bits.
     double const scale = std::pow(p, 1.5);
     double phi = std::acos(r / scale) * 0.3333333333333333;
     if (std::fabs(r) >= std::fabs(scale)) {

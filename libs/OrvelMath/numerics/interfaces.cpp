@@ -1,5 +1,5 @@
-// The bodies that the interfaces bring. They lie in a source so that each table of virtual functions
-// is in the library once.
+// The bodies that the interfaces bring. They lie in a source so that each table of virtual
+// functions is in the library once.
 
 #include <OrvelMath/numerics/AlgorithmIF.h>
 #include <OrvelMath/numerics/MatrixIF.h>

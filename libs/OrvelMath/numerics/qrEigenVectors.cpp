@@ -1,6 +1,8 @@
 #include <OrvelMath/engine/sortComponents_p.h>
 #include <OrvelMath/numerics/EigenVectorAlgorithms_p.h>
 
+#include <QtGlobal>
+
 #include <algorithm>
 #include <cmath>
 
@@ -47,7 +49,7 @@ Matrix reduce(Matrix const &a, Matrix &basis)
 void snapSmallCells(Matrix &h)
 {
     for (int cell = 0; cell < 9; ++cell) {
-        if (h[cell] * h[cell] < 1.0000000000000001e-16) { // a squared element
+        if (h[cell] * h[cell] < 1.0000000000000001e-16) { // 1e-8 * 1e-8: a squared element
             h[cell] = 0.0;
         }
     }
@@ -91,6 +93,7 @@ void addToDiagonal(Matrix &h, double value)
 /// Givens, 1958) and writes the rotation. Returns false when there is nothing to divide by.
 bool rotateRows(Matrix &h, int row, Matrix &rotation)
 {
+    Q_ASSERT(row == 0 || row == 1);
     rotation = Matrix::identity();
     if (std::fabs(h(row + 1, row)) < 1e-8) { // the element that should vanish
         return true;
@@ -134,7 +137,7 @@ double sumOffDiagonal(Matrix const &h)
 /// Runs QR passes until `h` is diagonal; `basis` follows. Writes the eigenvalues, signed.
 bool diagonalize(Matrix &h, Matrix &basis, Vector &eigenvalues)
 {
-    for (int counter = 500;; --counter) {
+    for (int counter = 500;; --counter) { // 501 passes at most: it returns for every matrix
         snapSmallCells(h);
         double const shift = findShift(h);
         addToDiagonal(h, -shift);

@@ -29,6 +29,8 @@
 #include <OrvelMath/engine/Pair_p.h>
 #include <OrvelMath/geom2d/polygonCrossings_p.h>
 
+#include <QtGlobal>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -147,6 +149,7 @@ struct Unclear
 
     void operator()(int edge)
     {
+        Q_ASSERT(count <= capacity);
         isComplete = isComplete && count < capacity;
         edges[count] = edge;
         count += isComplete ? 1 : 0;
@@ -303,6 +306,7 @@ template <typename Test, typename At>
 [[gnu::noinline]] Place locateUnclear(At const &at, int count, Ray const &ray, Extent const &extent,
                                       Limits const &limits, Unclear const &unclear, bool isOdd)
 {
+    Q_ASSERT(unclear.count > 0);
     if (Test::isBeyond(ray.start.x(), extent, ray.tol)) {
         return Place::Outside;
     }
@@ -384,6 +388,7 @@ public:
     ORVEL_INLINE SmallOutline(At const &at, int count, Point2D const &p, double clearance)
         : m_clearance(engine::pairOf(clearance))
     {
+        Q_ASSERT(count > 2 && count <= largest);
         Pair const start = engine::loadPair(&p.x());
         Pair const first = start - engine::loadPair(&at(0).x());
         least = first;

@@ -34,6 +34,8 @@
 #include <OrvelMath/engine/Lanes_p.h>
 #include <OrvelMath/numerics/FourierButterfly_p.h>
 
+#include <QtGlobal>
+
 #include <cstddef>
 #include <cstring>
 #include <functional>
@@ -211,6 +213,7 @@ template <int W, int R, bool Inverse, bool Scaled>
 ORVEL_INLINE void pass(ComplexIn from, ComplexOut to, int n, int groups, ComplexIn roots)
 {
     using Groups = Block<W, R, Inverse>;
+    Q_ASSERT(groups >= W && groups % W == 0 && n % (R * groups) == 0);
     int const rowLength = n / R;
     int const columns = rowLength / groups;
     for (int p = 0; p < columns; ++p) {
@@ -257,6 +260,7 @@ template <int W, bool Inverse>
 ORVEL_INLINE void transform(ComplexIn in, ComplexOut out, ComplexOut scratch, int n,
                             ComplexIn roots)
 {
+    Q_ASSERT((n & (n - 1)) == 0 && n >= smallestSize(W));
     int const stages = log2Of(n) - log2Of(W); // after the first pass
     int const passes = (stages + 2) / 3;      // of three stages, but for the second pass
     bool const startsInOut = passes % 2 == 0;

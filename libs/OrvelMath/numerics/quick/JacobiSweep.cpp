@@ -5,6 +5,8 @@
 #include <OrvelMath/numerics/JacobiRotation_p.h>
 #include <OrvelMath/numerics/quick/MatrixCells_p.h>
 
+#include <QtGlobal>
+
 #include <cstddef>
 #include <memory>
 #include <new>
@@ -72,6 +74,7 @@ ORVEL_INLINE void turn(double *rowP, double *rowQ, std::size_t stride, JacobiRot
 template <int W>
 ORVEL_INLINE void rotate(Rows const &rows, std::size_t p, std::size_t q)
 {
+    Q_ASSERT(p < q && q < rows.n);
     double *const rowP = rows.matrixRow(p);
     double *const rowQ = rows.matrixRow(q);
     double const app = rowP[p];
@@ -92,6 +95,7 @@ ORVEL_INLINE void rotate(Rows const &rows, std::size_t p, std::size_t q)
 template <int W>
 ORVEL_INLINE void sweep(Rows const &rows, double threshold)
 {
+    Q_ASSERT(rows.stride >= rows.n && rows.stride % W == 0);
     for (std::size_t p = 0; p < rows.n; ++p) {
         for (std::size_t q = p + 1; q < rows.n; ++q) {
             double &apq = rows.matrixRow(p)[q];
