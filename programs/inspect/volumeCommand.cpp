@@ -85,6 +85,7 @@ QByteArray pageOf(Mesh const &mesh, Facts const &facts, std::vector<SliceCell> c
 QByteArray voxelsOf(std::vector<SliceCell> const &cells, std::string const &path)
 {
     std::vector<Box> boxes;
+    boxes.reserve(cells.size());
     for (SliceCell const &cell : cells) {
         boxes.push_back(cell.bounds);
     }
