@@ -67,7 +67,8 @@ double Stream::number()
     } else if (kind < 26) {
         value = neighbour(m_numbers.empty() ? 1.0 : m_numbers.back());
     } else if (kind < 27) {
-        value = std::ldexp(unit(), below(121) - 60);
+        int const exponent = below(121) - 60;
+        value = std::ldexp(unit(), exponent);
     } else if (kind < 28) {
         value = below(2) == 1 ? 0.0 : -0.0;
     } else {
